@@ -1,0 +1,33 @@
+// Resets the data block of the control parameter file and fills it from what the engine holds.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "CZorbI2Item.h"
+#include "CZorbI2WeldlineDataStatus.h"
+#include "cmi/CZorbI2CMIData.h"
+
+/// All that the data block is filled from; the engine hands it over.
+struct CMIDataSource {
+    const ItemArray& items;
+    SolverIndex currentSolver;
+    std::int32_t meshKind;
+    std::int32_t quadraticElement;
+    std::int32_t annealingMode;
+    std::int32_t solverType;
+    std::int32_t projectType;
+    const std::string& mapFile;
+    const std::string& outFolder;
+    const CZorbI2WeldlineDataStatus& weldlineData;
+    double digimatWeldlineAngle;
+    bool viewEdit;
+};
+
+/// Sets the fields to their starting values. Leaves SolverName, IsDistributeModel,
+/// OutputFlags[15..20] and IsViewEditModelMapping as they are.
+void ResetCMIData(CZorbI2CMIData& data);
+
+/// Fills a block that was reset. Weld-line lists with fewer than three elements raise
+/// std::out_of_range("invalid vector<T> subscript").
+void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source);

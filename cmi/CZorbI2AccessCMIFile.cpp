@@ -1,0 +1,19 @@
+#include "cmi/CZorbI2AccessCMIFile.h"
+
+#include <algorithm>
+
+#include "cmi/CMIFileText.h"
+#include "platform/Files.h"
+
+void CZorbI2AccessCMIFile::Write(const std::vector<std::int32_t>& partItems,
+                                 const std::vector<std::int32_t>& partInsertItems,
+                                 const std::vector<std::int32_t>& moldbaseItems,
+                                 const CZorbI2CMIData& data) const {
+    std::vector<std::int32_t> itemIds = partItems;
+    itemIds.insert(itemIds.end(), partInsertItems.begin(), partInsertItems.end());
+    itemIds.insert(itemIds.end(), moldbaseItems.begin(), moldbaseItems.end());
+    std::sort(itemIds.begin(), itemIds.end());  // an id in two lists prints twice: meant
+    // The text first: without memory for it, the old file stays whole.
+    const std::string text = CMIFileText(data, itemIds);
+    platform::TextFile(filePath).Write(text);
+}

@@ -1,0 +1,49 @@
+// The flat record from which the control parameter file is printed. Holds no logic; each write
+// resets and refills it, so values set by hand never reach a file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ZorbI2Types.h"
+
+/// Hosts get it from CZorbI2EngineManager::GetZorbCMIData(). Fields bear the names of the file's
+/// keys; on/off fields hold 0 or 1.
+class CZorbI2CMIData {
+public:
+    std::string SolverName;  ///< solver keyword, such as "MSCNASTRAN"
+    std::string MapFile;     ///< path of the mapped mesh
+    std::int32_t FileVersion = 0;
+    std::int32_t SolverType = 0;
+    std::int32_t ProjectType = 0;
+    std::int32_t QuadraticElement = 0;
+    std::int32_t IDCompositeModel = 0;  ///< option of item 15
+    std::string OutFolder;
+    std::int32_t IsOriginalMesh = 0;
+    std::int32_t IsDeformedMesh = 0;
+    std::int32_t IsMappedMesh = 0;
+    std::int32_t Is3DMappingShell = 0;
+    std::int32_t IsAnnealingDeformedMesh = 0;  ///< annealing mode as set; only 1 has an effect
+    std::int32_t IsDistributeModel = 0;
+    std::int32_t OutputFlags[kItemCount] = {};  ///< by item id; 15 is never filled nor printed
+    std::int32_t IsDoDensityReduction = 0;
+    std::int32_t SegmentX = 0;  ///< mapping-domain divisions
+    std::int32_t SegmentY = 0;
+    std::int32_t SegmentZ = 0;
+    std::int32_t FiberThetaXSegment = 0;  ///< part: fibre-orientation angle segments
+    std::int32_t FiberThetaYSegment = 0;
+    std::int32_t FiberThetaZSegment = 0;
+    std::int32_t FiberStrengthXSegment = 0;  ///< part: fibre-strength segments
+    std::int32_t FiberStrengthYSegment = 0;
+    std::int32_t InsertFiberThetaXSegment = 0;  ///< part insert: the same five
+    std::int32_t InsertFiberThetaYSegment = 0;
+    std::int32_t InsertFiberThetaZSegment = 0;
+    std::int32_t InsertFiberStrengthXSegment = 0;
+    std::int32_t InsertFiberStrengthYSegment = 0;
+    std::int32_t DensityReduction = 0;
+    double WeldlineAngles[3] = {};  ///< degrees; angles 2, 3 and 4 of the file
+    double ReductionRates[3] = {};  ///< fractions
+    double DigimatWeldlineAngle = 0.0;
+    std::int32_t IsViewEditModelMapping = 0;
+    std::int32_t DigimatOption = 0;  ///< option of item 11; kept but never printed
+};

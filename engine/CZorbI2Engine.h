@@ -1,0 +1,74 @@
+// The state of one open project: the host's record, the solver slots, the items, the user's
+// choices and the settings. Created by the manager, which is the only way for a host to change it.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "CZorbFEAInformation.h"
+#include "CZorbI2Item.h"
+#include "CZorbI2ItemStatus.h"
+#include "CZorbI2WeldlineDataStatus.h"
+#include "ZorbI2Types.h"
+#include "engine/PopItemSelector.h"
+#include "items/SolverSlot.h"
+
+struct CMIDataSource;
+
+/// Hosts get it from CZorbI2EngineManager::GetZorbI2Engine() and may read the members (the solver
+/// slots, above all). The operations are not exported: they are called through the manager, whose
+/// header describes them.
+class CZorbI2Engine {
+public:
+    /// Copies `*info` and, when its flag 1 is exactly 1, builds slots, items, weld-line data and
+    /// selector. Otherwise, or for a null `info`, a bare engine: those pointers stay null.
+    explicit CZorbI2Engine(const CZorbFEAInformation* info);
+    ~CZorbI2Engine();
+    CZorbI2Engine(const CZorbI2Engine&) = delete;
+    CZorbI2Engine& operator=(const CZorbI2Engine&) = delete;
+
+    void SetCMIFileFullPath(const std::string& folder, const std::string& name, std::int32_t run,
+                            const std::string& extension);
+
+    void SetEngineCurrentStatus(SolverIndex solver, std::int32_t meshKind,
+                                std::int32_t quadraticElement, std::int32_t annealingMode);
+    void GetCurrentSolverStatus(SolverIndex solver, std::int32_t& meshKind,
+                                std::int32_t& quadraticElement, std::int32_t& annealingMode) const;
+
+    bool HasItemOfCategory(ItemCategory category) const;
+    bool GetItem(ItemCategory category, std::int32_t itemId, CZorbI2Item* item) const;
+    bool GetItemAllOptions(std::int32_t itemId, std::map<std::int32_t, std::string>& options) const;
+    void SetItemsValue();
+    ResultCode GetProjectResults(std::int32_t itemId);
+
+    void SetWeldlineDataStatus(SolverIndex solver, const std::vector<double>& angles,
+                               const std::vector<double>& rates);
+    void SetWeldlineDataValue();
+    void GetWeldlinePopData(SolverIndex solver, CZorbI2WeldlineDataStatus& record) const;
+
+    /// What the control parameter file is filled from. Requires an engine that is not bare.
+    CMIDataSource SourceOfCMIData() const;
+
+    std::string outFolder;
+    std::string cmiFileFullPath;
+    std::string mappedMeshFilePath;
+    SolverSlotArray solverSlots;
+    ItemArray items;
+    /// The working weld-line data, from which the control parameter file is written.
+    std::unique_ptr<CZorbI2WeldlineDataStatus> weldlineAngleSet;
+    double digimatWeldlineAngle = kDefaultDigimatWeldlineAngle;  ///< degrees
+    bool viewEdit = false;
+    std::unique_ptr<PopItemSelector> popItemSelector;
+    std::unique_ptr<CZorbFEAInformation> feaInformation;  ///< the engine's copy; never null
+    std::vector<bool> solverOffered;                      ///< by solver; empty in a bare engine
+    /// Values of the shot file last read; a file without the key leaves them as they are.
+    std::int32_t flagPrevShot = 0;    ///< 1: the part insert comes from a previous shot
+    std::int32_t valueShotRunID = 0;  ///< run number of that shot
+
+private:
+    void BuildCatalogue();
+    bool HasSlot(SolverIndex solver) const;
+};

@@ -1,0 +1,76 @@
+// The user's side of the engine: the current solver and its status, the choices per solver, and
+// the items that the host's dialog offers ("pop items") in three groups. Never looks at files.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "CZorbI2Item.h"
+#include "CZorbI2ItemStatus.h"
+#include "CZorbI2WeldlineDataStatus.h"
+#include "ZorbI2Types.h"
+
+/// One entry for each of the 22 items, at the position of its id.
+typedef std::vector<CZorbI2ItemStatus> ItemStatusList;
+
+/// Owned by the engine. Hosts may read the members; operations are reached through the manager,
+/// whose header describes them.
+class PopItemSelector {
+public:
+    /// Starts with empty offered lists, no current solver, and for every solver the items' own
+    /// choices and a copy of the weld-line data. Keeps pointers to the items, which must outlive
+    /// it.
+    PopItemSelector(std::int32_t projectSolverType, const ItemArray& items,
+                    const CZorbI2WeldlineDataStatus& weldlineAngleSet,
+                    std::int32_t projectVoxelFlag, std::int32_t kindOfProject);
+    PopItemSelector(const PopItemSelector&) = delete;
+    PopItemSelector& operator=(const PopItemSelector&) = delete;
+
+    void SetCurrentStatus(SolverIndex solver, std::int32_t mesh, std::int32_t quadratic,
+                          std::int32_t annealing);
+
+    void SetPopItems();
+    bool HasPopItem();
+    bool HasPartPopItem() const { return partCount != 0; }
+    bool HasPartInsertPopItem() const { return partInsertCount != 0; }
+    bool HasMoldbasePopItem() const { return moldbaseCount != 0; }
+
+    bool GetPartPopItem(std::int32_t position, CZorbI2Item* item, CZorbI2ItemStatus* status) const;
+    bool GetPartInsertPopItem(std::int32_t position, CZorbI2Item* item,
+                              CZorbI2ItemStatus* status) const;
+    bool GetMoldBasePopItem(std::int32_t position, CZorbI2Item* item,
+                            CZorbI2ItemStatus* status) const;
+    bool GetPartPopItemByID(std::int32_t itemId, CZorbI2Item* item,
+                            CZorbI2ItemStatus* status) const;
+
+    bool SetItemStatus(std::int32_t index, std::int32_t newCheckState, std::int32_t newOptionValue);
+
+    std::array<ItemStatusList, kSolverCount> itemStatusLists;
+    /// One of the lists above (not owned). Null until a solver 0 to 8 is set, and then treated
+    /// like an empty list.
+    ItemStatusList* currentItemStatusList = nullptr;
+    std::vector<CZorbI2WeldlineDataStatus> weldlineTable;  ///< one record per solver
+    std::int32_t currentWeldlineIndex = kNoSolver;
+    SolverIndex currentSolver = kNoSolver;
+    std::int32_t meshKind = 0;
+    std::int32_t quadraticElement = 0;
+    std::int32_t annealingMode = 0;
+    std::int32_t projectType;
+    std::int32_t solverType;
+    std::uint8_t voxelFlag;  ///< low byte of the record's flag; 1 means set
+    /// List sizes as of the last HasPopItem: they bound the reads by position until the next one.
+    std::int32_t partCount = 0;
+    std::int32_t partInsertCount = 0;
+    std::int32_t moldbaseCount = 0;
+    std::vector<std::int32_t> partPopItems;  ///< item ids in offering order
+    std::vector<std::int32_t> partInsertPopItems;
+    std::vector<std::int32_t> moldbasePopItems;
+
+private:
+    bool GetPopItem(const std::vector<std::int32_t>& offered, std::int32_t count,
+                    std::int32_t position, CZorbI2Item* item, CZorbI2ItemStatus* status) const;
+    CZorbI2ItemStatus& CurrentStatus(std::int32_t position) const;
+
+    static constexpr SolverIndex kNoSolver = -1;
+};

@@ -1,0 +1,296 @@
+// The face of the library: the one class through which a host uses the engine.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#if defined(_WIN32)
+#if defined(ZORBI2_ENGINE_BUILD)
+#define ZORBI2_ENGINE_API __declspec(dllexport)
+#elif defined(ZORBI2_ENGINE_STATIC)
+#define ZORBI2_ENGINE_API
+#else
+#define ZORBI2_ENGINE_API __declspec(dllimport)
+#endif
+#elif defined(__GNUC__)
+#define ZORBI2_ENGINE_API __attribute__((visibility("default")))
+#else
+#define ZORBI2_ENGINE_API
+#endif
+
+class CZorbFEAInformation;
+class CZorbI2AccessCMIFile;
+class CZorbI2CMIData;
+class CZorbI2Engine;
+class CZorbI2Item;
+class CZorbI2ItemStatus;
+class CZorbI2WeldlineDataStatus;
+
+/// Prepares the hand-over of one run's results to a structural solver.
+///
+/// The manager owns the engine, the data block and the file writer, and forwards to them. It checks
+/// almost nothing: the order of calls is the contract. One whole pass:
+///
+///     CZorbI2EngineManager manager;
+///     manager.CreateEngine(&info);                       // 1. the three objects
+///     manager.CreateCMIDataBlock();
+///     manager.CreateCMIAccess();
+///     manager.SetOutFolder(folder);                      // 2. settings, in any order
+///     manager.SetMappedMeshFilePath(mesh);
+///     manager.SetCMIFileFullPath(folder, name, run, "cmi");
+///     manager.SetEngineCurrentStatus(0, 1, 0, 0);        // 3. ANSYS, deformed mesh
+///     manager.SetPopItems();                             //    which items are offered now
+///     manager.HasPopItem();                              //    counts them
+///     manager.GetPartPopItem(0, &item, &status);         //    ... 1, 2, until false
+///     manager.SetItemStatus(item.itemId, 1, -1);         // 4. the user's choices
+///     manager.SetItemsValue();                           //    commits them
+///     manager.SetWeldlineDataValue();                    //    commits the weld-line data
+///     manager.WriteCMIFile(0);                           // 5. the file
+///     manager.Close();                                   // 6. and destroy the manager
+///
+/// Steps 3 and 4 may be repeated for other solvers and mesh kinds.
+///
+/// A project record whose flag 1 is not exactly 1 gives a bare engine. It takes the settings of
+/// step 2 and answers GetProjectResults, GetItem and Has...Item; WriteCMIFile writes nothing.
+/// All other operations below step 2 require an engine that is not bare.
+///
+/// Calls before the Create operations are broken contracts: debug builds of the library stop with
+/// the name of the missing call, release builds do not check.
+///
+/// Text is bytes in the system code page. Objects are not synchronised: use a manager and all it
+/// owns from one thread at a time. Operations throw only std::bad_alloc and what they name below.
+///
+/// Strings, maps and vectors cross the boundary by value, so host and library must be built with
+/// the same compiler family, the same runtime and the same standard library settings.
+class ZORBI2_ENGINE_API CZorbI2EngineManager {
+public:
+    /// Starts without engine, data block and writer.
+    CZorbI2EngineManager();
+
+    /// Destroys engine, data block and writer, in this order.
+    ~CZorbI2EngineManager();
+
+    CZorbI2EngineManager(const CZorbI2EngineManager&) = delete;
+
+    /// Copies the three pointers and nothing else, on purpose.
+    /// Afterwards both managers point at the same objects, and the host must destroy only one of
+    /// the two. Objects that this manager held before are not freed.
+    CZorbI2EngineManager& operator=(const CZorbI2EngineManager&);
+
+    /// Does nothing: objects are released by the destructor only.
+    /// Returns: true.
+    bool Close();
+
+    // ---- The three objects --------------------------------------------------------------------
+
+    /// Creates the engine for a project: looks for the run's result files and builds the items.
+    /// Parameters: `info` is copied and stays the host's. Null gives a bare engine with an empty
+    ///     record.
+    /// Returns: true; false without memory for the engine, which is null then.
+    ///     An engine created earlier is overwritten and not freed.
+    /// Throws: std::bad_alloc when memory ends further inside; the earlier engine stays.
+    /// Side effects: those of GetProjectResults for every item but 17.
+    bool CreateEngine(CZorbFEAInformation* info);
+
+    /// Creates the data block from which the control parameter file is printed.
+    /// Returns: true; false without memory for it. An earlier one is overwritten and not freed.
+    bool CreateCMIDataBlock();
+
+    /// Creates the writer of the control parameter file, without a path.
+    /// Returns: true; false without memory for it. An earlier one is overwritten and not freed.
+    bool CreateCMIAccess();
+
+    /// Returns: the engine, owned by the manager; null before CreateEngine.
+    CZorbI2Engine* GetZorbI2Engine();
+
+    /// Returns: the data block, owned by the manager; null before CreateCMIDataBlock.
+    CZorbI2CMIData* GetZorbCMIData();
+
+    /// Returns: the writer, owned by the manager; null before CreateCMIAccess.
+    CZorbI2AccessCMIFile* GetZorbAccessCMIFile();
+
+    // ---- Project settings ---------------------------------------------------------------------
+
+    /// Sets the output folder that the file names for the translator ("OutFolder").
+    /// Requires: CreateEngine.
+    /// Parameters: `folder` is stored as it is.
+    void SetOutFolder(std::string folder);
+
+    /// Sets the path of the mapped mesh ("MapFile"), printed for mesh kinds 2 and 3 only.
+    /// Requires: CreateEngine.
+    /// Parameters: `path` is stored as it is.
+    void SetMappedMeshFilePath(std::string path);
+
+    /// Sets where WriteCMIFile writes: folder, backslash unless the folder ends in one, name, run
+    /// number, dot, extension. C:\Work, Part, 2 and cmi give C:\Work\Part02.cmi.
+    /// Requires: CreateEngine, CreateCMIAccess.
+    /// Parameters: `folder` not empty; `run` below 10 is written with a 0 before it, any other as
+    ///     it is; `extension` without dot.
+    /// Throws: std::out_of_range("invalid string position") for an empty folder; the path stays.
+    void SetCMIFileFullPath(std::string folder, std::string name, int run, std::string extension);
+
+    /// Switches the mapping of a model edited in the viewer ("IsViewEditModelMapping").
+    /// Requires: CreateEngine. Until set, flag 19 of the project record counts.
+    void SetViewEdit(bool on);
+
+    /// Sets the weld-line angle for Digimat, 135.0 until set.
+    /// Requires: CreateEngine.
+    /// Parameters: `angle` in degrees; any value is taken.
+    void SetDigimatWeldlineData(double angle);
+
+    // ---- Solver status and offered items ------------------------------------------------------
+
+    /// Makes a solver the current one, with its status. Does not rebuild the offered items: call
+    /// SetPopItems next.
+    /// Requires: CreateEngine.
+    /// Parameters: `solver` 0 to 8; `meshKind` 0 original, 1 deformed, 2 mapped, 3 3D mapping to
+    ///     shell; `quadraticElement` 0 off, else on; `annealingMode` 1: the deformed mesh is the
+    ///     annealing-deformed one. A solver without a slot keeps no status of its own; a value
+    ///     outside 0 to 8 also leaves the list of choices with the solver before it.
+    void SetEngineCurrentStatus(int solver, int meshKind, int quadraticElement, int annealingMode);
+
+    /// Reads the status last set for a solver, current or not; zeros until then.
+    /// Requires: CreateEngine.
+    /// Returns: through the references, which stay untouched for a solver without a slot.
+    void GetCurrentSolverStatus(int solver, int& meshKind, int& quadraticElement,
+                                int& annealingMode);
+
+    /// Rebuilds the three lists of offered items for the current solver and status. Projects that
+    /// are neither solid nor shell keep the lists that they have.
+    /// Requires: SetEngineCurrentStatus.
+    void SetPopItems();
+
+    /// Counts the offered items of all three groups. The operations below that speak of offered
+    /// items go by these counts until the next call, on purpose.
+    /// Requires: SetPopItems.
+    /// Returns: whether anything is offered.
+    bool HasPopItem();
+
+    /// Returns: whether the last HasPopItem counted any item for the part.
+    bool HasPartPopItem();
+
+    /// Returns: whether the last HasPopItem counted any item for part inserts.
+    bool HasPartInsertPopItem();
+
+    /// Returns: whether the last HasPopItem counted any item for the moldbase.
+    bool HasMoldbasePopItem();
+
+    /// Returns: whether the catalogue holds an item for the part, offered or not.
+    bool HasPartItem();
+
+    /// Returns: whether the catalogue holds an item for part inserts, offered or not.
+    bool HasPartInsertItem();
+
+    /// Returns: whether the catalogue holds an item for the moldbase, offered or not.
+    bool HasMoldbaseItem();
+
+    /// Reads one offered item of the part, with the choice made for the current solver.
+    /// Requires: HasPopItem.
+    /// Parameters: `position` from 0 in offering order; `item` and `status` are filled, and
+    ///     `status` must not be null.
+    /// Returns: true; false for a null `item` or a position outside the counted items. Both
+    ///     records stay untouched then.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a position that was counted
+    ///     but is offered no longer.
+    bool GetPartPopItem(int position, CZorbI2Item* item, CZorbI2ItemStatus* status);
+
+    /// Reads any item by its id, offered or not, with the choice made for the current solver.
+    /// Requires: SetEngineCurrentStatus.
+    /// Parameters: as for GetPartPopItem; `itemId` 0 to 21.
+    /// Returns: true; false for a null `item`, a negative id or one above 22. Both records stay
+    ///     untouched then.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for the id 22, on purpose.
+    bool GetPartPopItemByID(int itemId, CZorbI2Item* item, CZorbI2ItemStatus* status);
+
+    /// As GetPartPopItem, for part inserts.
+    bool GetPartInsertPopItem(int position, CZorbI2Item* item, CZorbI2ItemStatus* status);
+
+    /// As GetPartPopItem, for the moldbase.
+    bool GetMoldBasePopItem(int position, CZorbI2Item* item, CZorbI2ItemStatus* status);
+
+    // ---- Items and results --------------------------------------------------------------------
+
+    /// Reads one item of the catalogue.
+    /// Requires: CreateEngine.
+    /// Parameters: `category` 0 part, 1 part insert, 2 moldbase; `itemId` 0 to 21; `item` is
+    ///     filled.
+    /// Returns: true; false for a null `item`, an id outside the range or another category than
+    ///     the item's. `*item` stays untouched then.
+    bool GetItem(int category, int itemId, CZorbI2Item* item);
+
+    /// Replaces `options` by the options of an item, key to label.
+    /// Requires: CreateEngine.
+    /// Parameters: `itemId` 0 to 21, not checked.
+    /// Returns: whether the item has options.
+    bool GetItemAllOptions(int itemId, std::map<int, std::string>& options);
+
+    /// Notes the user's choice for one item under the current solver. Items are of two kinds: an
+    /// item with check state -1 takes `newOptionValue`, any other `newCheckState`.
+    /// Requires: SetEngineCurrentStatus. SetItemsValue commits the choices.
+    /// Parameters: `index` is the item's id; the value that the item takes is 0 or above. It is
+    ///     not compared with the item's options.
+    /// Returns: true; false, and nothing changes, when the results are missing (option -2) or the
+    ///     value that the item takes is negative.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for an index outside 0 to 21.
+    bool SetItemStatus(int index, int newCheckState, int newOptionValue);
+
+    /// Commits the choices of the current solver to the items, from which the file is written.
+    /// Requires: SetEngineCurrentStatus.
+    void SetItemsValue();
+
+    /// Finds out from the files whether the results of an item exist now. What the items say
+    /// themselves stays as found when the engine was created.
+    /// Requires: CreateEngine.
+    /// Parameters: `itemId` 0 to 21.
+    /// Returns: 1 when they exist; otherwise a code that tells what is missing. -11 for item 17
+    ///     and ids outside the range.
+    /// Side effects: trace lines; the engine's project folder gets its trailing backslash; item 4
+    ///     without results writes "ThermalTest.txt" and item 5 of a shell project always writes
+    ///     "ShellIniStrain.txt" into the current folder; item 12 reads the run's shot file and
+    ///     leaves it open.
+    int GetProjectResults(int itemId);
+
+    // ---- Weld-line data -----------------------------------------------------------------------
+
+    /// Sets the first three weld-line angles and reduction rates of a solver's record. Reaches the
+    /// file only through SetWeldlineDataValue.
+    /// Requires: CreateEngine.
+    /// Parameters: `solver` 0 to 8; `angles` in degrees and `rates` as fractions, at least three of
+    ///     each, further ones ignored.
+    /// Returns: true.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a solver outside the range or
+    ///     a list that is too short; values stored before the fault stay stored.
+    bool SetWeldlineDataStatus(int solver, std::vector<double> angles, std::vector<double> rates);
+
+    /// Makes the record of the current solver the working data, from which the file is written.
+    /// Until the first call, that is 30, 60, 90 degrees and 0.8, 0.9, 0.95.
+    /// Requires: SetEngineCurrentStatus.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a current solver outside 0 to
+    ///     8; the working data stays.
+    void SetWeldlineDataValue();
+
+    /// Reads the weld-line record of a solver.
+    /// Requires: CreateEngine.
+    /// Parameters: `solver` 0 to 8; `status` is filled and must not be null.
+    /// Returns: true.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a solver outside the range.
+    bool GetWeldlinePopData(int solver, CZorbI2WeldlineDataStatus* status);
+
+    // ---- The control parameter file -----------------------------------------------------------
+
+    /// Writes the control parameter file from the committed choices and settings, replacing an
+    /// earlier one. Refills the data block: values set in it by hand are lost.
+    /// Requires: all three Create operations, SetCMIFileFullPath, SetEngineCurrentStatus.
+    /// Parameters: the integer is ignored.
+    /// Returns: true, even when the file could not be opened or written. A host that must know
+    ///     reads the file back.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") when the working weld-line data has
+    ///     fewer than three angles or rates; no file is touched then.
+    bool WriteCMIFile(int);
+
+    // The three objects, each owned as the destructor says. Hosts read them with the getters.
+    CZorbI2Engine* engine;
+    CZorbI2CMIData* cmiData;
+    CZorbI2AccessCMIFile* accessCmiFile;
+};

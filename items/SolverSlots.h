@@ -1,0 +1,12 @@
+// Builds the slots of the offered solvers: display names, mesh kinds and element types.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "items/SolverSlot.h"
+
+/// Fills the slots of the offered solvers; the others stay null, and so does a slot for which
+/// there is no memory. Of `voxelFlag` only the low byte counts.
+void BuildSolverSlots(SolverSlotArray& slots, const std::vector<bool>& solverOffered,
+                      std::int32_t solverType, std::int32_t voxelFlag);

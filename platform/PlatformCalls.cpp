@@ -1,0 +1,10 @@
+#include "platform/PlatformCalls.h"
+
+namespace platform {
+
+Calls& CurrentCalls() {
+    static Calls calls = SystemCalls();
+    return calls;
+}
+
+}  // namespace platform

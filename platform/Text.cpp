@@ -1,0 +1,38 @@
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+
+namespace platform {
+
+namespace {
+
+// toupper would ask the host's locale.
+char UpperCased(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+}  // namespace
+
+std::string UpperCased(const std::string& text) {
+    std::string upper = text;
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](char letter) { return UpperCased(letter); });
+    return upper;
+}
+
+bool EqualIgnoringCase(const std::string& left, const std::string& right) {
+    return UpperCased(left) == UpperCased(right);
+}
+
+std::string WithThreeDecimals(double number) {
+    // Sign, all digits of the largest double, point and decimals; printf would ask the locale.
+    std::array<char, std::numeric_limits<double>::max_exponent10 + 8> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                   std::chars_format::fixed, 3);
+    return {digits.data(), end.ptr};
+}
+
+}  // namespace platform

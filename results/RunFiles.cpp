@@ -1,0 +1,59 @@
+#include "results/RunFiles.h"
+
+#include "platform/Files.h"
+#include "platform/Text.h"
+
+namespace results {
+
+namespace {
+
+constexpr std::int32_t voxelResults = 1;
+
+/// The part of a result file's name between run tag and extension.
+std::string NameSuffix(const CZorbFEAInformation& info, const std::string& upperExtension) {
+    if (upperExtension == ".CRP") {
+        return "_medi";
+    }
+    if (upperExtension == ".K5O" && info.voxelFlag == voxelResults) {
+        return "_vox";
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string RunTag(std::int32_t runNumber) {
+    // A negative run is below 10 too and becomes "0-1"; that is meant.
+    return (runNumber < 10 ? "0" : "") + std::to_string(runNumber);
+}
+
+void EndInBackslash(std::string& folder) {
+    if (folder.empty() || folder.back() != '\\') {
+        folder += '\\';
+    }
+}
+
+std::string ResultBasePath(const CZorbFEAInformation& info) {
+    return info.projectFolder + info.projectName + RunTag(info.runNumber);
+}
+
+bool ResultFileExists(CZorbFEAInformation& info, const std::string& extension) {
+    EndInBackslash(info.projectFolder);  // the change stays in the record
+    const std::string basePath = ResultBasePath(info);
+    const std::string upperExtension = platform::UpperCased(extension);
+    const bool exists =
+        platform::PathExists(basePath + NameSuffix(info, upperExtension) + extension);
+    // Looked for on purpose, although the answer does not count.
+    platform::PathExists(basePath + upperExtension);
+    return exists;
+}
+
+bool PreviousShotFileExists(const CZorbFEAInformation& info, std::int32_t previousRun,
+                            const std::string& extension) {
+    const std::string tag = RunTag(previousRun);
+    const std::string projectRoot = info.projectFolder.substr(0, info.projectFolder.rfind("Run"));
+    return platform::PathExists(projectRoot + "Run" + tag + "\\" + info.projectName + tag +
+                                extension);
+}
+
+}  // namespace results

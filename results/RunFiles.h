@@ -1,0 +1,28 @@
+// Names and finds the files of the project's run. Reads none of them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "CZorbFEAInformation.h"
+
+namespace results {
+
+/// The text of a run number in file names: two digits below 10, as many as needed otherwise.
+std::string RunTag(std::int32_t runNumber);
+
+/// Appends one backslash to the folder, unless it ends in one.
+void EndInBackslash(std::string& folder);
+
+/// Folder (as it stands), project name and run tag: what the names of the run's files start with.
+std::string ResultBasePath(const CZorbFEAInformation& info);
+
+/// Whether the run's result file for an extension (with its dot, such as ".k5o") exists.
+/// Normalises the record's folder.
+bool ResultFileExists(CZorbFEAInformation& info, const std::string& extension);
+
+/// Whether the file for an extension exists in the folder of a previous shot's run.
+bool PreviousShotFileExists(const CZorbFEAInformation& info, std::int32_t previousRun,
+                            const std::string& extension);
+
+}  // namespace results
