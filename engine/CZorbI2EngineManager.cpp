@@ -35,8 +35,7 @@ PopItemSelector& SelectorOf(CZorbI2Engine* engine) {
 
 }  // namespace
 
-CZorbI2EngineManager::CZorbI2EngineManager()
-    : engine(nullptr), cmiData(nullptr), accessCmiFile(nullptr) {}
+CZorbI2EngineManager::CZorbI2EngineManager() = default;
 
 CZorbI2EngineManager::~CZorbI2EngineManager() {
     delete engine;

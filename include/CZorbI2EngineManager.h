@@ -290,7 +290,7 @@ public:
     bool WriteCMIFile(int);
 
     // The three objects, each owned as the destructor says. Hosts read them with the getters.
-    CZorbI2Engine* engine;
-    CZorbI2CMIData* cmiData;
-    CZorbI2AccessCMIFile* accessCmiFile;
+    CZorbI2Engine* engine = nullptr;
+    CZorbI2CMIData* cmiData = nullptr;
+    CZorbI2AccessCMIFile* accessCmiFile = nullptr;
 };

@@ -37,5 +37,6 @@ public:
     void EndReading();
 
 private:
-    void* state_;  // the implementation's own; keeps the size of the class out of its hands
+    // The implementation's own; keeps the size of the class out of its hands.
+    [[maybe_unused]] void* state_;
 };

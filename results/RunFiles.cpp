@@ -23,8 +23,11 @@ std::string NameSuffix(const CZorbFEAInformation& info, const std::string& upper
 }  // namespace
 
 std::string RunTag(std::int32_t runNumber) {
-    // A negative run is below 10 too and becomes "0-1"; that is meant.
-    return (runNumber < 10 ? "0" : "") + std::to_string(runNumber);
+    std::string tag;
+    if (runNumber < 10) {  // a negative run too, which becomes "0-1": meant
+        tag += '0';
+    }
+    return tag += std::to_string(runNumber);
 }
 
 void EndInBackslash(std::string& folder) {
