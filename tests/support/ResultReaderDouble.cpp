@@ -9,6 +9,18 @@ ResultReaderDouble& ResultReader() {
     return reader;
 }
 
+namespace {
+
+void Note(const std::string& event) {
+    ResultReaderDouble& reader = ResultReader();
+    reader.events.push_back(event);
+    if (reader.sharedEvents != nullptr) {
+        reader.sharedEvents->push_back("reader " + event);
+    }
+}
+
+}  // namespace
+
 }  // namespace support
 
 CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() : state_(nullptr) {}
@@ -16,16 +28,15 @@ CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() : state_(null
 CQuentaResultReader_Manipulator::~CQuentaResultReader_Manipulator() = default;
 
 int CQuentaResultReader_Manipulator::BeginReading(const char* path, void* options) {
-    support::ResultReader().events.push_back(
-        std::string(options == nullptr ? "begin " : "begin with options ") + path);
+    support::Note(std::string(options == nullptr ? "begin " : "begin with options ") + path);
     return support::ResultReader().beginResult;
 }
 
 long long CQuentaResultReader_Manipulator::GetResultVersion() {
-    support::ResultReader().events.push_back("version");
+    support::Note("version");
     return support::ResultReader().version;
 }
 
 void CQuentaResultReader_Manipulator::EndReading() {
-    support::ResultReader().events.push_back("end");
+    support::Note("end");
 }
