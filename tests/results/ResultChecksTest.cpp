@@ -1,0 +1,357 @@
+#include "results/ResultChecks.h"
+
+#include <gtest/gtest.h>
+
+#include "CZorbI2EngineManager.h"
+#include "tests/results/WatchedRun.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr std::int32_t solid = 0;
+constexpr std::int32_t shell = 1;
+
+}  // namespace
+
+// ---- Fibre orientation ------------------------------------------------------------------------
+
+TEST(FibreOrientation, O2wFileAloneSufficesInASolidProject) {
+    WatchedRun run;
+    run.info.flags[11] = 1;
+    run.HasFile("Cover03.o2w");
+    EXPECT_EQ(run.Check(0), 1);
+}
+
+TEST(FibreOrientation, OldK5oFileDoesNotSpoilTheO2wFile) {
+    WatchedRun run;
+    run.info.flags[11] = 1;
+    run.HasFile("Cover03.o2w");
+    run.HasFile("Cover03.k5o");
+    run.reader.beginResult = 0;
+    run.reader.version = 1003;
+    EXPECT_EQ(run.Check(0), 1);
+}
+
+TEST(FibreOrientation, K5oFileOfVersion1003IsTooOldWithoutO2wFile) {
+    WatchedRun run;
+    run.info.flags[11] = 1;
+    run.HasFile("Cover03.k5o");
+    run.reader.beginResult = 0;
+    run.reader.version = 1003;
+    EXPECT_EQ(run.Check(0), -2);
+}
+
+TEST(FibreOrientation, K5oFileOfVersion1004SufficesWithoutO2wFile) {
+    WatchedRun run;
+    run.info.flags[11] = 1;
+    run.HasFile("Cover03.k5o");
+    run.reader.beginResult = 0;
+    run.reader.version = 1004;
+    EXPECT_EQ(run.Check(0), 1);
+}
+
+TEST(FibreOrientation, VersionBeyond32BitsCountsWhole) {
+    WatchedRun run;
+    run.info.flags[11] = 1;
+    run.HasFile("Cover03.k5o");
+    run.reader.beginResult = 0;
+    run.reader.version = 4294967296LL;  // its low half is 0
+    EXPECT_EQ(run.Check(0), 1);
+    run.reader.version = -4294966000LL;  // its low half is 1296
+    EXPECT_EQ(run.Check(0), -2);
+}
+
+TEST(FibreOrientation, SolidProjectWithoutFibreFlagTellsWhetherFilesExist) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(0), 0);
+    run.HasFile("Cover03.o2w");
+    EXPECT_EQ(run.Check(0), -1);
+}
+
+TEST(FibreOrientation, ShellProjectWithoutFibreFlagIsUnavailableWithOrWithoutRsoFile) {
+    WatchedRun run;
+    run.info.solverType = shell;
+    EXPECT_EQ(run.Check(0), -1);
+    run.HasFile("Cover03.rso");
+    EXPECT_EQ(run.Check(0), -1);
+}
+
+TEST(FibreOrientation, ReaderIsAskedAndClosedEvenWhenItCannotOpenTheFile) {
+    WatchedRun run;
+    run.reader.beginResult = 1;
+    run.Check(0);
+    const std::string path = SystemPath("D:\\Proj\\Run03\\Cover03.k5o");
+    EXPECT_EQ(run.reader.events, (Lines{"begin " + path, "version", "end"}));
+}
+
+TEST(FibreOrientation, ReaderLooksAtThePlainFileInAVoxelProjectToo) {
+    WatchedRun run;
+    run.info.flags[11] = 1;
+    run.info.voxelFlag = 1;
+    run.HasFile("Cover03_vox.k5o");
+    run.reader.beginResult = 0;
+    run.reader.version = 1004;
+    EXPECT_EQ(run.Check(0), 1);
+    EXPECT_EQ(run.reader.events[0], "begin " + SystemPath("D:\\Proj\\Run03\\Cover03.k5o"));
+}
+
+TEST(FibreOrientation, EverythingIsLookedAtEvenWhenTheFirstFileDecides) {
+    WatchedRun run;
+    run.info.flags[11] = 1;
+    run.HasFile("Cover03.o2w");
+    run.Check(15);
+    EXPECT_EQ(run.Events(),
+              (Lines{"trace @@@ I2Engine Fiber Orientation Results SOLID",
+                     "exists D:\\Proj\\Run03\\Cover03.o2w", "exists D:\\Proj\\Run03\\Cover03.O2W",
+                     "exists D:\\Proj\\Run03\\Cover03.k5o", "exists D:\\Proj\\Run03\\Cover03.K5O",
+                     "reader begin " + SystemPath("D:\\Proj\\Run03\\Cover03.k5o"), "reader version",
+                     "reader end"}));
+}
+
+TEST(FibreOrientation, TracesWithoutFibreFlagKeepTheirTwoBlanks) {
+    WatchedRun run;
+    run.HasFile("Cover03.o2w");
+    run.Check(0);
+    EXPECT_EQ(run.Events().back(), "trace @@@ I2Engine  HasFiber=false");
+}
+
+TEST(DigimatExport, SolidProjectIsAvailableWithoutAnyTest) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(11), 1);
+    EXPECT_EQ(run.Events(), Lines{});
+}
+
+// ---- Stress and strain ------------------------------------------------------------------------
+
+TEST(ThermalStress, MissingFileLeavesADebugFile) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(4), -6);
+    EXPECT_EQ(run.platform.written.at("ThermalTest.txt"), "FileExt = .k5w\nChkResult = 0");
+    EXPECT_EQ(run.platform.EventsOf("open"), Lines{"w ThermalTest.txt"});
+    EXPECT_EQ(run.platform.EventsOf("close"), Lines{"ThermalTest.txt"});
+}
+
+TEST(ThermalStress, DebugFileReplacesAnEarlierOne) {
+    WatchedRun run;
+    run.Check(4);
+    run.Check(4);
+    EXPECT_EQ(run.platform.written.at("ThermalTest.txt"), "FileExt = .k5w\nChkResult = 0");
+}
+
+TEST(ThermalStress, DebugFileTellsOfAResultThatAppearsBetweenTheTwoTests) {
+    WatchedRun run;
+    static int looks;
+    looks = 0;
+    platform::CurrentCalls().pathExists = [](const char*) { return ++looks == 3; };
+    EXPECT_EQ(run.Check(4), -6);
+    EXPECT_EQ(run.platform.written.at("ThermalTest.txt"), "FileExt = .k5w\nChkResult = 1");
+}
+
+TEST(ThermalStress, ExistingFileLeavesNoDebugFile) {
+    WatchedRun run;
+    run.HasFile("Cover03.k5w");
+    EXPECT_EQ(run.Check(4), 1);
+    EXPECT_TRUE(run.platform.written.empty());
+}
+
+TEST(ThermalStress, TraceShowsTwoBlanksForAnOstraMeshOnly) {
+    WatchedRun run;
+    for (const std::int32_t other : {0, 2, 257}) {
+        run.info.voxelFlag = other;
+        run.platform.events.clear();
+        run.Check(4);
+        EXPECT_EQ(run.Events()[0],
+                  "trace @@@ ZorbI2Engine GetThermalStressResults OstraMesh = false");
+    }
+    run.info.voxelFlag = 1;
+    run.platform.events.clear();
+    run.Check(4);
+    EXPECT_EQ(run.Events()[0], "trace @@@ ZorbI2Engine GetThermalStressResults  OstraMesh = true");
+}
+
+TEST(InitialStrain, ShellProjectWritesTheDebugFileEvenWhenAllFilesExist) {
+    WatchedRun run;
+    run.info.solverType = shell;
+    run.HasFile("Cover03.rsp");
+    run.HasFile("Cover03.rsg");
+    run.HasFile("Cover03.rsr");
+    EXPECT_EQ(run.Check(5), 1);
+    EXPECT_EQ(run.platform.written.at("ShellIniStrain.txt"), "RSP = 1RSG = 1RSR = 1File = 1");
+}
+
+TEST(InitialStrain, DebugFileIsOneLineWithoutSeparators) {
+    WatchedRun run;
+    run.info.solverType = shell;
+    run.HasFile("Cover03.rsg");
+    EXPECT_EQ(run.Check(5), 1);
+    EXPECT_EQ(run.platform.written.at("ShellIniStrain.txt"), "RSP = 0RSG = 1RSR = 0File = 1");
+}
+
+TEST(InitialStrain, SolidProjectWritesNoDebugFile) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(5), -8);
+    EXPECT_EQ(run.platform.EventsOf("open"), Lines{});
+}
+
+TEST(DebugFiles, StandInTheCurrentFolderWhateverTheProjectsFolder) {
+    WatchedRun run;
+    run.info.projectFolder = "";
+    run.info.solverType = shell;
+    run.Check(4);
+    run.Check(5);
+    EXPECT_EQ(run.platform.EventsOf("open"), (Lines{"w ThermalTest.txt", "w ShellIniStrain.txt"}));
+}
+
+// ---- Codes that look like slips and are meant -------------------------------------------------
+
+TEST(InsertFlowPressure, SaysNoInsertAlsoWhenTheInsertExistsAndTheFileDoesNot) {
+    WatchedRun run;
+    run.info.flags[14] = 1;
+    EXPECT_EQ(run.Check(6), -14);
+}
+
+TEST(MoldbasePressure, SaysNoMoldbaseNorFileAlsoWhenTheMoldbaseExists) {
+    WatchedRun run;
+    run.info.flags[13] = 1;
+    EXPECT_EQ(run.Check(7), -16);
+}
+
+TEST(MoldbaseTemperature, TellsAMissingFileFromAMissingMoldbase) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(10), -17);
+    run.info.flags[13] = 1;
+    EXPECT_EQ(run.Check(10), -18);
+}
+
+// ---- Temperatures -----------------------------------------------------------------------------
+
+TEST(PackingTemperature, K5fFileServesInInjectionCompressionProjectsOnly) {
+    WatchedRun run;
+    run.HasFile("Cover03.k5f");
+    run.info.projectType = 5;
+    EXPECT_EQ(run.Check(8), -9);
+    EXPECT_EQ(run.platform.EventsOf("trace"), Lines{});
+    run.info.projectType = 6;
+    EXPECT_EQ(run.Check(8), 1);
+    EXPECT_EQ(run.platform.EventsOf("trace"),
+              Lines{"@@@ I2Engine ICM project \"Packing Temperature Results\" no .k5p file"});
+}
+
+TEST(PackingTemperature, ShellProjectWritesNoDebugFile) {
+    WatchedRun run;
+    run.info.solverType = shell;
+    EXPECT_EQ(run.Check(8), -9);
+    EXPECT_EQ(run.platform.EventsOf("open"), Lines{});
+}
+
+TEST(EndOfCoolingTemperature, OnlyASolidProjectLooksForTheK5cFile) {
+    WatchedRun run;
+    run.HasFile("Cover03.rsc");
+    EXPECT_EQ(run.Check(9), -18);
+    for (const std::int32_t notSolid : {1, 2, -1}) {
+        run.info.solverType = notSolid;
+        EXPECT_EQ(run.Check(9), 1) << notSolid;
+    }
+}
+
+// ---- Part insert from a previous shot ---------------------------------------------------------
+
+TEST(InsertFibreMaterial, WithoutShotFileThereIsNoPreviousShot) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(12), -19);
+    EXPECT_EQ(run.platform.EventsOf("trace").back(), "@@@ I2Engine .cmx file FlagPrevShot=0");
+}
+
+TEST(InsertFibreMaterial, FreshEngineHasNoPreviousShot) {
+    WatchedRun run;
+    CZorbI2EngineManager manager;
+    CZorbFEAInformation info = run.info;
+    info.flags[1] = 1;
+    ASSERT_TRUE(manager.CreateEngine(&info));
+    run.platform.events.clear();
+    EXPECT_EQ(manager.GetProjectResults(12), -19);
+    EXPECT_EQ(run.platform.EventsOf("trace").back(), "@@@ I2Engine .cmx file FlagPrevShot=0");
+}
+
+TEST(InsertFibreMaterial, LooksForTheK5oFileOfThePreviousRun) {
+    WatchedRun run;
+    run.platform.readable["D:\\Proj\\Run03\\Cover03.cmx"] =
+        "<SOLID_MCM>\nVersion = 1\nFlagPrevShot = 1\nValueShotRunID = 2\n</SOLID_MCM>\n";
+    EXPECT_EQ(run.Check(12), -19);
+    EXPECT_EQ(
+        run.Events(),
+        (Lines{"trace @@@ Engine read cmx file", "trace D:\\Proj\\Run03\\Cover03.cmx",
+               "open r D:\\Proj\\Run03\\Cover03.cmx", "trace @@@ I2Engine .cmx file FlagPrevShot=1",
+               "exists D:\\Proj\\Run02\\Cover02.k5o",
+               "trace @@@ I2Engine does not have .k5o file"}));
+    run.platform.existing = {"D:\\Proj\\Run02\\Cover02.k5o"};
+    EXPECT_EQ(run.Check(12), 1);
+}
+
+TEST(InsertFibreMaterial, ShotFileThatCannotBeReadAnyMoreLeavesTheLastAnswer) {
+    WatchedRun run;
+    run.platform.readable["D:\\Proj\\Run03\\Cover03.cmx"] =
+        "<SOLID_MCM>\nFlagPrevShot=1\nValueShotRunID=2\n</SOLID_MCM>\n";
+    run.platform.existing = {"D:\\Proj\\Run02\\Cover02.k5o"};
+    EXPECT_EQ(run.Check(12), 1);
+    run.platform.readable.clear();
+    EXPECT_EQ(run.Check(12), 1);
+}
+
+// ---- Weld lines and Digimat -------------------------------------------------------------------
+
+TEST(WeldLine, MeetingAngleCountsOnlyWhenTheFileExists) {
+    for (const std::int32_t item : {14, 16}) {
+        WatchedRun run;
+        EXPECT_EQ(run.Check(item), -8) << item;
+        run.HasFile("Cover03.k5f");
+        EXPECT_EQ(run.Check(item), -24) << item;
+        run.info.flags[16] = 1;
+        EXPECT_EQ(run.Check(item), 1) << item;
+    }
+}
+
+TEST(DigimatFibre, ShellProjectWithRsoFileOnlyLacksDigimatInformation) {
+    WatchedRun run;
+    run.info.solverType = shell;
+    EXPECT_EQ(run.Check(18), -10);
+    run.HasFile("Cover03.rso");
+    EXPECT_EQ(run.Check(18), -23);
+}
+
+TEST(DigimatFibre, SolidProjectNeverLooksForTheRsoFile) {
+    WatchedRun run;
+    run.info.solverType = solid;
+    run.HasFile("Cover03.rso");
+    EXPECT_EQ(run.Check(18), -10);
+    EXPECT_EQ(run.platform.EventsOf("exists"),
+              (Lines{"D:\\Proj\\Run03\\Cover03_medi.crp", "D:\\Proj\\Run03\\Cover03.CRP",
+                     "D:\\Proj\\Run03\\Cover03.k5o", "D:\\Proj\\Run03\\Cover03.K5O"}));
+}
+
+TEST(DigimatStress, LooksForTheK5wFileOnlyWhenTheRsfFileIsMissing) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(19), -25);
+    EXPECT_EQ(run.platform.EventsOf("exists"),
+              (Lines{"D:\\Proj\\Run03\\Cover03.rsf", "D:\\Proj\\Run03\\Cover03.RSF",
+                     "D:\\Proj\\Run03\\Cover03.k5w", "D:\\Proj\\Run03\\Cover03.K5W"}));
+    run.HasFile("Cover03.rsf");
+    run.platform.events.clear();
+    EXPECT_EQ(run.Check(19), 1);
+    EXPECT_EQ(run.Events(), (Lines{"exists D:\\Proj\\Run03\\Cover03.rsf",
+                                   "exists D:\\Proj\\Run03\\Cover03.RSF"}));
+}
+
+TEST(DigimatTemperature, LooksForTheK5cFileOnlyWhenTheK5pFileIsMissing) {
+    WatchedRun run;
+    EXPECT_EQ(run.Check(20), -26);
+    EXPECT_EQ(run.platform.EventsOf("exists"),
+              (Lines{"D:\\Proj\\Run03\\Cover03.k5p", "D:\\Proj\\Run03\\Cover03.K5P",
+                     "D:\\Proj\\Run03\\Cover03.k5c", "D:\\Proj\\Run03\\Cover03.K5C"}));
+    run.HasFile("Cover03.k5p");
+    run.platform.events.clear();
+    EXPECT_EQ(run.Check(20), 1);
+    EXPECT_EQ(run.Events(), (Lines{"exists D:\\Proj\\Run03\\Cover03.k5p",
+                                   "exists D:\\Proj\\Run03\\Cover03.K5P"}));
+}
