@@ -2,7 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
+
+#include "tests/support/HostLocale.h"
+
+namespace {
+
+constexpr std::array<const char*, 4> hostLocales = {
+    "C", support::kGermanLocale, support::kTurkishLocale, support::kMultiByteLocale};
+
+}  // namespace
 
 TEST(Text, UpperCasesAsciiLettersOnly) {
     EXPECT_EQ(platform::UpperCased(".k5o\xe4"), ".K5O\xe4");
@@ -12,16 +22,29 @@ TEST(Text, UpperCasesAsciiLettersOnly) {
 
 TEST(Text, ComparesWithoutRegardToAsciiCase) {
     EXPECT_TRUE(platform::EqualIgnoringCase("FlagPrevShot", "fLAGpREVsHOT"));
+    EXPECT_TRUE(platform::EqualIgnoringCase("", ""));
     EXPECT_FALSE(platform::EqualIgnoringCase("FlagPrevShot", "FlagPrevShot "));
+    EXPECT_FALSE(platform::EqualIgnoringCase("FlagPrevShot", "FlagPrevSho"));
     EXPECT_FALSE(platform::EqualIgnoringCase("\xe4", "\xc4"));
+    EXPECT_FALSE(platform::EqualIgnoringCase("[", "{"));
 }
 
 TEST(Text, WritesThreeDecimals) {
     EXPECT_EQ(platform::WithThreeDecimals(0.0), "0.000");
+    EXPECT_EQ(platform::WithThreeDecimals(-0.0), "-0.000");
     EXPECT_EQ(platform::WithThreeDecimals(-5.0), "-5.000");
     EXPECT_EQ(platform::WithThreeDecimals(0.85), "0.850");
     EXPECT_EQ(platform::WithThreeDecimals(135.0), "135.000");
     EXPECT_EQ(platform::WithThreeDecimals(-0.0001), "-0.000");
+    EXPECT_EQ(platform::WithThreeDecimals(1234567.5), "1234567.500");
+}
+
+TEST(Text, RoundsToTheNearestThirdDecimalAndTiesToTheEvenOne) {
+    EXPECT_EQ(platform::WithThreeDecimals(0.0004), "0.000");
+    EXPECT_EQ(platform::WithThreeDecimals(0.0006), "0.001");
+    EXPECT_EQ(platform::WithThreeDecimals(0.9996), "1.000");
+    EXPECT_EQ(platform::WithThreeDecimals(0.0625), "0.062");
+    EXPECT_EQ(platform::WithThreeDecimals(0.1875), "0.188");
 }
 
 TEST(Text, WritesTheLargestDoubleWhole) {
@@ -29,4 +52,49 @@ TEST(Text, WritesTheLargestDoubleWhole) {
     EXPECT_EQ(text.size(), 1 + 309 + 4U);
     EXPECT_EQ(text.substr(0, 8), "-1797693");
     EXPECT_EQ(text.substr(text.size() - 8), "8368.000");
+}
+
+TEST(Text, WritesTheSmallestDoubleAsZero) {
+    EXPECT_EQ(platform::WithThreeDecimals(std::numeric_limits<double>::denorm_min()), "0.000");
+}
+
+TEST(Text, WritesNumbersWithoutAValueByName) {
+    EXPECT_EQ(platform::WithThreeDecimals(std::numeric_limits<double>::infinity()), "inf");
+    EXPECT_EQ(platform::WithThreeDecimals(-std::numeric_limits<double>::infinity()), "-inf");
+    EXPECT_EQ(platform::WithThreeDecimals(std::numeric_limits<double>::quiet_NaN()), "nan");
+}
+
+TEST(Text, WritesADecimalPointUnderEveryLocale) {
+    for (const char* name : hostLocales) {
+        const support::HostLocale locale(name);
+        EXPECT_EQ(platform::WithThreeDecimals(0.8), "0.800") << name;
+        EXPECT_EQ(platform::WithThreeDecimals(-1234567.25), "-1234567.250") << name;
+    }
+}
+
+TEST(Text, UpperCasesAlikeUnderEveryLocale) {
+    for (const char* name : hostLocales) {
+        const support::HostLocale locale(name);
+        for (int byte = 0; byte <= 0xff; ++byte) {
+            const char letter = static_cast<char>(byte);
+            const bool isSmall = byte >= 0x61 && byte <= 0x7a;
+            const char expected = static_cast<char>(isSmall ? byte - 0x20 : byte);
+            EXPECT_EQ(platform::UpperCased({letter}), std::string({expected})) << name << byte;
+        }
+    }
+}
+
+TEST(Text, ComparesAlikeUnderEveryLocale) {
+    for (const char* name : hostLocales) {
+        const support::HostLocale locale(name);
+        EXPECT_TRUE(platform::EqualIgnoringCase("VERSION ID", "version id")) << name;
+        EXPECT_FALSE(platform::EqualIgnoringCase("\xfd", "I")) << name;
+        EXPECT_FALSE(platform::EqualIgnoringCase("i", "\xdd")) << name;
+        EXPECT_FALSE(platform::EqualIgnoringCase("\xe4", "\xc4")) << name;
+    }
+}
+
+TEST(Text, GermanLocaleOfTheseTestsHasADecimalComma) {
+    const support::HostLocale locale(support::kGermanLocale);
+    EXPECT_STREQ(std::localeconv()->decimal_point, ",");
 }

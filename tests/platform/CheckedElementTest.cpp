@@ -1,0 +1,66 @@
+#include "platform/CheckedElement.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <vector>
+
+namespace {
+
+/// The error text of an access; empty when it gives an element.
+template <typename List>
+std::string ErrorOf(List& list, std::int32_t position) {
+    try {
+        platform::CheckedElement(list, position);
+    } catch (const std::out_of_range& error) {
+        return error.what();
+    }
+    return {};
+}
+
+constexpr const char* invalidSubscript = "invalid vector<T> subscript";
+
+}  // namespace
+
+TEST(CheckedElement, GivesTheElementItself) {
+    std::vector<int> list = {10, 20, 30};
+    EXPECT_EQ(platform::CheckedElement(list, 0), 10);
+    EXPECT_EQ(&platform::CheckedElement(list, 2), &list[2]);
+    platform::CheckedElement(list, 1) = 21;
+    EXPECT_EQ(list, (std::vector<int>{10, 21, 30}));
+}
+
+TEST(CheckedElement, GivesElementsOfAConstantListForReading) {
+    const std::vector<int> list = {10, 20};
+    EXPECT_EQ(&platform::CheckedElement(list, 1), &list[1]);
+    EXPECT_EQ(ErrorOf(list, 2), invalidSubscript);
+}
+
+TEST(CheckedElement, RefusesThePositionAfterTheLast) {
+    std::vector<int> list = {10, 20, 30};
+    EXPECT_EQ(ErrorOf(list, 2), "");
+    EXPECT_EQ(ErrorOf(list, 3), invalidSubscript);
+    EXPECT_EQ(ErrorOf(list, std::numeric_limits<std::int32_t>::max()), invalidSubscript);
+}
+
+TEST(CheckedElement, RefusesNegativePositions) {
+    std::vector<int> list = {10, 20, 30};
+    EXPECT_EQ(ErrorOf(list, -1), invalidSubscript);
+    EXPECT_EQ(ErrorOf(list, std::numeric_limits<std::int32_t>::min()), invalidSubscript);
+}
+
+TEST(CheckedElement, RefusesEveryPositionOfAnEmptyList) {
+    std::vector<int> list;
+    EXPECT_EQ(ErrorOf(list, 0), invalidSubscript);
+    EXPECT_EQ(ErrorOf(list, -1), invalidSubscript);
+}
+
+TEST(CheckedElement, ErrorIsExactlyTheStandardOutOfRangeError) {
+    std::vector<int> list;
+    try {
+        platform::CheckedElement(list, 0);
+        FAIL() << "no error";
+    } catch (const std::exception& error) {
+        EXPECT_EQ(typeid(error), typeid(std::out_of_range));
+    }
+}
