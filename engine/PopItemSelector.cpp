@@ -126,8 +126,9 @@ bool PopItemSelector::GetMoldBasePopItem(std::int32_t position, CZorbI2Item* ite
 
 bool PopItemSelector::GetPartPopItemByID(std::int32_t itemId, CZorbI2Item* item,
                                          CZorbI2ItemStatus* status) const {
+    const std::size_t length = currentItemStatusList != nullptr ? currentItemStatusList->size() : 0;
     // "Greater than" is meant: the id just past the list raises the error of CurrentStatus.
-    if (item == nullptr || itemId < 0 || itemId > kItemCount) {
+    if (item == nullptr || itemId < 0 || static_cast<std::size_t>(itemId) > length) {
         return false;
     }
     return CopyEntry(CurrentStatus(itemId), item, status);
