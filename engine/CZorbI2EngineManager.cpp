@@ -28,9 +28,13 @@ CZorbI2AccessCMIFile& Created(CZorbI2AccessCMIFile* accessCmiFile) {
     return *accessCmiFile;
 }
 
-PopItemSelector& SelectorOf(CZorbI2Engine* engine) {
+CZorbI2Engine& WithCatalogue(CZorbI2Engine* engine) {
     assert(Created(engine).popItemSelector && "the project record's flag 1 is not 1");
-    return *engine->popItemSelector;
+    return *engine;
+}
+
+PopItemSelector& SelectorOf(CZorbI2Engine* engine) {
+    return *WithCatalogue(engine).popItemSelector;
 }
 
 }  // namespace
@@ -106,7 +110,7 @@ void CZorbI2EngineManager::SetDigimatWeldlineData(double angle) {
 
 void CZorbI2EngineManager::SetEngineCurrentStatus(int solver, int meshKind, int quadraticElement,
                                                   int annealingMode) {
-    Created(engine).SetEngineCurrentStatus(solver, meshKind, quadraticElement, annealingMode);
+    WithCatalogue(engine).SetEngineCurrentStatus(solver, meshKind, quadraticElement, annealingMode);
 }
 
 void CZorbI2EngineManager::GetCurrentSolverStatus(int solver, int& meshKind, int& quadraticElement,
@@ -179,7 +183,7 @@ bool CZorbI2EngineManager::SetItemStatus(int index, int newCheckState, int newOp
 }
 
 void CZorbI2EngineManager::SetItemsValue() {
-    Created(engine).SetItemsValue();
+    WithCatalogue(engine).SetItemsValue();
 }
 
 int CZorbI2EngineManager::GetProjectResults(int itemId) {
@@ -188,16 +192,16 @@ int CZorbI2EngineManager::GetProjectResults(int itemId) {
 
 bool CZorbI2EngineManager::SetWeldlineDataStatus(int solver, std::vector<double> angles,
                                                  std::vector<double> rates) {
-    Created(engine).SetWeldlineDataStatus(solver, angles, rates);
+    WithCatalogue(engine).SetWeldlineDataStatus(solver, angles, rates);
     return true;
 }
 
 void CZorbI2EngineManager::SetWeldlineDataValue() {
-    Created(engine).SetWeldlineDataValue();
+    WithCatalogue(engine).SetWeldlineDataValue();
 }
 
 bool CZorbI2EngineManager::GetWeldlinePopData(int solver, CZorbI2WeldlineDataStatus* status) {
-    Created(engine).GetWeldlinePopData(solver, *status);
+    WithCatalogue(engine).GetWeldlinePopData(solver, *status);
     return true;
 }
 
