@@ -1,6 +1,7 @@
 #include "tests/support/ResultReaderDouble.h"
 
 #include "quenta/CQuentaResultReader_Manipulator.h"
+#include "tests/support/FailingAllocations.h"
 
 namespace support {
 
@@ -12,6 +13,7 @@ ResultReaderDouble& ResultReader() {
 namespace {
 
 void Note(const std::string& event) {
+    const UnwatchedAllocations unwatched;
     ResultReaderDouble& reader = ResultReader();
     reader.events.push_back(event);
     if (reader.sharedEvents != nullptr) {
@@ -28,6 +30,7 @@ CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() : state_(null
 CQuentaResultReader_Manipulator::~CQuentaResultReader_Manipulator() = default;
 
 int CQuentaResultReader_Manipulator::BeginReading(const char* path, void* options) {
+    const support::UnwatchedAllocations unwatched;
     support::Note(std::string(options == nullptr ? "begin " : "begin with options ") + path);
     return support::ResultReader().beginResult;
 }

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "tests/support/FailingAllocations.h"
+
 namespace support {
 
 namespace {
@@ -21,11 +23,13 @@ std::string Narrow(const wchar_t* text) {
 
 struct WatchedCalls {
     static bool PathExists(const char* path) {
+        const UnwatchedAllocations unwatched;
         current->events.push_back(std::string("exists ") + path);
         return current->existing.count(path) != 0;
     }
 
     static std::FILE* OpenFile(const char* path, const char* mode) {
+        const UnwatchedAllocations unwatched;
         current->events.push_back(std::string("open ") + mode + " " + path);
         const bool reading = mode[0] == 'r';
         const auto content = current->readable.find(path);
@@ -47,17 +51,20 @@ struct WatchedCalls {
     }
 
     static int WriteText(const char* text, std::FILE* file) {
+        const UnwatchedAllocations unwatched;
         current->written[current->openPaths_.at(file)] += text;
         return 0;
     }
 
     static int CloseFile(std::FILE* file) {
+        const UnwatchedAllocations unwatched;
         current->events.push_back("close " + current->openPaths_.at(file));
         current->openPaths_.erase(file);
         return std::fclose(file);
     }
 
     static void TraceLine(const wchar_t* line) {
+        const UnwatchedAllocations unwatched;
         current->events.push_back("trace " + Narrow(line));
     }
 };
