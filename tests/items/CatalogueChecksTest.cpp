@@ -1,0 +1,95 @@
+// What the building of the catalogue does in the world of files, call by call.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/ResultReaderDouble.h"
+#include "tests/support/SampleProject.h"
+
+using support::OpenProject;
+using support::ResultFiles;
+using testing::ElementsAre;
+
+namespace {
+
+const std::string base = "D:\\Proj\\Run03\\Cover03";
+
+/// "exists" for both spellings, the second of which is upper case and never decides.
+void AddTest(std::vector<std::string>& events, const std::string& ending,
+             const std::string& upperExtension) {
+    events.push_back("exists " + base + ending);
+    events.push_back("exists " + base + upperExtension);
+}
+
+void AddFibreOrientationCheck(std::vector<std::string>& events) {
+    events.push_back("trace @@@ I2Engine Fiber Orientation Results SOLID");
+    AddTest(events, ".o2w", ".O2W");
+    AddTest(events, ".k5o", ".K5O");
+    events.push_back("trace @@@ I2Engine HasFiber=false and .o2w/.k5o file not exist");
+}
+
+void AddShotFileCheck(std::vector<std::string>& events) {
+    events.push_back("trace @@@ Engine read cmx file");
+    events.push_back("trace " + base + ".cmx");
+    events.push_back("open r " + base + ".cmx");
+    events.push_back("trace @@@ I2Engine .cmx file FlagPrevShot=0");
+}
+
+}  // namespace
+
+TEST(CatalogueChecks, OfASolidProjectWithoutFilesInOrder) {
+    std::vector<std::string> expected;
+    AddFibreOrientationCheck(expected);                                                      // 15
+    AddFibreOrientationCheck(expected);                                                      // 0
+    AddShotFileCheck(expected);                                                              // 12
+    AddTest(expected, ".k5f", ".K5F");                                                       // 13
+    expected.push_back("trace @@@ ZorbI2Engine GetThermalStressResults OstraMesh = false");  // 4
+    AddTest(expected, ".k5w", ".K5W");
+    expected.push_back("open w ThermalTest.txt");
+    AddTest(expected, ".k5w", ".K5W");
+    expected.push_back("close ThermalTest.txt");
+    AddTest(expected, ".rsf", ".RSF");       // 3
+    AddTest(expected, ".k5f", ".K5F");       // 5
+    AddTest(expected, ".k5p", ".K5P");       // 8
+    AddTest(expected, ".k5f", ".K5F");       // 16
+    AddTest(expected, "_medi.crp", ".CRP");  // 18
+    AddTest(expected, ".k5o", ".K5O");
+    AddTest(expected, ".rsf", ".RSF");  // 19
+    AddTest(expected, ".k5w", ".K5W");
+    AddTest(expected, ".k5p", ".K5P");  // 20
+    AddTest(expected, ".k5c", ".K5C");
+    AddTest(expected, ".k5c", ".K5C");  // 9
+    AddTest(expected, ".k5f", ".K5F");  // 14
+    AddTest(expected, ".k5s", ".K5S");  // 21
+    AddTest(expected, ".k5f", ".K5F");  // 6
+    AddTest(expected, ".k5f", ".K5F");  // 7
+    AddTest(expected, ".k5c", ".K5C");  // 10
+
+    OpenProject project(support::PlainProject(), ResultFiles::none);
+    EXPECT_EQ(project.files.events, expected);
+}
+
+TEST(CatalogueChecks, AskTheResultReaderOncePerFibreOrientationCheck) {
+    OpenProject project(support::PlainProject(), ResultFiles::none);
+    EXPECT_EQ(support::ResultReader().events.size(), 6U);
+}
+
+TEST(CatalogueChecks, OfItemsThatFollowTheNormalisedFolderReadTheShotFileThere) {
+    CZorbFEAInformation record = support::PlainProject();
+    record.projectFolder = "D:\\Proj\\Run03";
+    OpenProject project(record, ResultFiles::none);
+    EXPECT_THAT(project.files.EventsOf("open"),
+                ElementsAre("r " + base + ".cmx", "w ThermalTest.txt"));
+}
+
+TEST(CatalogueChecks, AreNotMadeAgainWhenFilesAppearLater) {
+    OpenProject project(support::CompleteProject(), ResultFiles::none);
+    support::AddAllResults(project.files);
+    EXPECT_EQ(project.manager.GetProjectResults(3), 1);
+    CZorbI2Item item;
+    ASSERT_TRUE(project.manager.GetItem(0, 3, &item));
+    EXPECT_FALSE(item.isAvailable);
+    EXPECT_EQ(item.optionValue, -2);
+}
