@@ -21,7 +21,8 @@ public:
         kHasMeetingAngle = 16,  ///< weld-line meeting angle information exists
         kViewEditAtStart = 19,  ///< initial value of the engine's view-edit setting
     };
-    static constexpr std::size_t kFlagCount = 20;
+    /// Not a static member: under C++11 that would need a definition in the library.
+    enum : std::size_t { kFlagCount = 20 };
 
     std::string projectName;       ///< base name of the run's files, without run number
     std::int32_t runNumber = 0;    ///< run whose results are handed over
