@@ -164,6 +164,7 @@ void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source) {
 
     FillMeshKind(data, source);
     data.SolverName = KeywordOf(source.currentSolver);
+    data.FileVersion = fileVersion;
     data.SolverType = source.solverType;
     data.ProjectType = source.projectType;
     data.QuadraticElement = source.quadraticElement != 0;
