@@ -1,0 +1,38 @@
+#include "tests/support/FillInputs.h"
+
+#include <memory>
+
+namespace support {
+
+FillInputs::FillInputs() {
+    for (std::int32_t itemId = 0; itemId < 22; ++itemId) {
+        items[itemId] = std::make_unique<CZorbI2Item>();
+        items[itemId]->itemId = itemId;
+        SetItem(itemId, false, 0, -2);
+    }
+    weldlineData.WeldlineAngles = {30.0, 60.0, 90.0};
+    weldlineData.ReductionRates = {0.8, 0.9, 0.95};
+}
+
+void FillInputs::SetItem(std::int32_t itemId, bool isAvailable, std::int32_t checkState,
+                         std::int32_t optionValue) {
+    items[itemId]->isAvailable = isAvailable;
+    items[itemId]->checkState = checkState;
+    items[itemId]->optionValue = optionValue;
+}
+
+CMIDataSource FillInputs::Source() const {
+    return {
+        items,       currentSolver, meshKind,  quadraticElement, annealingMode,        solverType,
+        projectType, mapFile,       outFolder, weldlineData,     digimatWeldlineAngle, viewEdit,
+    };
+}
+
+CZorbI2CMIData FillInputs::FilledBlock() const {
+    CZorbI2CMIData data;
+    ResetCMIData(data);
+    FillCMIData(data, Source());
+    return data;
+}
+
+}  // namespace support
