@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that quirks_check.py finds the faults it is there for."""
+"""Checks that check_quirks.py finds the faults it is there for."""
 
 import contextlib
 import io
@@ -9,7 +9,7 @@ import sys
 import tempfile
 import unittest
 
-import quirks_check
+import check_quirks
 
 HEAD = "| What | Why it stays | Held by |\n|---|---|---|\n"
 
@@ -27,10 +27,10 @@ class Quirks(unittest.TestCase):
 
     def faults(self, rows):
         (self.repository / "docs/quirks.md").write_text("# Quirks\n\n" + rows)
-        sys.argv = ["quirks_check.py", str(self.repository)]
+        sys.argv = ["check_quirks.py", str(self.repository)]
         output = io.StringIO()
         with contextlib.redirect_stdout(output):
-            status = quirks_check.main()
+            status = check_quirks.main()
         return output.getvalue() if status else ""
 
     def test_rows_held_by_tests_pass(self):

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Fails when docs/quirks.md names a test that the sources of the tests do not hold.
 
-    quirks_check.py REPOSITORY
+    check_quirks.py REPOSITORY
 """
 
 import pathlib
