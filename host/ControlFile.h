@@ -28,8 +28,8 @@ struct ItemLine {
 /// The values of a control parameter file.
 struct ControlFile {
     /// The fields of the engine's data block, as printed: MapFile is empty unless the mesh is
-    /// mapped or mapped to shell, IsAnnealingDeformedMesh says whether its line is there. Left at
-    /// zero because the file does not tell: OutputFlags (see `items`), DigimatOption.
+    /// mapped or mapped to shell, IsAnnealingDeformedMesh says whether its line is there, and
+    /// OutputFlags counts for the ids in `items` alone. The file does not tell DigimatOption.
     CZorbI2CMIData values;
     std::vector<ItemLine> items;  ///< in file order; an id may stand twice
 };
@@ -39,7 +39,7 @@ constexpr std::size_t kLargestControlFile = 256 * 1024;
 
 /// Reads the text of a file (line ends LF or CR LF). Empties `faults`, then lists all of them by
 /// line. Without faults the text is one that the engine writes for choices that its items have;
-/// with faults, the values of faulty or missing lines stay at zero or empty.
+/// with faults, the values of faulty and missing lines mean nothing.
 ControlFile ReadControlFile(std::string_view text, std::vector<Fault>& faults);
 
 /// The file that must come out of a filled data block (CZorbI2EngineManager::GetZorbCMIData() after
@@ -47,9 +47,19 @@ ControlFile ReadControlFile(std::string_view text, std::vector<Fault>& faults);
 /// user asked for sets those fields in the result.
 ControlFile FileOf(const CZorbI2CMIData& block, std::vector<std::int32_t> itemIds);
 
-/// What differs, one sentence each, such as "SegmentX is 80, asked for was 30"; empty when the two
-/// files say the same. Numbers with decimals are compared as printed; line numbers are not
-/// compared.
+/// A value under its key, which stands behind the section except in the header: "QuadraticElement",
+/// "[MAP DOMAIN] SegmentX", "SolverName"; for an item "IsRunnerOutput".
+struct NamedValue {
+    std::string name;
+    std::string text;  ///< as printed; empty for an item that has no line
+    bool isNumber;
+};
+
+/// All values in the order of the file, those of all items included.
+std::vector<NamedValue> ValuesOf(const ControlFile& file);
+
+/// What differs, such as: [MAP DOMAIN] SegmentX is "80", asked for was "30". Empty when the two
+/// files say the same. Values are compared as printed.
 std::vector<std::string> Differences(const ControlFile& asked, const ControlFile& found);
 
 /// What the file asks for, in lines of the form "label:  words", each ended by "\n".
