@@ -1,0 +1,52 @@
+// The names under which recipes speak of items, solvers and mesh kinds. Titles and display names
+// are the engine's; the host adds short names, and the solver keywords of the control file.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+/// Names with the numbers that they stand for. Compared without regard to case; blanks and
+/// underscores count as hyphens.
+class Vocabulary {
+public:
+    using Entry = std::pair<std::int32_t, std::string>;
+    Vocabulary(std::initializer_list<Entry> entries = {}) : entries_(entries) {}
+    template <class Entries>
+    explicit Vocabulary(const Entries& entries) : entries_(entries.begin(), entries.end()) {}
+
+    void Add(std::int32_t number, std::string name);
+
+    /// The number of a name; the number itself, written in digits, is a name too.
+    std::optional<std::int32_t> Find(std::string_view name) const;
+
+    /// The names that are most like a text, best first: "a, b, c".
+    std::string Nearest(std::string_view text) const;
+
+    /// All names in the order in which they were added: "a, b, c".
+    std::string All() const;
+
+private:
+    std::vector<Entry> entries_;
+};
+
+std::string ShortName(std::int32_t itemId);
+std::string MeshName(std::int32_t meshKind);
+std::string SolverKeyword(std::int32_t solver);
+
+struct Names {
+    Vocabulary items;
+    Vocabulary solvers;
+    Vocabulary meshes;
+};
+
+/// Asks the engine for its titles and display names.
+Names AllNames();
+
+}  // namespace host

@@ -1,0 +1,85 @@
+#include "host/Paths.h"
+
+#include <cctype>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include "host/HostPlatform.h"
+#include "host/Problem.h"
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+fs::path PathOf(const std::string& utf8) {
+    return std::u8string(utf8.begin(), utf8.end());
+}
+
+std::string Utf8Of(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
+    const bool hasDrive =
+        path.size() > 1 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0])) != 0;
+    if (hasDrive || path.rfind("\\\\", 0) == 0) {
+        return path;
+    }
+    const fs::path absolute = (relativeTo / PathOf(WithOwnSeparators(path))).lexically_normal();
+    const bool endsInSeparator = !absolute.has_filename() && absolute.has_relative_path();
+    return Utf8Of(endsInSeparator ? absolute.parent_path() : absolute);
+}
+
+std::string ReadFile(const fs::path& file) {
+    std::error_code unknown;
+    errno = 0;
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    if (!stream.is_open() || stream.bad() || fs::is_directory(file, unknown)) {
+        const int reason = fs::is_directory(file, unknown) ? EISDIR : errno;
+        throw Problem(Place{}, std::string("cannot be read: ") + std::strerror(reason),
+                      ExitCode::fileTrouble);
+    }
+    return bytes.str();
+}
+
+ScratchFolder::ScratchFolder() {
+    std::error_code error;
+    start_ = fs::current_path(error);
+    const fs::path parent = fs::temp_directory_path(error);
+    std::random_device random;
+    do {
+        path_ = parent / ("zorbi2-" + std::to_string(random()));
+    } while (!error && !fs::create_directory(path_, error));
+    if (!error) {
+        fs::current_path(path_, error);
+    }
+    if (error) {
+        throw Problem(Place{},
+                      Utf8Of(path_) + ": the temporary folder cannot be used: " + error.message(),
+                      ExitCode::fileTrouble);
+    }
+}
+
+ScratchFolder::~ScratchFolder() {
+    std::error_code ignored;
+    fs::current_path(start_, ignored);
+    fs::remove_all(path_, ignored);
+}
+
+std::string ForEngine(const std::string& utf8) {
+    const std::optional<std::string> text = ToEngineText(utf8);
+    if (!text) {
+        throw Problem(Place{},
+                      "\"" + utf8 + "\" has letters that the system's code page does not have",
+                      ExitCode::fileTrouble);
+    }
+    return *text;
+}
+
+}  // namespace host

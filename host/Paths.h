@@ -1,0 +1,42 @@
+// Paths and files as the host has them: UTF-8 texts on the outside, std::filesystem inside.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace host {
+
+std::filesystem::path PathOf(const std::string& utf8);
+std::string Utf8Of(const std::filesystem::path& path);
+
+/// The absolute path of a path that may be relative to a folder, with the system's separators. A
+/// path that starts with a drive letter or two backslashes is absolute on every system, and stays
+/// the text that it is: the translator may run on another machine.
+std::string AbsolutePath(const std::string& path, const std::filesystem::path& relativeTo);
+
+/// The whole file as bytes. Throws Problem.
+std::string ReadFile(const std::filesystem::path& file);
+
+/// A temporary folder that is the current one while the host runs: the engine leaves two debug
+/// files in the current folder, and a batch must not litter the user's. Removed with the object.
+class ScratchFolder {
+public:
+    /// Throws Problem when no folder can be made.
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    /// The user's current folder, from which paths of the command line start.
+    const std::filesystem::path& Start() const { return start_; }
+    const std::filesystem::path& Path() const { return path_; }
+
+private:
+    std::filesystem::path start_;
+    std::filesystem::path path_;
+};
+
+/// The text for the engine. Throws Problem when the system's character set has no such letters.
+std::string ForEngine(const std::string& utf8);
+
+}  // namespace host

@@ -1,0 +1,57 @@
+// A recipe: everything that the desktop dialog would be told about one hand-over, read from TOML.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "CZorbFEAInformation.h"
+#include "host/CommandLine.h"
+#include "host/Names.h"
+#include "host/Problem.h"
+
+namespace host {
+
+/// An item that the user names, and for it an option's key or label, "on" or "off".
+struct Choice {
+    Origin origin;
+    std::int32_t itemId = 0;
+    std::string value;  ///< not yet compared with what the item has; empty in `required`
+};
+
+using ThreeNumbers = std::array<double, 3>;
+
+/// Texts are UTF-8, paths absolute. Values without an own entry in `origins` are defaults.
+struct Recipe {
+    std::string file;  ///< as the user named it
+    CZorbFEAInformation project;
+    std::int32_t solver = 0;
+    std::int32_t meshKind = 0;
+    bool quadraticElements = false;
+    bool annealing = false;
+    std::string mappedMesh;
+    std::string controlFolder;
+    std::string controlName;
+    std::string controlExtension = "cmi";
+    std::string outFolder;
+    std::vector<Choice> choices;
+    std::vector<Choice> required;                ///< must come out as 1 in the file
+    std::optional<ThreeNumbers> weldlineAngles;  ///< degrees; the engine's own when not given
+    std::optional<ThreeNumbers> reductionRates;  ///< fractions; likewise
+    std::optional<double> digimatAngle;          ///< degrees; likewise
+    std::map<std::string, Origin> origins;       ///< of the values that were given
+
+    Origin OriginOf(const std::string& key) const;
+};
+
+/// Reads a recipe whole, as changed by the command line, and adds all that is wrong with it to
+/// `problems`, in the order of its lines. With problems the result is not complete. The paths of
+/// recipe and command line start at `folder`.
+Recipe ReadRecipe(const std::string& file, const Options& options, const Names& names,
+                  const std::filesystem::path& folder, Problems& problems);
+
+}  // namespace host

@@ -1,0 +1,52 @@
+#include "host/Report.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace host {
+
+Json JsonDocument(const Options& options) {
+    constexpr int version = 1;
+    return {{"version", version}, {"command", options.command}};
+}
+
+Json JsonOf(const Problems& problems) {
+    Json list = Json::array();
+    for (const Problem& problem : problems) {
+        list.push_back({{"file", problem.place.file},
+                        {"line", problem.place.line},
+                        {"column", problem.place.column},
+                        {"message", problem.message},
+                        {"exitCode", static_cast<int>(problem.code)}});
+    }
+    return list;
+}
+
+void PrintJson(const Json& document) {
+    std::cout << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+std::string InOneLine(const Problem& problem) {
+    const auto& [file, line, column] = problem.place;
+    const std::string position =
+        line > 0 ? ":" + std::to_string(line) + ":" + std::to_string(column) : std::string();
+    return (file.empty() ? "zorbi2" : file) + position + ": " + problem.message;
+}
+
+ExitCode Report(const Problems& problems, const Options& options) {
+    ExitCode gravest = ExitCode::done;
+    for (const Problem& problem : problems) {
+        gravest = std::max(gravest, problem.code);
+        if (!options.json) {
+            std::cerr << InOneLine(problem) << '\n';
+        }
+    }
+    if (options.json) {
+        Json document = JsonDocument(options);
+        document["problems"] = JsonOf(problems);
+        PrintJson(document);
+    }
+    return gravest;
+}
+
+}  // namespace host

@@ -1,0 +1,212 @@
+#include "host/Session.h"
+
+#include <algorithm>
+#include <new>
+
+#include "CZorbI2WeldlineDataStatus.h"
+#include "engine/CZorbI2Engine.h"
+#include "host/HostPlatform.h"
+#include "host/Paths.h"
+
+namespace host {
+
+namespace {
+
+using Manager = CZorbI2EngineManager;
+using Info = CZorbFEAInformation;
+
+const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}};
+const Vocabulary meshWords = {{kMeshOriginal, MeshName(kMeshOriginal)},
+                              {kMeshDeformed, MeshName(kMeshDeformed)},
+                              {kMeshMapped, MeshName(kMeshMapped)},
+                              {kMesh3DMappingShell, MeshName(kMesh3DMappingShell)}};
+
+std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+std::vector<double> Given(const std::optional<ThreeNumbers>& given,
+                          const std::vector<double>& otherwise) {
+    return given ? std::vector<double>(given->begin(), given->end()) : otherwise;
+}
+
+/// What the recipe itself says, put over what the engine's data block says.
+void PutRecipe(const Recipe& recipe, CZorbI2CMIData& values) {
+    values.SolverName = SolverKeyword(recipe.solver);
+    values.SolverType = recipe.project.solverType;
+    values.ProjectType = recipe.project.projectType;
+    values.QuadraticElement = recipe.quadraticElements ? 1 : 0;
+    values.IsOriginalMesh = recipe.meshKind == kMeshOriginal;
+    values.IsMappedMesh = recipe.meshKind == kMeshMapped;
+    values.Is3DMappingShell = recipe.meshKind == kMesh3DMappingShell;
+    values.OutFolder = ForEngine(recipe.outFolder);
+    values.IsViewEditModelMapping = recipe.project.flags[Info::kViewEditAtStart];
+    values.DigimatWeldlineAngle = recipe.digimatAngle.value_or(values.DigimatWeldlineAngle);
+    if (recipe.weldlineAngles) {
+        std::ranges::copy(*recipe.weldlineAngles, values.WeldlineAngles);
+    }
+    if (recipe.reductionRates) {
+        std::ranges::copy(*recipe.reductionRates, values.ReductionRates);
+    }
+}
+
+}  // namespace
+
+Session::Session(const Recipe& recipe) : recipe_(recipe) {
+    Info project = recipe.project;
+    project.flags[Info::kBuildCatalogue] = 1;
+    project.projectName = ForEngine(project.projectName);
+    project.projectFolder = ForEngine(project.projectFolder);
+    if (!manager_.CreateEngine(&project) || !manager_.CreateCMIDataBlock() ||
+        !manager_.CreateCMIAccess()) {
+        throw std::bad_alloc();
+    }
+}
+
+const std::vector<OfferedItem>& Session::Offer(std::int32_t solver, std::int32_t meshKind) {
+    constexpr bool (Manager::*groups[])(int, CZorbI2Item*, CZorbI2ItemStatus*) = {
+        &Manager::GetPartPopItem, &Manager::GetPartInsertPopItem, &Manager::GetMoldBasePopItem};
+    manager_.SetEngineCurrentStatus(solver, meshKind, recipe_.quadraticElements ? 1 : 0,
+                                    recipe_.annealing ? 1 : 0);
+    manager_.SetPopItems();
+    manager_.HasPopItem();
+    offered_.clear();
+    OfferedItem next;
+    for (const auto getItem : groups) {
+        for (int position = 0; (manager_.*getItem)(position, &next.item, &next.status);
+             ++position) {
+            offered_.push_back(next);
+        }
+        ++next.group;
+    }
+    return offered_;
+}
+
+const OfferedItem* Session::Find(std::int32_t itemId) const {
+    const auto found = std::ranges::find_if(
+        offered_, [itemId](const OfferedItem& offered) { return offered.item.itemId == itemId; });
+    return found != offered_.end() ? &*found : nullptr;
+}
+
+std::string Session::NotOffered() const {
+    return "not offered for " + Engine().solverSlots[recipe_.solver]->name + " with mesh kind " +
+           Quoted(MeshName(recipe_.meshKind));
+}
+
+void Session::CheckTarget(Problems& problems) const {
+    const auto refuse = [&](const char* key, const std::string& text) {
+        problems.emplace_back(recipe_.OriginOf(key), text, ExitCode::notAvailable);
+    };
+    const auto& slots = Engine().solverSlots;
+    const SolverSlot* slot = slots[recipe_.solver].get();
+    if (slot == nullptr) {
+        Vocabulary offered;
+        for (const auto& other : slots) {
+            if (other) {
+                offered.Add(other->solverIndex, other->name);
+            }
+        }
+        return refuse("target.solver",
+                      Quoted(SolverKeyword(recipe_.solver)) +
+                          " is not offered for this project, only: " + offered.All());
+    }
+    if (!MeshesOf(*slot).Find(std::to_string(recipe_.meshKind))) {
+        refuse("target.mesh", Quoted(MeshName(recipe_.meshKind)) + " is not offered for " +
+                                  slot->name + " in this project, only: " + MeshesOf(*slot).All());
+    }
+    if (recipe_.quadraticElements && slot->elementTypes.size() == 1) {
+        refuse("target.quadratic_elements",
+               slot->name + " is offered in this project only with: " + slot->elementTypes[0]);
+    }
+}
+
+void Session::Choose(const Choice& choice, Problems& problems) {
+    const auto refuse = [&](const std::string& text, ExitCode code) {
+        problems.emplace_back(choice.origin, text, code);
+    };
+    const OfferedItem* offered = Find(choice.itemId);
+    if (offered == nullptr || offered->IsMissing()) {
+        return refuse(ReasonAgainst(choice.itemId), ExitCode::notAvailable);
+    }
+    const Vocabulary words = offered->IsSwitch() ? switchWords : Vocabulary(offered->item.options);
+    const std::optional<std::int32_t> number = words.Find(choice.value);
+    if (!number) {
+        refuse(Quoted(choice.value) + " is not one of: " + words.All(), ExitCode::badUsage);
+    } else if (!manager_.SetItemStatus(choice.itemId, *number, *number)) {
+        refuse("the engine refuses " + Quoted(choice.value), ExitCode::notAvailable);
+    }
+}
+
+void Session::SetWeldLines() {
+    CZorbI2WeldlineDataStatus record;
+    manager_.GetWeldlinePopData(recipe_.solver, &record);
+    manager_.SetWeldlineDataStatus(recipe_.solver,
+                                   Given(recipe_.weldlineAngles, record.WeldlineAngles),
+                                   Given(recipe_.reductionRates, record.ReductionRates));
+    manager_.SetWeldlineDataValue();
+    if (recipe_.digimatAngle) {
+        manager_.SetDigimatWeldlineData(*recipe_.digimatAngle);
+    }
+}
+
+Problems Session::ApplyRecipe() {
+    Problems problems;
+    CheckTarget(problems);
+    if (!problems.empty()) {
+        return problems;
+    }
+    Offer(recipe_.solver, recipe_.meshKind);
+    for (const Choice& choice : recipe_.choices) {
+        Choose(choice, problems);
+    }
+    manager_.SetItemsValue();
+    SetWeldLines();
+    Offer(recipe_.solver, recipe_.meshKind);  // now with the choices
+    return problems;
+}
+
+ControlFile Session::Write(const std::filesystem::path& folder, const std::string& extension) {
+    manager_.SetOutFolder(ForEngine(recipe_.outFolder));
+    manager_.SetMappedMeshFilePath(ForEngine(recipe_.mappedMesh));
+    manager_.SetCMIFileFullPath(ForEngine(Utf8Of(folder)), ForEngine(recipe_.controlName),
+                                recipe_.project.runNumber, ForEngine(extension));
+    manager_.WriteCMIFile(0);
+    std::vector<std::int32_t> itemIds;
+    for (const OfferedItem& offered : offered_) {
+        itemIds.push_back(offered.item.itemId);
+    }
+    ControlFile asked = FileOf(*manager_.GetZorbCMIData(), itemIds);
+    PutRecipe(recipe_, asked.values);
+    return asked;
+}
+
+std::string Session::ReasonAgainst(std::int32_t itemId) const {
+    const OfferedItem* offered = Find(itemId);
+    if (offered == nullptr) {
+        return NotOffered();
+    }
+    if (offered->IsMissing()) {
+        return "results missing: " + offered->Label();
+    }
+    return "the choice is " + Quoted(offered->IsSwitch() ? "off" : offered->Label());
+}
+
+Vocabulary MeshesOf(const SolverSlot& slot) {
+    Vocabulary meshes;
+    for (const std::string& label : slot.meshTypes) {
+        meshes.Add(meshWords.Find(label).value(), label);
+    }
+    return meshes;
+}
+
+std::filesystem::path ControlFilePath(const Recipe& recipe) {
+    Info bare;
+    Manager manager;
+    manager.CreateEngine(&bare);
+    manager.CreateCMIAccess();
+    manager.SetCMIFileFullPath(ForEngine(recipe.controlFolder), ForEngine(recipe.controlName),
+                               recipe.project.runNumber, ForEngine(recipe.controlExtension));
+    return PathOf(WithOwnSeparators(FromEngineText(manager.engine->cmiFileFullPath)));
+}
+
+}  // namespace host

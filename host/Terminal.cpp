@@ -1,0 +1,65 @@
+#include "host/Terminal.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+#include "host/HostPlatform.h"
+
+namespace host {
+
+namespace {
+
+bool StartsLetter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+}  // namespace
+
+Terminal::Terminal() {
+    constexpr std::size_t withoutTerminal = 80;
+    const char* noColour = std::getenv("NO_COLOR");
+    columns = TerminalColumns();
+    isTerminal = columns > 0;
+    hasColour = isTerminal && (noColour == nullptr || *noColour == '\0');
+    columns = isTerminal ? columns : withoutTerminal;
+}
+
+std::string Terminal::Coloured(const std::string& text, Colour colour) const {
+    return hasColour ? "\033[" + std::to_string(static_cast<int>(colour)) + "m" + text + "\033[0m"
+                     : text;
+}
+
+std::size_t WidthOf(const std::string& text) {
+    return std::ranges::count_if(text, StartsLetter);
+}
+
+std::string Padded(const std::string& text, std::size_t width) {
+    return text + std::string(width - std::min(width, WidthOf(text)), ' ');
+}
+
+std::string Clipped(const std::string& text, std::size_t width) {
+    std::size_t toDrop = WidthOf(text) <= width ? 0 : WidthOf(text) + 1 - width;
+    auto start = text.begin();
+    while (start != text.end() && (toDrop > 0 || !StartsLetter(*start))) {
+        toDrop -= StartsLetter(*start++) ? 1 : 0;
+    }
+    return start == text.begin() ? text : "\u2026" + std::string(start, text.end());
+}
+
+std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+    std::string lines;
+    std::size_t column = 0;
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        const bool fits = column + 1 + WidthOf(word) <= width;
+        if (column > 0) {
+            lines += fits ? " " : "\n" + std::string(indent, ' ');
+        }
+        column = (column > 0 && fits ? column + 1 : 0) + WidthOf(word);
+        lines += word;
+    }
+    return lines;
+}
+
+}  // namespace host

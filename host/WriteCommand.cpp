@@ -1,0 +1,254 @@
+// The command "write". A control file is written beside its place, read back and compared with
+// what was asked for; only then does it take the place of the old one.
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <map>
+
+#include "host/Commands.h"
+#include "host/HostPlatform.h"
+#include "host/Paths.h"
+#include "host/Report.h"
+#include "host/Session.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// One recipe on its way to its control file.
+struct Job {
+    Recipe recipe;
+    fs::path controlFile;
+    Problems problems;
+    std::string text;  ///< of the file
+};
+
+/// Removed at the end of the object's life, unless it has been moved away.
+struct TemporaryFile {
+    ~TemporaryFile() {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    }
+    fs::path path;
+};
+
+Problem CannotWrite(const Job& job, const std::string& reason) {
+    return {Place{}, Utf8Of(job.controlFile) + ": cannot be written: " + reason,
+            ExitCode::fileTrouble};
+}
+
+/// Tries what the engine did not manage, for the system's reason; empty when it goes well.
+std::string ReasonAgainstWriting(const fs::path& file) {
+    constexpr std::size_t moreThanAControlFile = 65536;
+    errno = 0;
+    std::ofstream stream(file, std::ios::binary);
+    stream << std::string(moreThanAControlFile, ' ') << std::flush;
+    return stream ? std::string() : std::strerror(errno);
+}
+
+/// The file, when it says what was asked for.
+ControlFile ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
+    std::error_code missing;
+    job.text = fs::exists(file, missing) ? ReadFile(file) : std::string();
+    std::vector<Fault> faults;
+    const ControlFile found = ReadControlFile(job.text, faults);
+    const std::vector<std::string> differences = Differences(asked, found);
+    if (faults.empty() && differences.empty()) {
+        return found;
+    }
+    const std::string reason = ReasonAgainstWriting(file);
+    const std::string what =
+        faults.empty() ? differences[0]
+                       : "line " + std::to_string(faults[0].line) + ": " + faults[0].message;
+    throw CannotWrite(job, reason.empty() ? "not what was asked for: " + what : reason);
+}
+
+void CheckRecipe(const Recipe& recipe) {
+    const std::string& folder = recipe.project.projectFolder;
+    std::error_code error;
+    if (!fs::is_directory(PathOf(folder), error)) {
+        throw Problem(recipe.OriginOf("project.folder"),
+                      folder + ": " + (error ? error.message() : "not a folder"),
+                      ExitCode::fileTrouble);
+    }
+    const bool isMapped = recipe.meshKind == kMeshMapped || recipe.meshKind == kMesh3DMappingShell;
+    if (isMapped && recipe.mappedMesh.empty()) {
+        throw Problem(recipe.OriginOf("target.mesh"),
+                      "\"" + MeshName(recipe.meshKind) + "\" needs target.mapped_mesh, its path",
+                      ExitCode::badUsage);
+    }
+}
+
+void CheckRequired(Job& job, const Session& session, const ControlFile& found) {
+    for (const Choice& required : job.recipe.required) {
+        const bool isOutput = std::ranges::any_of(found.items, [&required](const ItemLine& line) {
+            return line.itemId == required.itemId && line.value == 1;
+        });
+        if (!isOutput) {
+            job.problems.emplace_back(required.origin,
+                                      ShortName(required.itemId) + " is not output: " +
+                                          session.ReasonAgainst(required.itemId),
+                                      ExitCode::notAvailable);
+        }
+    }
+}
+
+void WriteControlFile(const Surroundings& host, Job& job) {
+    CheckRecipe(job.recipe);
+    Session session(job.recipe);
+    job.problems = session.ApplyRecipe();
+    if (!job.problems.empty()) {
+        return;
+    }
+    const std::string mark = "." + Utf8Of(host.scratch.Path().filename());
+    const fs::path name = job.controlFile.filename() += mark;
+    const fs::path folder =
+        host.options.dryRun ? host.scratch.Path() : job.controlFile.parent_path();
+    const TemporaryFile file{folder / name};
+    const ControlFile asked = session.Write(folder, job.recipe.controlExtension + mark);
+    CheckRequired(job, session, ReadBack(job, file.path, asked));
+    if (job.problems.empty() && !host.options.dryRun) {
+        std::error_code error;
+        fs::rename(file.path, job.controlFile, error);
+        if (error) {
+            throw CannotWrite(job, error.message());
+        }
+    }
+}
+
+/// Does one step of a job, unless an earlier one failed.
+void Attempt(Job& job, const std::function<void()>& step) {
+    try {
+        if (job.problems.empty()) {
+            step();
+        }
+    } catch (const Problem& problem) {
+        job.problems.push_back(problem);
+    } catch (const std::exception& error) {
+        job.problems.emplace_back(Place{}, error.what(), ExitCode::fileTrouble);
+    }
+    for (Problem& problem : job.problems) {
+        problem.place.file = job.recipe.file;
+    }
+}
+
+std::vector<Job> ReadJobs(const Surroundings& host) {
+    std::vector<Job> jobs;
+    for (const std::string& file : host.options.files) {
+        Job& job = jobs.emplace_back();
+        job.recipe.file = file;
+        Attempt(job, [&] {
+            job.recipe =
+                ReadRecipe(file, host.options, host.names, host.scratch.Start(), job.problems);
+            job.controlFile = ControlFilePath(job.recipe);
+        });
+    }
+    return jobs;
+}
+
+void RefuseSameFile(std::vector<Job>& jobs) {
+    std::map<std::string, std::vector<Job*>> writers;
+    for (Job& job : jobs) {
+        if (job.problems.empty()) {
+            writers[FileIdentity(job.controlFile)].push_back(&job);
+        }
+    }
+    for (auto& [file, sharers] : writers) {
+        for (std::size_t number = 0; sharers.size() > 1 && number < sharers.size(); ++number) {
+            const Job& other = *sharers[number == 0 ? 1 : 0];
+            sharers[number]->problems.emplace_back(
+                Place{sharers[number]->recipe.file},
+                Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write it too",
+                ExitCode::badUsage);
+        }
+    }
+}
+
+/// The engine keeps the shot file of each run open until the process ends.
+void CheckOpenFileLimit(std::size_t recipes) {
+    const std::size_t possible = RaiseOpenFileLimit();
+    if (recipes > possible) {
+        throw Problem(Place{},
+                      std::to_string(recipes) +
+                          " recipes are too many for one call, because each "
+                          "leaves a file open; nothing was written; possible are " +
+                          std::to_string(possible),
+                      ExitCode::fileTrouble);
+    }
+}
+
+/// One line for each job, or one line for all on a terminal.
+void ShowProgress(const Surroundings& host, const Job& job, const std::string& count, bool isDone) {
+    const bool isOnlyOne = host.options.files.size() == 1;
+    const bool isLive = host.terminal.isTerminal && !isOnlyOne && !host.options.dryRun;
+    if (host.options.json || (host.options.quiet && !host.options.dryRun)) {
+        return;
+    }
+    if (isLive) {
+        std::cout << "\r\033[K" << count
+                  << (isDone ? ""
+                             : Clipped(job.recipe.file, host.terminal.columns - count.size() - 1))
+                  << std::flush;
+    } else if (isDone && !job.problems.empty()) {
+        std::cout << (isOnlyOne ? "" : "failed   " + InOneLine(job.problems[0]) + "\n");
+    } else if (isDone && host.options.dryRun) {
+        std::cout << (isOnlyOne ? "" : "==> " + Utf8Of(job.controlFile) + " <==\n") << job.text;
+    } else if (isDone) {
+        std::cout << "wrote    " << Utf8Of(job.controlFile) << '\n';
+    }
+}
+
+Json JsonOf(const Job& job, bool isDryRun) {
+    const bool isDone = job.problems.empty();
+    Json entry = {{"recipe", job.recipe.file},
+                  {"controlFile", Utf8Of(job.controlFile)},
+                  {"status", !isDone    ? "failed"
+                             : isDryRun ? "shown"
+                                        : "written"},
+                  {"problems", JsonOf(job.problems)}};
+    if (isDone && isDryRun) {
+        entry["text"] = FromEngineText(job.text);
+    }
+    return entry;
+}
+
+}  // namespace
+
+ExitCode RunWrite(const Surroundings& host) {
+    std::vector<Job> jobs = ReadJobs(host);
+    RefuseSameFile(jobs);
+    CheckOpenFileLimit(jobs.size());
+    Problems all;
+    std::size_t done = 0;
+    Json list = Json::array();
+    for (Job& job : jobs) {
+        const std::string count =
+            "[" + std::to_string(&job - jobs.data() + 1) + "/" + std::to_string(jobs.size()) + "] ";
+        ShowProgress(host, job, count, false);
+        Attempt(job, [&] { WriteControlFile(host, job); });
+        ShowProgress(host, job, count, true);
+        done += job.problems.empty() ? 1 : 0;
+        all.insert(all.end(), job.problems.begin(), job.problems.end());
+        if (host.options.json) {
+            list.push_back(JsonOf(job, host.options.dryRun));
+        }
+        job = Job();  // thousands of them need not stay
+    }
+    if (host.options.json) {
+        Json document = JsonDocument(host.options);
+        document["recipes"] = std::move(list);
+        PrintJson(document);
+    } else if (jobs.size() > 1 && !host.options.quiet) {
+        std::cout << (host.terminal.isTerminal ? "\r\033[K" : "") << done
+                  << (host.options.dryRun ? " shown, " : " written, ") << jobs.size() - done
+                  << " failed" << std::endl;
+    }
+    return Report(all, host.options);
+}
+
+}  // namespace host

@@ -1,0 +1,94 @@
+"""Runs zorbi2 for the tests, in folders of their own."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+PROGRAM = os.environ["ZORBI2_PROGRAM"]
+EMULATOR = [part for part in os.environ.get("ZORBI2_EMULATOR", "").split(";") if part]
+ON_WINDOWS = PROGRAM.endswith(".exe")
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+EXAMPLE = ROOT / "examples" / "cover"
+EXPECTED = pathlib.Path(__file__).resolve().parent / "expected"
+
+RESULT_FILES = [".o2w", ".k5o", ".k5f", ".k5p", ".k5c", ".k5w", ".rsf", "_medi.crp"]
+
+PROJECT = """[project]
+name = "Cover"
+run = 2
+folder = "Run02"
+fiber_results = true
+"""
+TARGET = """[target]
+solver = "ANSYS"
+mesh = "original"
+"""
+
+
+def own_path(path):
+    """A path as the program shows it."""
+    if not ON_WINDOWS:
+        return str(path)
+    return "Z:" + str(path).replace("/", "\\") if EMULATOR else str(path)
+
+
+def as_on_disk(text):
+    """The bytes that a text file of the engine has on this system."""
+    return text.replace(b"\n", b"\r\n") if ON_WINDOWS else text
+
+
+def run(*arguments, cwd=None, environment=None, **others):
+    """The finished process, with its output as text; `output` is the same as bytes."""
+    for stream in ("stdout", "stderr"):
+        others.setdefault(stream, subprocess.PIPE)
+    values = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+    values["WINEDEBUG"] = "-all"
+    values.update(environment or {})
+    done = subprocess.run([*EMULATOR, PROGRAM, *map(str, arguments)], cwd=cwd, env=values,
+                          check=False, **others)
+    done.output = done.stdout
+    for stream in ("stdout", "stderr"):
+        if isinstance(getattr(done, stream), bytes):
+            setattr(done, stream, getattr(done, stream).decode("utf-8"))
+    return done
+
+
+class ProgramTest(unittest.TestCase):
+    """A test with a folder in which a run and recipes can stand."""
+
+    maxDiff = None
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="zorbi2 test ")).resolve()
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+
+    def make_run(self, name="Cover02", folder="Run02", files=None):
+        """A run folder with empty result files."""
+        path = self.folder / folder
+        path.mkdir(parents=True, exist_ok=True)
+        for ending in RESULT_FILES if files is None else files:
+            (path / (name + ending)).write_text("1004\n" if ending.endswith("k5o") else "")
+        return path
+
+    def make_recipe(self, text=PROJECT + TARGET, name="cover.toml"):
+        (self.folder / name).write_bytes(text if isinstance(text, bytes) else text.encode("utf-8"))
+        return name
+
+    def run_program(self, *arguments, **others):
+        others.setdefault("cwd", self.folder)
+        return run(*arguments, **others)
+
+    def check(self, done, code, stdout=None, stderr=""):
+        """Exit code, and the streams where they are told."""
+        self.assertEqual((done.returncode, done.stderr if stderr is not None else None),
+                         (code, stderr), done.stdout)
+        if stdout is not None:
+            self.assertEqual(done.stdout, stdout)
+
+    def files(self):
+        """All files in the folder, by their path in it."""
+        return sorted(str(path.relative_to(self.folder)).replace("\\", "/")
+                      for path in self.folder.rglob("*") if path.is_file())
