@@ -17,3 +17,7 @@ install(EXPORT ZorbI2Engine FILE ZorbI2EngineConfig.cmake DESTINATION ${package_
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/ZorbI2EngineConfigVersion.cmake
                                  COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/ZorbI2EngineConfigVersion.cmake DESTINATION ${package_dir})
+
+set(CPACK_PACKAGE_VENDOR "ZorbI2Engine maintainers")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Hand-over of moulding results to structural solvers")
+include(CPack)
