@@ -17,9 +17,10 @@ TEST(PlatformCalls, AreTheSystemsOwnUntilATestReplacesThem) {
 
 TEST(PlatformCalls, ReplacedEntryIsUsedUntilItIsPutBack) {
     const support::TemporaryFolder folder;
+    folder.MakeFile("Cover03.k5o", "1004");
     const platform::Calls before = platform::CurrentCalls();
     platform::CurrentCalls().pathExists = [](const char*) { return false; };
-    EXPECT_FALSE(platform::PathExists(folder.EnginePath("")));
+    EXPECT_FALSE(platform::PathExists(folder.EnginePath("Cover03.k5o")));
     platform::CurrentCalls() = before;
-    EXPECT_TRUE(platform::PathExists(folder.EnginePath("")));
+    EXPECT_TRUE(platform::PathExists(folder.EnginePath("Cover03.k5o")));
 }

@@ -166,6 +166,15 @@ TEST(ShotFile, StartAndEndAreFoundByTheirExactCase) {
     EXPECT_EQ(ReadOpenBlock("</solid_mcm>\nFlagPrevShot=1\n"), (Values{1, before.run}));
 }
 
+TEST(ShotFile, StartAndEndAreFoundWholeOnly) {
+    for (const char* line : {"SOLID_MCM>", "<SOLID_MCM", "<SOLID_MCM />", "< SOLID_MCM>"}) {
+        EXPECT_EQ(Read(line + "\nFlagPrevShot=1\n"s), before) << line;
+    }
+    for (const char* line : {"/SOLID_MCM>", "</SOLID_MCM", "</SOLID_MCM >", "<\\SOLID_MCM>"}) {
+        EXPECT_EQ(ReadOpenBlock(line + "\nFlagPrevShot=1\n"s), (Values{1, before.run})) << line;
+    }
+}
+
 TEST(ShotFile, BlocksDoNotNest) {
     EXPECT_EQ(Read("<SOLID_MCM>\n<SOLID_MCM>\nFlagPrevShot=1\n</SOLID_MCM>\nValueShotRunID=2\n"),
               (Values{1, before.run}));
