@@ -24,10 +24,14 @@ struct CheckRequest {
 /// JSON, on `out` (`err` stays empty; `show` and `quiet` change nothing; bytes that are not UTF-8
 /// become U+FFFD):
 ///     {"version": 1, "command": "check", "files": [
-///         {"file": "a.cmi", "ok": true, "faults": [], "asks": {...}},
+///         {"file": "a.cmi", "ok": true, "faults": [], "asks":
+///             {"solver": "ANSYS", "mesh": "deformed", "values":
+///                 {"FileVersion": 9064, "OutFolder": "D:\\Out", ... "IsRunnerOutput": 0, ...
+///                  "[MAP DOMAIN] SegmentX": 80, ... "[REDUCTION RATE] ReductionRate3": 0.95}}},
 ///         {"file": "b.cmi", "ok": false, "faults": [{"line": 5, "message": "..."}], "asks": null},
 ///         {"file": "c.cmi", "ok": false, "faults": [], "asks": null, "error": "REASON"}]}
-/// "error" stands only where a file cannot be read.
+/// "values" bears the names of NamedValue; items without a line are left out. "error" stands only
+/// where a file cannot be read.
 ///
 /// Returns the exit code: 0 all fine; 1 faults found; 3 a file cannot be read, faults or not. The
 /// state of the streams is the caller's to look at.

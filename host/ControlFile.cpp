@@ -139,7 +139,9 @@ std::vector<NamedValue> ValuesOf(const ControlFile& file) {
         const std::string key(layout::KeyOf(row.format));
         const layout::Place place = row.place(values);
         if (std::holds_alternative<std::monostate>(place)) {
-            section = row.format.starts_with('[') && row.format != "[HEADER]" ? key + ' ' : "";
+            if (row.format.starts_with('[')) {
+                section = row.format == "[HEADER]" ? "" : key + ' ';
+            }
             continue;
         }
         const bool hasLine =

@@ -56,12 +56,26 @@ std::optional<std::string_view> ValueIn(std::string_view line, std::string_view 
     return line.substr(before, line.size() - before - after.size());
 }
 
-std::string Expected(std::string_view format, std::string_view line) {
+/// The format with words in the place of the value.
+std::string Shown(std::string_view format) {
     std::string text(format);
     if (const std::size_t value = text.find('%'); value != none) {
-        text.replace(value, 2, text[value + 1] == 's' ? "..." : "N");
+        const bool isTag = text.front() == '[';
+        text.replace(value, 2, isTag ? "SOLVER" : text[value + 1] == 's' ? "..." : "N");
     }
-    return "expected " + Quoted(text) + ", found " + Quoted(line);
+    return Quoted(text);
+}
+
+std::string Expected(std::string_view format, std::string_view line) {
+    std::string message = "expected " + Shown(format) + ", found " + Quoted(line);
+    if (format == layout::solverHead) {
+        std::string separator = "; SOLVER is one of ";
+        for (const layout::Solver& solver : std::span(layout::solvers).subspan(1)) {
+            message += separator + std::string(solver.keyword);
+            separator = ", ";
+        }
+    }
+    return message;
 }
 
 /// Stores a value as far as it can be understood.
@@ -85,11 +99,15 @@ std::string ComplaintAbout(std::string_view text, const Row& row, const layout::
     const bool isNoNumber = isDecimal && (text.size() < 4 || text[text.size() - 4] != '.');
     if (layout::Printed(place) != text || isNoNumber) {  // no "+1", no "01", no "inf"
         return isDecimal ? "a number with three decimals belongs here"
-                         : "a whole number belongs here";
+                         : "a plain whole number (32 bits) belongs here";
     }
     if (number != nullptr && (**number < row.lowest || **number > row.highest)) {
-        return "allowed is " + std::to_string(row.lowest) +
-               (row.lowest < row.highest ? " to " + std::to_string(row.highest) : "");
+        std::string allowed = "allowed is " + std::to_string(row.lowest);
+        if (row.lowest < row.highest) {
+            allowed += row.lowest + 1 == row.highest ? " or " : " to ";
+            allowed += std::to_string(row.highest);
+        }
+        return allowed;
     }
     return {};
 }
@@ -154,15 +172,13 @@ private:
 
     bool IsLineOf(std::size_t line, std::size_t row) const { return IsKeyOf(keys_[line], row); }
 
-    static std::size_t RowAfter(std::size_t row) { return IsItem(rows[row]) ? row : row + 1; }
-
     /// Returns the number of pairs.
     std::size_t Pair() {
         // most[i][j]: how many pairs can be made of the lines from i on and the rows from j on.
         std::vector<std::array<std::size_t, rows.size() + 1>> most(lines_.size() + 1);
         for (std::size_t i = lines_.size(); i-- > 0;) {
             for (std::size_t j = rows.size(); j-- > 0;) {
-                most[i][j] = IsLineOf(i, j) ? 1 + most[i + 1][RowAfter(j)]
+                most[i][j] = IsLineOf(i, j) ? 1 + most[i + 1][j + 1]
                                             : std::max(most[i + 1][j], most[i][j + 1]);
             }
         }
@@ -170,13 +186,20 @@ private:
         lineOfRow_.fill(none);
         std::size_t row = 0;
         for (std::size_t line = 0; line < lines_.size(); ++line) {
-            while (most[line][row] > most[line + 1][row] && !IsLineOf(line, row)) {
+            const std::size_t before = line > 0 ? rowOfLine_[line - 1] : none;
+            if (before != none && IsItem(rows[before]) && IsLineOf(line, before)) {
+                rowOfLine_[line] = before;  // an item's line may stand twice
+                continue;
+            }
+            while (row < rows.size() && !IsLineOf(line, row) &&
+                   (most[line][row] > most[line + 1][row] ||
+                    (IsOptional(rows[row]) && most[line][row] == most[line][row + 1]))) {
                 ++row;
             }
             if (row < rows.size() && IsLineOf(line, row)) {
                 rowOfLine_[line] = row;
                 lineOfRow_[row] = line;
-                row = RowAfter(row);
+                ++row;
             }
         }
         return most[0][0];
@@ -221,7 +244,8 @@ private:
             if (!reason.empty()) {
                 Add(line, Quoted(keys_[line]) + reason);
             } else if (missingRows.empty()) {
-                Add(line, Quoted(lines_[line]) + " does not belong here");
+                Add(line, (lines_[line].empty() ? "an empty line" : Quoted(lines_[line])) +
+                              " does not belong here");
             } else {
                 Add(line, Expected(rows[missingRows.front()].format, lines_[line]));
                 missingRows = missingRows.subspan(1);
@@ -234,7 +258,7 @@ private:
         if (!missingRows.empty()) {
             const std::size_t others = missingRows.size() - 1;
             Add(end,
-                Quoted(rowKeys[missingRows.front()]) +
+                Shown(rowKeys[missingRows.front()]) +
                     (others == 0 ? " is" : " and " + std::to_string(others) + " more lines are") +
                     " missing here");
         }
@@ -248,19 +272,18 @@ private:
                 continue;
             }
             if (lineOfRow_[row] == none) {
-                return " is out of place; it belongs below line " + std::to_string(LineAbove(row));
+                return " is out of place; it belongs " + PlaceOf(row);
             }
-            reason = " stands here once more, besides line " + std::to_string(lineOfRow_[row] + 1);
+            reason = " stands here and in line " + std::to_string(lineOfRow_[row] + 1);
         }
         return reason;
     }
 
-    /// Number from 1 of the line that stands above a row's place; 0 at the top.
-    std::size_t LineAbove(std::size_t row) const {
+    std::string PlaceOf(std::size_t row) const {
         while (row > 0 && lineOfRow_[row - 1] == none) {
             --row;
         }
-        return row > 0 ? lineOfRow_[row - 1] + 1 : 0;
+        return row > 0 ? "below line " + std::to_string(lineOfRow_[row - 1] + 1) : "at the top";
     }
 
     // ---- Values ---------------------------------------------------------------------------
@@ -336,7 +359,7 @@ private:
                 "exactly one mesh kind must be 1 (none for the annealed deformed mesh)");
         Require(layout::UsesMapFile(v) || v.MapFile == " ",
                 {"MapFile", "IsMappedMesh", "Is3DMappingShell"},
-                "it is one blank when the mesh is not mapped");
+                "allowed is one blank, for the mesh is not mapped");
         Require(v.IDCompositeModel == -2 || (v.IDCompositeModel >= 0 && v.IDCompositeModel <= 2),
                 {"IDCompositeModel"}, "allowed is 0 to 2, and -2 when results are missing");
         Require((v.DensityReduction >= 2 && v.DensityReduction <= 10) ||

@@ -1,0 +1,304 @@
+// What the reader of control files says about damaged ones: all faults of each, with their lines.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "host/ControlFile.h"
+#include "tests/host/SampleControlFile.h"
+
+namespace {
+
+using samples::Joined;
+using samples::Lines;
+using samples::SampleLines;
+
+using Damage = std::function<void(Lines& lines)>;
+using Faults = std::vector<std::string>;
+
+struct DamagedFile {
+    std::string name;
+    Damage damage;
+    Faults expected;  ///< "LINE: message"
+};
+
+void PrintTo(const DamagedFile& file, std::ostream* out) {
+    *out << file.name;
+}
+
+// Line numbers count from 1, as in the messages.
+
+Damage Replace(std::size_t line, const std::string& text) {
+    return [=](Lines& lines) { lines[line - 1] = text; };
+}
+
+Damage Remove(std::size_t first, std::size_t last) {
+    return [=](Lines& lines) {
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(first - 1),
+                    lines.begin() + static_cast<std::ptrdiff_t>(last));
+    };
+}
+
+Damage InsertBefore(std::size_t line, const Lines& texts) {
+    return [=](Lines& lines) {
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(line - 1), texts.begin(),
+                     texts.end());
+    };
+}
+
+Damage Swap(std::size_t left, std::size_t right) {
+    return [=](Lines& lines) { std::swap(lines[left - 1], lines[right - 1]); };
+}
+
+/// Takes a line out and puts it before another one; numbers as before.
+Damage Move(std::size_t from, std::size_t before) {
+    return [=](Lines& lines) {
+        const std::string text = lines[from - 1];
+        InsertBefore(before, {text})(lines);
+        Remove(from < before ? from : from + 1, from < before ? from : from + 1)(lines);
+    };
+}
+
+Damage Both(const Damage& first, const Damage& second) {
+    return [=](Lines& lines) {
+        first(lines);
+        second(lines);
+    };
+}
+
+Faults FaultsOf(const std::string& text) {
+    std::vector<host::Fault> faults;
+    host::ReadControlFile(text, faults);
+    Faults found;
+    for (const host::Fault& fault : faults) {
+        found.push_back(std::to_string(fault.line) + ": " + fault.message);
+    }
+    return found;
+}
+
+class ControlFileDamage : public testing::TestWithParam<DamagedFile> {};
+
+TEST_P(ControlFileDamage, IsFoundOnItsLine) {
+    Lines lines = SampleLines();
+    GetParam().damage(lines);
+    EXPECT_EQ(GetParam().expected, FaultsOf(Joined(lines)));
+}
+
+// clang-format off
+const DamagedFile damagedFiles[] = {
+    // The text of a line
+    {"TitleMisspelt", Replace(1, "I2-Output Control Parameters File"),
+     {R"(1: expected "I2-Output Control Parameter File", found "I2-Output Control Parameters File")"}},
+    {"TitleMissing", Remove(1, 1),
+     {R"(1: "I2-Output Control Parameter File" is missing here)"}},
+    {"FileVersionOfAnotherFormat", Replace(2, "FileVersion = 9063"),
+     {R"(2: "FileVersion" is "9063"; allowed is 9064)"}},
+    {"FileVersionNoNumber", Replace(2, "FileVersion = V9064"),
+     {R"(2: "FileVersion" is "V9064"; a plain whole number (32 bits) belongs here)"}},
+    {"TagMisspelt", Replace(29, "[MAP DOMIAN]"),
+     {R"(29: expected "[MAP DOMAIN]", found "[MAP DOMIAN]")"}},
+    {"TagWithSlashInsteadOfBackslash", Replace(33, "[/MAP DOMAIN] "),
+     {R"(33: expected "[\MAP DOMAIN] ", found "[/MAP DOMAIN] ")"}},
+    {"ClosingTagWithoutItsBlank", Replace(33, "[\\MAP DOMAIN]"),
+     {R"(33: expected "[\MAP DOMAIN] ", found "[\MAP DOMAIN]")"}},
+    {"ClosingTagWithABlankTooMany", Replace(47, "[\\PARTINSERT MATERIAL REDUCTION] "),
+     {R"(47: expected "[\PARTINSERT MATERIAL REDUCTION]", found "[\PARTINSERT MATERIAL REDUCTION] ")"}},
+    {"OpeningTagWithATrailingBlank", Replace(3, "[HEADER] "),
+     {R"(3: expected "[HEADER]", found "[HEADER] ")"}},
+    {"SolverTagWithoutItsBlank", Replace(10, "[MSCNASTRAN]"),
+     {R"(10: expected "[SOLVER] ", found "[MSCNASTRAN]"; SOLVER is one of ANSYS, ABAQUS, MSCNASTRAN, NENASTRAN, LSDYNA, MARC, NXNASTRAN, RADIOSS, WORKBENCH)"}},
+    {"KeyInAnotherCase", Replace(30, "segmentX = 80 (1~100)"),
+     {"30: expected \"SegmentX = N (1~100)\", found \"segmentX = 80 (1~100)\""}},
+    {"KeyIndented", Replace(30, " SegmentX = 80 (1~100)"),
+     {"30: expected \"SegmentX = N (1~100)\", found \" SegmentX = 80 (1~100)\""}},
+    {"NoBlankBeforeTheValue", Replace(30, "SegmentX =80 (1~100)"),
+     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX =80 (1~100)\""}},
+    {"TwoBlanksBeforeTheValue", Replace(30, "SegmentX =  80 (1~100)"),
+     {R"(30: "SegmentX" is " 80"; a plain whole number (32 bits) belongs here)"}},
+    {"PrintedRangeChanged", Replace(30, "SegmentX = 80 (1~200)"),
+     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX = 80 (1~200)\""}},
+    {"PrintedRangeMissing", Replace(30, "SegmentX = 80"),
+     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX = 80\""}},
+    {"TrailingBlank", Replace(30, "SegmentX = 80 (1~100) "),
+     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX = 80 (1~100) \""}},
+    {"ItemPaddedWithBlanksInsteadOfTabs", Replace(22, "DigimatWeldlineOutput =         0   (0:off,1:on)"),
+     {"22: expected \"DigimatWeldlineOutput =\\t\\tN   (0:off,1:on)\", found \"DigimatWeldlineOutput =         0   (0:off,1:on)\""}},
+    {"ItemPaddingTooShort", Replace(18, "IsRunnerOutput = 0   (0:off,1:on)"),
+     {"18: expected \"IsRunnerOutput =                N   (0:off,1:on)\", found \"IsRunnerOutput = 0   (0:off,1:on)\""}},
+    {"MapFileWithoutItsBlanks", Replace(5, "MapFile ="),
+     {R"(5: expected "MapFile = ...", found "MapFile =")"}},
+    {"MapFileWithOneBlank", Replace(5, "MapFile = "),
+     {R"(5: "MapFile" is ""; allowed is one blank, for the mesh is not mapped)"}},
+    // Values
+    {"SegmentBelowTheRange", Replace(30, "SegmentX = 0 (1~100)"),
+     {R"(30: "SegmentX" is "0"; allowed is 1 to 100)"}},
+    {"SegmentAboveTheRange", Replace(32, "SegmentZ = 101 (1~100)"),
+     {R"(32: "SegmentZ" is "101"; allowed is 1 to 100)"}},
+    {"ThetaSegmentAboveTheRange", Replace(36, "FiberThetaYSegment = 31 (1~30)"),
+     {R"(36: "FiberThetaYSegment" is "31"; allowed is 1 to 30)"}},
+    {"StrengthSegmentAboveTheRange", Replace(38, "FiberStrengthXSegment = 21 (1~20)"),
+     {R"(38: "FiberStrengthXSegment" is "21"; allowed is 1 to 20)"}},
+    {"InsertStrengthSegmentAboveTheRange", Replace(46, "FiberStrengthYSegment = 6 (1~5)"),
+     {R"(46: "FiberStrengthYSegment" is "6"; allowed is 1 to 5)"}},
+    {"InsertThetaSegmentNegative", Replace(42, "FiberThetaXSegment = -8 (1~30)"),
+     {R"(42: "FiberThetaXSegment" is "-8"; allowed is 1 to 30)"}},
+    {"DensityReductionOfOne", Replace(49, "DensityReduction = 1 (2~10)"),
+     {R"(49: "DensityReduction" is "1"; allowed is 2 to 10, and 0 when density reduction is off)"}},
+    {"DensityReductionAboveTheRange", Replace(49, "DensityReduction = 11 (2~10)"),
+     {R"(49: "DensityReduction" is "11"; allowed is 2 to 10, and 0 when density reduction is off)"}},
+    {"DensityReductionOfZeroThoughOn", Replace(49, "DensityReduction = 0 (2~10)"),
+     {R"(49: "DensityReduction" is "0"; allowed is 2 to 10, and 0 when density reduction is off)"}},
+    {"OnOffValueOfTwo", Replace(16, "IsViewEditModelMapping = 2 (0:off,1:on)"),
+     {R"(16: "IsViewEditModelMapping" is "2"; allowed is 0 or 1)"}},
+    {"ItemValueOfTwo", Replace(18, "IsRunnerOutput =                2   (0:off,1:on)"),
+     {R"(18: "IsRunnerOutput" is "2"; allowed is 0 or 1)"}},
+    {"ItemValueInWords", Replace(18, "IsRunnerOutput =                on   (0:off,1:on)"),
+     {R"(18: "IsRunnerOutput" is "on"; a plain whole number (32 bits) belongs here)"}},
+    {"NumberWithPlusSign", Replace(6, "SolverType = +1"),
+     {R"(6: "SolverType" is "+1"; a plain whole number (32 bits) belongs here)"}},
+    {"NumberWithLeadingZero", Replace(7, "ProjectType = 06"),
+     {R"(7: "ProjectType" is "06"; a plain whole number (32 bits) belongs here)"}},
+    {"NumberWithDecimals", Replace(8, "QuadraticElement = 1.0 (0:off,1:on)"),
+     {R"(8: "QuadraticElement" is "1.0"; a plain whole number (32 bits) belongs here)"}},
+    {"NumberMissing", Replace(7, "ProjectType = "),
+     {R"(7: "ProjectType" is ""; a plain whole number (32 bits) belongs here)"}},
+    {"NumberTooLarge", Replace(7, "ProjectType = 2147483648"),
+     {R"(7: "ProjectType" is "2147483648"; a plain whole number (32 bits) belongs here)"}},
+    {"CompositeModelUnknown", Replace(9, "IDCompositeModel = 3"),
+     {R"(9: "IDCompositeModel" is "3"; allowed is 0 to 2, and -2 when results are missing)"}},
+    {"CompositeModelOfMinusOne", Replace(9, "IDCompositeModel = -1"),
+     {R"(9: "IDCompositeModel" is "-1"; allowed is 0 to 2, and -2 when results are missing)"}},
+    {"FirstAngleNotZero", Replace(52, "WeldlineAngle1 = 15.000"),
+     {R"(52: expected "WeldlineAngle1 = 0.000", found "WeldlineAngle1 = 15.000")"}},
+    {"AngleWithTwoDecimals", Replace(53, "WeldlineAngle2 = 30.00"),
+     {R"(53: "WeldlineAngle2" is "30.00"; a number with three decimals belongs here)"}},
+    {"AngleWithDecimalComma", Replace(53, "WeldlineAngle2 = 30,000"),
+     {R"(53: "WeldlineAngle2" is "30,000"; a number with three decimals belongs here)"}},
+    {"AngleWithExponent", Replace(53, "WeldlineAngle2 = 3e1"),
+     {R"(53: "WeldlineAngle2" is "3e1"; a number with three decimals belongs here)"}},
+    {"AngleNotANumber", Replace(58, "WeldlineAngle = nan"),
+     {R"(58: "WeldlineAngle" is "nan"; a number with three decimals belongs here)"}},
+    {"AngleInfinite", Replace(58, "WeldlineAngle = -inf"),
+     {R"(58: "WeldlineAngle" is "-inf"; a number with three decimals belongs here)"}},
+    {"RateWithoutAWholePart", Replace(61, "ReductionRate1 = .800"),
+     {R"(61: "ReductionRate1" is ".800"; a number with three decimals belongs here)"}},
+    {"NulByteInAPath", Replace(4, std::string("OutFolder = D:\0x", 16)),
+     {R"(4: "OutFolder" is "D:?x"; it holds a NUL byte)"}},
+    {"ControlBytesAreNotEchoed", Replace(30, "SegmentX = \x1b[31m80 (1~100)"),
+     {R"(30: "SegmentX" is "?[31m80"; a plain whole number (32 bits) belongs here)"}},
+    // Lines that contradict each other
+    {"SolverUnknown", Replace(10, "[FOO] "),
+     {R"(10: expected "[SOLVER] ", found "[FOO] "; SOLVER is one of ANSYS, ABAQUS, MSCNASTRAN, NENASTRAN, LSDYNA, MARC, NXNASTRAN, RADIOSS, WORKBENCH)"}},
+    {"SolverBlockClosedForAnother", Replace(27, "[ANSYS_EOF]"),
+     {R"(27: expected "[MSCNASTRAN_EOF]", found "[ANSYS_EOF]")"}},
+    {"SolverBlockOpenedForAnother", Replace(10, "[ABAQUS] "),
+     {R"(27: expected "[ABAQUS_EOF]", found "[MSCNASTRAN_EOF]")"}},
+    {"NoMeshKind", Replace(12, "IsDeformedMesh = 0 (0:off,1:on)"),
+     {R"(11: "IsOriginalMesh" is "0"; exactly one mesh kind must be 1 (none for the annealed deformed mesh))"}},
+    {"TwoMeshKinds", Replace(11, "IsOriginalMesh = 1 (0:off,1:on)"),
+     {R"(11: "IsOriginalMesh" is "1"; exactly one mesh kind must be 1 (none for the annealed deformed mesh))"}},
+    {"AnnealedMeshInAnotherProject", Both(Replace(12, "IsDeformedMesh = 0 (0:off,1:on)"), InsertBefore(17, {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
+     {R"(11: "IsOriginalMesh" is "0"; exactly one mesh kind must be 1 (none for the annealed deformed mesh))"}},
+    {"AnnealedAndDeformedMesh", Both(Replace(7, "ProjectType = 3"), InsertBefore(17, {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
+     {R"(11: "IsOriginalMesh" is "0"; exactly one mesh kind must be 1 (none for the annealed deformed mesh))"}},
+    {"AnnealingLineOfZero", InsertBefore(17, {"IsAnnealingDeformedMesh = 0 (0:off,1:on)"}),
+     {R"(17: "IsAnnealingDeformedMesh" is "0"; allowed is 1)"}},
+    {"MapFileWithoutAMappedMesh", Replace(5, "MapFile = D:\\mesh.bdf"),
+     {R"(5: "MapFile" is "D:\mesh.bdf"; allowed is one blank, for the mesh is not mapped)"}},
+    {"SameItemTwiceWithDifferentValues", InsertBefore(19, {"IsRunnerOutput =                1   (0:off,1:on)"}),
+     {R"(19: "IsRunnerOutput" is "1"; the line before says otherwise)"}},
+    // Missing lines
+    {"OneLineMissing", Remove(31, 31),
+     {R"(31: "SegmentY" is missing here)"}},
+    {"ClosingTagMissing", Remove(28, 28),
+     {R"(28: "[\HEADER]" is missing here)"}},
+    {"SectionMissing", Remove(48, 50),
+     {R"(48: "[DENSITY REDUCTION]" and 2 more lines are missing here)"}},
+    {"SolverTagsMissing", Both(Remove(27, 27), Remove(10, 10)),
+     {R"(10: "[SOLVER]" is missing here)",
+      R"(26: "[SOLVER_EOF]" is missing here)"}},
+    {"LastLineMissing", Remove(64, 64),
+     {R"(63: "[\REDUCTION RATE]" is missing here)"}},
+    {"CutOffInTheMiddle", Remove(40, 64),
+     {R"(39: "[\MATERIAL REDUCTION]" and 24 more lines are missing here)"}},
+    {"DensitySwitchMissing", Remove(26, 26),
+     {R"(26: "IsDoDensityReduction" is missing here)"}},
+    {"InsertSegmentMissing", Remove(42, 42),
+     {R"(42: "FiberThetaXSegment" is missing here)"}},
+    // Lines too many
+    {"EmptyLine", InsertBefore(29, {""}),
+     {R"(29: an empty line does not belong here)"}},
+    {"EmptyLineAtTheEnd", InsertBefore(65, {""}),
+     {R"(65: an empty line does not belong here)"}},
+    {"CommentLine", InsertBefore(17, {"# my choices"}),
+     {R"(17: "# my choices" does not belong here)"}},
+    {"UnknownItem", InsertBefore(19, {"IsRunerOutput =                 1   (0:off,1:on)"}),
+     {"19: \"IsRunerOutput =                 1   (0:off,1:on)\" does not belong here"}},
+    {"LineRepeated", InsertBefore(32, {"SegmentY = 70 (1~100)"}),
+     {R"(32: "SegmentY" stands here and in line 31)"}},
+    {"LineRepeatedFarAway", InsertBefore(61, {"ProjectType = 6"}),
+     {R"(61: "ProjectType" stands here and in line 7)"}},
+    {"ManyLinesOfSomethingElse", InsertBefore(51, Lines(9, "something else")),
+     {R"(51: "something else" does not belong here)",
+      R"(52: "something else" does not belong here)",
+      R"(53: "something else" does not belong here)",
+      R"(54: "something else" does not belong here)",
+      R"(55: "something else" does not belong here)",
+      R"(56: 4 more lines from here on do not belong here)"}},
+    {"SectionRepeated", InsertBefore(34, {"[MAP DOMAIN]", "SegmentX = 80 (1~100)", "SegmentY = 70 (1~100)", "SegmentZ = 60 (1~100)", "[\\MAP DOMAIN] "}),
+     {R"(34: "[MAP DOMAIN]" stands here and in line 29)",
+      R"(35: "SegmentX" stands here and in line 30)",
+      R"(36: "SegmentY" stands here and in line 31)",
+      R"(37: "SegmentZ" stands here and in line 32)",
+      R"(38: "[\MAP DOMAIN]" stands here and in line 33)"}},
+    {"WholeFileTwice", [](Lines& lines) { InsertBefore(65, SampleLines())(lines); },
+     {R"(65: "I2-Output Control Parameter File" stands here and in line 1)",
+      R"(66: "FileVersion" stands here and in line 2)",
+      R"(67: "[HEADER]" stands here and in line 3)",
+      R"(68: "OutFolder" stands here and in line 4)",
+      R"(69: "MapFile" stands here and in line 5)",
+      R"(70: 59 more lines from here on do not belong here)"}},
+    // Lines in another order
+    {"NeighboursSwapped", Swap(30, 31),
+     {R"(30: "SegmentY" is out of place; it belongs below line 31)"}},
+    {"ItemsSwapped", Swap(18, 19),
+     {R"(19: "IsRunnerOutput" is out of place; it belongs below line 17)"}},
+    {"ItemBelowTheDensitySwitch", Swap(25, 26),
+     {R"(26: "DigimatTemperatureOutput" is out of place; it belongs below line 24)"}},
+    {"ItemInTheWrongSection", Move(18, 52),
+     {R"(51: "IsRunnerOutput" is out of place; it belongs below line 17)"}},
+    {"LastItemFirst", Move(25, 17),
+     {R"(17: "DigimatTemperatureOutput" is out of place; it belongs below line 25)"}},
+    {"LineMovedUp", Move(63, 61),
+     {R"(61: "ReductionRate3" is out of place; it belongs below line 63)"}},
+    {"LineMovedDown", Move(30, 33),
+     {R"(32: "SegmentX" is out of place; it belongs below line 29)"}},
+    {"TitleAtTheEnd", Move(1, 65),
+     {R"(64: "I2-Output Control Parameter File" is out of place; it belongs at the top)"}},
+    {"ClosingTagMovedToTheEnd", Move(28, 65),
+     {R"(64: "[\HEADER]" is out of place; it belongs below line 27)"}},
+    // Several at once
+    {"TwoFaultsFarApart", Both(Replace(6, "SolverType = x"), Replace(61, "ReductionRate1 = y")),
+     {R"(6: "SolverType" is "x"; a plain whole number (32 bits) belongs here)",
+      R"(61: "ReductionRate1" is "y"; a number with three decimals belongs here)"}},
+    {"MissingLineAndWrongValueBehindIt", Both(Replace(32, "SegmentZ = 101 (1~100)"), Remove(31, 31)),
+     {R"(31: "SegmentY" is missing here)",
+      R"(31: "SegmentZ" is "101"; allowed is 1 to 100)"}},
+    {"ThreeLinesGarbled", Both(Replace(34, "#1"), Both(Replace(35, "#2"), Replace(36, "#3"))),
+     {R"(34: expected "[MATERIAL REDUCTION]", found "#1")",
+      "35: expected \"FiberThetaXSegment = N (1~30)\", found \"#2\"",
+      "36: expected \"FiberThetaYSegment = N (1~30)\", found \"#3\""}},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(ControlFile, ControlFileDamage, testing::ValuesIn(damagedFiles),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(ControlFile, SampleHasNoFaults) {
+    EXPECT_EQ(Faults{}, FaultsOf(Joined(SampleLines())));
+}
+
+}  // namespace
