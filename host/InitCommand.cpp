@@ -1,6 +1,163 @@
+// The command "init": looks at the names of a run folder's files and writes a recipe from them.
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <regex>
+#include <set>
+
+#include "RecipeText.h"
 #include "host/Commands.h"
+#include "host/Report.h"
+#include "host/Session.h"
+
 namespace host {
-ExitCode RunInit(const Surroundings&) {
-    return ExitCode::done;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A run as its files tell it.
+struct Run {
+    std::string name;
+    std::string tag;                ///< the run number as file names have it
+    std::set<std::string> endings;  ///< what follows the tag: ".k5f", "_vox.k5o"
+
+    bool Has(std::initializer_list<const char*> wanted) const {
+        return std::ranges::any_of(wanted,
+                                   [this](const char* ending) { return endings.contains(ending); });
+    }
+};
+
+/// The runs of a folder whose files end in a number of a form, by name and number.
+std::map<std::string, Run> FindRuns(const fs::path& folder, const std::string& number) {
+    const std::regex pattern("(.+)(" + number + ")((_medi|_vox)?\\.[^.]+)");
+    std::map<std::string, Run> runs;
+    std::smatch match;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        const std::string file = Utf8Of(entry.path().filename());
+        if (std::regex_match(file, match, pattern)) {
+            Run& run = runs[match.str(1) + match.str(2)];
+            run.name = match.str(1);
+            run.tag = match.str(2);
+            run.endings.insert(match.str(3));
+        }
+    }
+    return runs;
 }
+
+/// The run that most files belong to. Its number is the one in which the folder's name ends, or
+/// else has two digits.
+Run FindRun(const fs::path& folder) {
+    std::smatch number;
+    const std::string name = Utf8Of(folder.filename());
+    std::map<std::string, Run> runs;
+    if (std::regex_search(name, number, std::regex("[0-9]{2,9}$"))) {
+        runs = FindRuns(folder, number.str());
+    }
+    if (runs.empty()) {
+        runs = FindRuns(folder, "[0-9]{2}");
+    }
+    if (runs.empty()) {
+        throw Problem(Place{Utf8Of(folder)},
+                      "no file is named after a project and a run, as Cover02.k5o is",
+                      ExitCode::fileTrouble);
+    }
+    return std::ranges::max_element(runs, {},
+                                    [](const auto& entry) { return entry.second.endings.size(); })
+        ->second;
+}
+
+Recipe RecipeOf(const Run& run, const std::string& folder) {
+    using Info = CZorbFEAInformation;
+    Recipe recipe;
+    Info& project = recipe.project;
+    project.projectName = run.name;
+    project.runNumber = std::stoi(run.tag);
+    project.projectFolder = folder;
+    const bool isShell = run.Has({".rso", ".rsp", ".rsg", ".rsr", ".rsc"}) &&
+                         !run.Has({".k5o", "_vox.k5o", ".k5f", ".k5p", ".k5c", ".k5w"});
+    project.solverType = isShell ? kShellProject : kSolidProject;
+    project.voxelFlag = run.Has({"_vox.k5o"}) ? 1 : 0;
+    project.flags[Info::kHasFiber] = run.Has({".o2w", ".k5o", "_vox.k5o", ".rso"}) ? 1 : 0;
+    project.flags[Info::kHasInsertedPart] = run.Has({".cmx"}) ? 1 : 0;
+    recipe.meshKind = project.voxelFlag == 1 ? kMeshMapped : kMeshOriginal;
+    return recipe;
+}
+
+std::string TomlText(const std::string& text) {
+    return Quoted(std::regex_replace(text, std::regex("[\\\\\"]"), "\\$&"));
+}
+
+std::string TomlFlag(std::int32_t flag) {
+    return flag != 0 ? "true" : "false";
+}
+
+/// The items as they are when the recipe says nothing about them.
+std::string ChoicesText(const std::vector<OfferedItem>& items) {
+    std::string text;
+    for (const OfferedItem& offered : items) {
+        const std::string name = "\n# " + ShortName(offered.item.itemId);
+        const std::string choice = offered.IsSwitch() ? "off" : offered.Label();
+        text += offered.IsMissing() ? name + ": " + offered.Label() : name + " = " + Quoted(choice);
+    }
+    return text;
+}
+
+std::string TextOf(const Recipe& recipe, const fs::path& home) {
+    Session session(recipe);
+    const CZorbFEAInformation& project = recipe.project;
+    const fs::path folder = PathOf(project.projectFolder).lexically_proximate(home);
+    const std::u8string generic = folder.generic_u8string();
+    const std::map<std::string, std::string> values = {
+        {"name", TomlText(project.projectName)},
+        {"run", std::to_string(project.runNumber)},
+        {"folder", TomlText({generic.begin(), generic.end()})},
+        {"analysis", project.solverType == kShellProject ? "\"shell\"" : "\"solid\""},
+        {"voxel", TomlFlag(project.voxelFlag)},
+        {"fiber", TomlFlag(project.flags[CZorbFEAInformation::kHasFiber])},
+        {"insert", TomlFlag(project.flags[CZorbFEAInformation::kHasInsertedPart])},
+        {"mesh", Quoted(MeshName(recipe.meshKind))},
+        {"choices", ChoicesText(session.Offer(recipe.solver, recipe.meshKind))}};
+    std::string text = recipeText;
+    for (const auto& [name, value] : values) {
+        for (std::size_t at = 0; (at = text.find("{" + name + "}")) != text.npos;) {
+            text.replace(at, name.size() + 2, value);
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+ExitCode RunInit(const Surroundings& host) {
+    const Options& options = host.options;
+    Recipe folder;
+    folder.project.projectFolder = AbsolutePath(options.runFolder, host.scratch.Start());
+    CheckRunFolder(folder);
+    const Run run = FindRun(PathOf(folder.project.projectFolder));
+    const Recipe recipe = RecipeOf(run, folder.project.projectFolder);
+    const std::string file = AbsolutePath(options.recipeFile.value_or(run.name + run.tag + ".toml"),
+                                          host.scratch.Start());
+    const fs::path path = PathOf(file);
+    if (fs::exists(path) && !options.force) {
+        throw Problem(Place{file}, "exists already; --force replaces it", ExitCode::fileTrouble);
+    }
+    const std::string text = TextOf(recipe, path.parent_path());
+    errno = 0;
+    if (!(std::ofstream(path, std::ios::binary) << text << std::flush)) {
+        throw Problem(Place{file}, std::string("cannot be written: ") + std::strerror(errno),
+                      ExitCode::fileTrouble);
+    }
+    if (!options.quiet && !options.json) {
+        std::cout << "wrote    " << file << " for " << run.name << ", run "
+                  << recipe.project.runNumber << '\n';
+    }
+    Json document = JsonDocument(options);
+    document.update({{"recipe", file}, {"project", run.name}, {"run", recipe.project.runNumber}});
+    return Report({}, options, document);
+}
+
 }  // namespace host

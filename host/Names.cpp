@@ -30,11 +30,9 @@ constexpr std::array<const char*, 4> meshNames = {
 std::string Folded(std::string_view name) {
     std::string folded(name);
     for (char& letter : folded) {
-        if (letter >= 'A' && letter <= 'Z') {
-            letter = static_cast<char>(letter - 'A' + 'a');
-        } else if (letter == ' ' || letter == '_') {
-            letter = '-';
-        }
+        const bool joins = letter == ' ' || letter == '_';
+        const bool isUpper = letter >= 'A' && letter <= 'Z';
+        letter = joins ? '-' : static_cast<char>(isUpper ? letter - 'A' + 'a' : letter);
     }
     return folded;
 }
@@ -42,7 +40,7 @@ std::string Folded(std::string_view name) {
 /// Letters to insert, delete or replace until one text has become the other; nothing for a text
 /// that is a part of the other.
 std::size_t Distance(const std::string& from, const std::string& to) {
-    if (!from.empty() && to.find(from) != std::string::npos) {
+    if (!from.empty() && to.find(from) != to.npos) {
         return 0;
     }
     std::vector<std::size_t> row(to.size() + 1);
@@ -60,16 +58,14 @@ std::size_t Distance(const std::string& from, const std::string& to) {
 
 }  // namespace
 
-void Vocabulary::Add(std::int32_t number, std::string name) {
-    entries_.emplace_back(number, std::move(name));
-}
-
 std::optional<std::int32_t> Vocabulary::Find(std::string_view name) const {
     const std::string folded = Folded(name);
-    const auto entry = std::ranges::find_if(entries_, [&folded](const Entry& known) {
-        return folded == Folded(known.second) || folded == std::to_string(known.first);
-    });
-    return entry != entries_.end() ? std::optional(entry->first) : std::nullopt;
+    for (const auto& [number, known] : entries_) {
+        if (folded == Folded(known) || folded == std::to_string(number)) {
+            return number;
+        }
+    }
+    return std::nullopt;
 }
 
 std::string Vocabulary::Nearest(std::string_view text) const {
@@ -102,26 +98,24 @@ std::string SolverKeyword(std::int32_t solver) {
     return solverKeywords.at(solver);
 }
 
-Names AllNames() {
+Names::Names() {
     const Recipe noProject;  // the names are the same for all
     const Session session(noProject);
-    Names names;
     for (const auto& item : session.Engine().items) {
-        names.items.Add(item->itemId, ShortName(item->itemId));
+        items.Add(item->itemId, ShortName(item->itemId));
         if (!item->title.empty()) {
-            names.items.Add(item->itemId, item->title);
+            items.Add(item->itemId, item->title);
         }
     }
     for (const auto& slot : session.Engine().solverSlots) {
-        names.solvers.Add(slot->solverIndex, slot->name);
+        solvers.Add(slot->solverIndex, slot->name);
         if (slot->name != SolverKeyword(slot->solverIndex)) {
-            names.solvers.Add(slot->solverIndex, SolverKeyword(slot->solverIndex));
+            solvers.Add(slot->solverIndex, SolverKeyword(slot->solverIndex));
         }
     }
     for (std::int32_t kind = kMeshOriginal; kind <= kMesh3DMappingShell; ++kind) {
-        names.meshes.Add(kind, MeshName(kind));
+        meshes.Add(kind, MeshName(kind));
     }
-    return names;
 }
 
 }  // namespace host

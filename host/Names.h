@@ -21,7 +21,7 @@ public:
     template <class Entries>
     explicit Vocabulary(const Entries& entries) : entries_(entries.begin(), entries.end()) {}
 
-    void Add(std::int32_t number, std::string name);
+    void Add(std::int32_t number, std::string name) { entries_.emplace_back(number, name); }
 
     /// The number of a name; the number itself, written in digits, is a name too.
     std::optional<std::int32_t> Find(std::string_view name) const;
@@ -41,12 +41,11 @@ std::string MeshName(std::int32_t meshKind);
 std::string SolverKeyword(std::int32_t solver);
 
 struct Names {
+    Names();  ///< asks the engine for its titles and display names
+
     Vocabulary items;
     Vocabulary solvers;
     Vocabulary meshes;
 };
-
-/// Asks the engine for its titles and display names.
-Names AllNames();
 
 }  // namespace host

@@ -14,25 +14,20 @@ enum class ExitCode {
     fileTrouble = 3,   ///< a file or folder that cannot be used
 };
 
-/// A position in a recipe. Line 0: the recipe as a whole; no file: the command line.
+/// Where a value comes from. Line 0: not from a line; no file: not from a recipe.
 struct Place {
     std::string file;
     std::uint32_t line = 0;
     std::uint32_t column = 0;
-};
-
-/// Where a value comes from: its place, and its name there ("target.solver", "--solver").
-struct Origin {
-    Place place;
-    std::string name;
+    std::string name = {};  ///< of the value there: "target.solver", "--set 4=on"
 };
 
 /// Thrown where nobody nearer can report it.
 struct Problem {
-    Problem(Place where, std::string text, ExitCode leadsTo)
-        : place(std::move(where)), message(std::move(text)), code(leadsTo) {}
-    Problem(const Origin& origin, const std::string& text, ExitCode leadsTo)
-        : Problem(origin.place, origin.name.empty() ? text : origin.name + ": " + text, leadsTo) {}
+    Problem(Place where, const std::string& text, ExitCode leadsTo)
+        : place(std::move(where)),
+          message(place.name.empty() ? text : place.name + ": " + text),
+          code(leadsTo) {}
 
     Place place;
     std::string message;
@@ -40,5 +35,9 @@ struct Problem {
 };
 
 using Problems = std::vector<Problem>;
+
+inline std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
 
 }  // namespace host

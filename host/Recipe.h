@@ -18,14 +18,14 @@ namespace host {
 
 /// An item that the user names, and for it an option's key or label, "on" or "off".
 struct Choice {
-    Origin origin;
+    Place place;
     std::int32_t itemId = 0;
     std::string value;  ///< not yet compared with what the item has; empty in `required`
 };
 
 using ThreeNumbers = std::array<double, 3>;
 
-/// Texts are UTF-8, paths absolute. Values without an own entry in `origins` are defaults.
+/// Texts are UTF-8, paths absolute.
 struct Recipe {
     std::string file;  ///< as the user named it
     CZorbFEAInformation project;
@@ -43,9 +43,9 @@ struct Recipe {
     std::optional<ThreeNumbers> weldlineAngles;  ///< degrees; the engine's own when not given
     std::optional<ThreeNumbers> reductionRates;  ///< fractions; likewise
     std::optional<double> digimatAngle;          ///< degrees; likewise
-    std::map<std::string, Origin> origins;       ///< of the values that were given
+    std::map<std::string, Place> places;         ///< of the values that were given, by name
 
-    Origin OriginOf(const std::string& key) const;
+    Place PlaceOf(const std::string& name) const;
 };
 
 /// Reads a recipe whole, as changed by the command line, and adds all that is wrong with it to
@@ -53,5 +53,8 @@ struct Recipe {
 /// recipe and command line start at `folder`.
 Recipe ReadRecipe(const std::string& file, const Options& options, const Names& names,
                   const std::filesystem::path& folder, Problems& problems);
+
+/// Throws Problem unless the run folder is a folder.
+void CheckRunFolder(const Recipe& recipe);
 
 }  // namespace host

@@ -22,18 +22,14 @@ Json JsonOf(const Problems& problems) {
     return list;
 }
 
-void PrintJson(const Json& document) {
-    std::cout << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
-}
-
 std::string InOneLine(const Problem& problem) {
-    const auto& [file, line, column] = problem.place;
+    const auto& [file, line, column, name] = problem.place;
     const std::string position =
         line > 0 ? ":" + std::to_string(line) + ":" + std::to_string(column) : std::string();
     return (file.empty() ? "zorbi2" : file) + position + ": " + problem.message;
 }
 
-ExitCode Report(const Problems& problems, const Options& options) {
+ExitCode Report(const Problems& problems, const Options& options, Json document) {
     ExitCode gravest = ExitCode::done;
     for (const Problem& problem : problems) {
         gravest = std::max(gravest, problem.code);
@@ -42,11 +38,15 @@ ExitCode Report(const Problems& problems, const Options& options) {
         }
     }
     if (options.json) {
-        Json document = JsonDocument(options);
         document["problems"] = JsonOf(problems);
-        PrintJson(document);
+        // Bytes that are not UTF-8 become U+FFFD.
+        std::cout << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     }
     return gravest;
+}
+
+ExitCode Report(const Problems& problems, const Options& options) {
+    return Report(problems, options, JsonDocument(options));
 }
 
 }  // namespace host

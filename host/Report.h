@@ -15,14 +15,12 @@ using Json = nlohmann::ordered_json;
 Json JsonDocument(const Options& options);
 Json JsonOf(const Problems& problems);
 
-/// Prints a document. Bytes that are not UTF-8 become U+FFFD.
-void PrintJson(const Json& document);
-
 /// "RECIPE:LINE:COLUMN: message", as far as the place is known.
 std::string InOneLine(const Problem& problem);
 
-/// Tells problems on standard error, or as the whole JSON document. Returns the exit code: that of
-/// the gravest, which is the highest.
+/// Tells problems on standard error, or prints the document with them. Returns the exit code: that
+/// of the gravest, which is the highest.
+ExitCode Report(const Problems& problems, const Options& options, Json document);
 ExitCode Report(const Problems& problems, const Options& options);
 
 }  // namespace host

@@ -21,10 +21,6 @@ const Vocabulary meshWords = {{kMeshOriginal, MeshName(kMeshOriginal)},
                               {kMeshMapped, MeshName(kMeshMapped)},
                               {kMesh3DMappingShell, MeshName(kMesh3DMappingShell)}};
 
-std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
-}
-
 std::vector<double> Given(const std::optional<ThreeNumbers>& given,
                           const std::vector<double>& otherwise) {
     return given ? std::vector<double>(given->begin(), given->end()) : otherwise;
@@ -95,7 +91,7 @@ std::string Session::NotOffered() const {
 
 void Session::CheckTarget(Problems& problems) const {
     const auto refuse = [&](const char* key, const std::string& text) {
-        problems.emplace_back(recipe_.OriginOf(key), text, ExitCode::notAvailable);
+        problems.emplace_back(recipe_.PlaceOf(key), text, ExitCode::notAvailable);
     };
     const auto& slots = Engine().solverSlots;
     const SolverSlot* slot = slots[recipe_.solver].get();
@@ -122,7 +118,7 @@ void Session::CheckTarget(Problems& problems) const {
 
 void Session::Choose(const Choice& choice, Problems& problems) {
     const auto refuse = [&](const std::string& text, ExitCode code) {
-        problems.emplace_back(choice.origin, text, code);
+        problems.emplace_back(choice.place, text, code);
     };
     const OfferedItem* offered = Find(choice.itemId);
     if (offered == nullptr || offered->IsMissing()) {

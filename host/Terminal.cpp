@@ -8,14 +8,6 @@
 
 namespace host {
 
-namespace {
-
-bool StartsLetter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-}
-
-}  // namespace
-
 Terminal::Terminal() {
     constexpr std::size_t withoutTerminal = 80;
     const char* noColour = std::getenv("NO_COLOR");
@@ -31,20 +23,11 @@ std::string Terminal::Coloured(const std::string& text, Colour colour) const {
 }
 
 std::size_t WidthOf(const std::string& text) {
-    return std::ranges::count_if(text, StartsLetter);
+    return std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
 }
 
 std::string Padded(const std::string& text, std::size_t width) {
     return text + std::string(width - std::min(width, WidthOf(text)), ' ');
-}
-
-std::string Clipped(const std::string& text, std::size_t width) {
-    std::size_t toDrop = WidthOf(text) <= width ? 0 : WidthOf(text) + 1 - width;
-    auto start = text.begin();
-    while (start != text.end() && (toDrop > 0 || !StartsLetter(*start))) {
-        toDrop -= StartsLetter(*start++) ? 1 : 0;
-    }
-    return start == text.begin() ? text : "\u2026" + std::string(start, text.end());
 }
 
 std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {

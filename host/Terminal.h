@@ -27,9 +27,6 @@ std::size_t WidthOf(const std::string& text);
 /// The text, filled with blanks up to a width.
 std::string Padded(const std::string& text, std::size_t width);
 
-/// The end of a text that is too wide, behind an ellipsis: of a path, the end tells most.
-std::string Clipped(const std::string& text, std::size_t width);
-
 /// The text broken between words into lines of at most a width, all but the first indented.
 std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent);
 

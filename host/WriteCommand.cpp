@@ -68,18 +68,11 @@ ControlFile ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     throw CannotWrite(job, reason.empty() ? "not what was asked for: " + what : reason);
 }
 
-void CheckRecipe(const Recipe& recipe) {
-    const std::string& folder = recipe.project.projectFolder;
-    std::error_code error;
-    if (!fs::is_directory(PathOf(folder), error)) {
-        throw Problem(recipe.OriginOf("project.folder"),
-                      folder + ": " + (error ? error.message() : "not a folder"),
-                      ExitCode::fileTrouble);
-    }
+void CheckMappedMesh(const Recipe& recipe) {
     const bool isMapped = recipe.meshKind == kMeshMapped || recipe.meshKind == kMesh3DMappingShell;
     if (isMapped && recipe.mappedMesh.empty()) {
-        throw Problem(recipe.OriginOf("target.mesh"),
-                      "\"" + MeshName(recipe.meshKind) + "\" needs target.mapped_mesh, its path",
+        throw Problem(recipe.PlaceOf("target.mesh"),
+                      Quoted(MeshName(recipe.meshKind)) + " needs target.mapped_mesh, its path",
                       ExitCode::badUsage);
     }
 }
@@ -90,7 +83,7 @@ void CheckRequired(Job& job, const Session& session, const ControlFile& found) {
             return line.itemId == required.itemId && line.value == 1;
         });
         if (!isOutput) {
-            job.problems.emplace_back(required.origin,
+            job.problems.emplace_back(required.place,
                                       ShortName(required.itemId) + " is not output: " +
                                           session.ReasonAgainst(required.itemId),
                                       ExitCode::notAvailable);
@@ -99,7 +92,8 @@ void CheckRequired(Job& job, const Session& session, const ControlFile& found) {
 }
 
 void WriteControlFile(const Surroundings& host, Job& job) {
-    CheckRecipe(job.recipe);
+    CheckRunFolder(job.recipe);
+    CheckMappedMesh(job.recipe);
     Session session(job.recipe);
     job.problems = session.ApplyRecipe();
     if (!job.problems.empty()) {
@@ -182,23 +176,20 @@ void CheckOpenFileLimit(std::size_t recipes) {
     }
 }
 
-/// One line for each job, or one line for all on a terminal.
-void ShowProgress(const Surroundings& host, const Job& job, const std::string& count, bool isDone) {
-    const bool isOnlyOne = host.options.files.size() == 1;
-    const bool isLive = host.terminal.isTerminal && !isOnlyOne && !host.options.dryRun;
-    if (host.options.json || (host.options.quiet && !host.options.dryRun)) {
+/// Called before and after the work on a job: one line for each, or one line for all on a terminal.
+void ShowProgress(const Surroundings& host, const Job& job, std::size_t number, bool isAfter) {
+    const Options& options = host.options;
+    const bool isSingle = options.files.size() == 1;
+    if (options.json || (options.quiet && !options.dryRun)) {
         return;
     }
-    if (isLive) {
-        std::cout << "\r\033[K" << count
-                  << (isDone ? ""
-                             : Clipped(job.recipe.file, host.terminal.columns - count.size() - 1))
-                  << std::flush;
-    } else if (isDone && !job.problems.empty()) {
-        std::cout << (isOnlyOne ? "" : "failed   " + InOneLine(job.problems[0]) + "\n");
-    } else if (isDone && host.options.dryRun) {
-        std::cout << (isOnlyOne ? "" : "==> " + Utf8Of(job.controlFile) + " <==\n") << job.text;
-    } else if (isDone) {
+    if (host.terminal.isTerminal && !isSingle && !options.dryRun) {
+        std::cout << "\r[" << number << "/" << options.files.size() << "]" << std::flush;
+    } else if (isAfter && !job.problems.empty()) {
+        std::cout << (isSingle ? "" : "failed   " + InOneLine(job.problems[0]) + "\n");
+    } else if (isAfter && options.dryRun) {
+        std::cout << (isSingle ? "" : "==> " + Utf8Of(job.controlFile) + " <==\n") << job.text;
+    } else if (isAfter) {
         std::cout << "wrote    " << Utf8Of(job.controlFile) << '\n';
     }
 }
@@ -224,14 +215,13 @@ ExitCode RunWrite(const Surroundings& host) {
     RefuseSameFile(jobs);
     CheckOpenFileLimit(jobs.size());
     Problems all;
+    std::size_t number = 0;
     std::size_t done = 0;
     Json list = Json::array();
     for (Job& job : jobs) {
-        const std::string count =
-            "[" + std::to_string(&job - jobs.data() + 1) + "/" + std::to_string(jobs.size()) + "] ";
-        ShowProgress(host, job, count, false);
+        ShowProgress(host, job, ++number, false);
         Attempt(job, [&] { WriteControlFile(host, job); });
-        ShowProgress(host, job, count, true);
+        ShowProgress(host, job, number, true);
         done += job.problems.empty() ? 1 : 0;
         all.insert(all.end(), job.problems.begin(), job.problems.end());
         if (host.options.json) {
@@ -239,16 +229,14 @@ ExitCode RunWrite(const Surroundings& host) {
         }
         job = Job();  // thousands of them need not stay
     }
-    if (host.options.json) {
-        Json document = JsonDocument(host.options);
-        document["recipes"] = std::move(list);
-        PrintJson(document);
-    } else if (jobs.size() > 1 && !host.options.quiet) {
+    if (jobs.size() > 1 && !host.options.quiet && !host.options.json) {
         std::cout << (host.terminal.isTerminal ? "\r\033[K" : "") << done
                   << (host.options.dryRun ? " shown, " : " written, ") << jobs.size() - done
                   << " failed" << std::endl;
     }
-    return Report(all, host.options);
+    Json document = JsonDocument(host.options);
+    document["recipes"] = std::move(list);
+    return Report(all, host.options, std::move(document));
 }
 
 }  // namespace host

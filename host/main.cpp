@@ -28,7 +28,7 @@ ExitCode Check(const Options& options) {
 
 ExitCode WorkOnRuns(const Options& options) {
     const ScratchFolder scratch;
-    const Surroundings surroundings{options, AllNames(), scratch, {}};
+    const Surroundings surroundings{options, {}, scratch, {}};
     if (options.trace) {
         ShowTraceLines();
     }
