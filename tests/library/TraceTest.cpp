@@ -1,0 +1,121 @@
+// Trace lines as the debugger gets them.
+#include <gtest/gtest.h>
+
+#include "tests/library/HostSystem.h"
+#include "tests/library/LibraryProject.h"
+#include "tests/library/ScratchFolder.h"
+
+namespace {
+
+using host_system::DebuggerOutput;
+using library_tests::AddFile;
+using library_tests::BareProject;
+using library_tests::ResultOf;
+using library_tests::ScratchFolder;
+using Lines = std::vector<std::wstring>;
+
+constexpr int injectionCompression = 6;
+constexpr int missing = -19;
+
+TEST(Trace, TellsWhatIsMissingInTheOrderOfTheTests) {
+    const ScratchFolder folder;
+    CZorbFEAInformation project = BareProject("Run01\\");
+    project.projectType = injectionCompression;
+    CZorbI2EngineManager manager;
+    manager.CreateEngine(&project);
+
+    const DebuggerOutput debugger;
+    for (const int itemId : {0, 4, 8, 12}) {
+        manager.GetProjectResults(itemId);
+    }
+
+    EXPECT_EQ(debugger.lines,
+              (Lines{
+                  L"@@@ I2Engine Fiber Orientation Results SOLID",
+                  L"@@@ I2Engine HasFiber=false and .o2w/.k5o file not exist",
+                  L"@@@ ZorbI2Engine GetThermalStressResults OstraMesh = false",
+                  L"@@@ I2Engine ICM project \"Packing Temperature Results\" no .k5p file",
+                  L"@@@ I2Engine ICM project \"Packing Temperature Results\" no .k5f file",
+                  L"@@@ Engine read cmx file",
+                  L"Run01\\Cover01.cmx",
+                  L"@@@ I2Engine .cmx file FlagPrevShot=0",
+              }));
+}
+
+TEST(Trace, TellsOfFibreFilesWithoutFibreResults) {
+    const ScratchFolder folder;
+    AddFile("Run01/Cover01.o2w");
+    const DebuggerOutput debugger;
+
+    EXPECT_EQ(ResultOf(BareProject("Run01"), 0), -1);
+
+    EXPECT_EQ(debugger.lines, (Lines{L"@@@ I2Engine Fiber Orientation Results SOLID",
+                                     L"@@@ I2Engine  HasFiber=false"}));
+}
+
+TEST(Trace, TellsOfFibreResultsWithoutFiles) {
+    const ScratchFolder folder;
+    CZorbFEAInformation project = BareProject("Run01");
+    project.flags[CZorbFEAInformation::kHasFiber] = 1;
+    const DebuggerOutput debugger;
+
+    EXPECT_EQ(ResultOf(project, 0), -2);
+
+    EXPECT_EQ(debugger.lines, (Lines{L"@@@ I2Engine Fiber Orientation Results SOLID",
+                                     L"@@@ I2Engine .o2w/.k5 file not exist"}));
+}
+
+TEST(Trace, NamesTheVoxelMeshWithTwoBlanks) {
+    const ScratchFolder folder;
+    CZorbFEAInformation project = BareProject("Run01");
+    project.voxelFlag = 1;
+    const DebuggerOutput debugger;
+
+    EXPECT_EQ(ResultOf(project, 4), -6);
+
+    EXPECT_EQ(debugger.lines, Lines{L"@@@ ZorbI2Engine GetThermalStressResults  OstraMesh = true"});
+}
+
+TEST(Trace, FollowsTheShotFileToThePreviousShot) {
+    const ScratchFolder folder;
+    AddFile("Run01/Cover01.cmx",
+            "<SOLID_MCM>\nFlagPrevShot = 1\nValueShotRunID = 2\n</SOLID_MCM>\n");
+    const DebuggerOutput debugger;
+
+    EXPECT_EQ(ResultOf(BareProject("Run01\\"), 12), missing);
+
+    EXPECT_EQ(debugger.lines, (Lines{L"@@@ Engine read cmx file", L"Run01\\Cover01.cmx",
+                                     L"@@@ I2Engine .cmx file FlagPrevShot=1",
+                                     L"@@@ I2Engine does not have .k5o file"}));
+}
+
+TEST(Trace, CreationTracesTheChecksInTheOrderOfTheCatalogue) {
+    const ScratchFolder folder;
+    CZorbFEAInformation project = library_tests::SolidProject("Run01");
+    CZorbI2EngineManager manager;
+    const DebuggerOutput debugger;
+
+    manager.CreateEngine(&project);
+
+    EXPECT_EQ(debugger.lines,
+              (Lines{
+                  L"@@@ I2Engine Fiber Orientation Results SOLID",  // item 15
+                  L"@@@ I2Engine HasFiber=false and .o2w/.k5o file not exist",
+                  L"@@@ I2Engine Fiber Orientation Results SOLID",  // item 0
+                  L"@@@ I2Engine HasFiber=false and .o2w/.k5o file not exist",
+                  L"@@@ Engine read cmx file",  // item 12
+                  L"Run01\\Cover01.cmx", L"@@@ I2Engine .cmx file FlagPrevShot=0",
+                  L"@@@ ZorbI2Engine GetThermalStressResults OstraMesh = false",  // item 4
+              }));
+}
+
+TEST(Trace, ChangesNoResult) {
+    const ScratchFolder folder;
+    AddFile("Run01/Cover01.o2w");
+    const int untold = ResultOf(BareProject("Run01"), 0);
+    const DebuggerOutput debugger;
+    EXPECT_EQ(ResultOf(BareProject("Run01"), 0), untold);
+    EXPECT_EQ(untold, -1);
+}
+
+}  // namespace

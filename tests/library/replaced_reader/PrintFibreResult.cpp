@@ -1,0 +1,18 @@
+// A host that prints the result code of item 0 for run 1 of the project Cover in the current
+// folder.
+#include <cstdio>
+
+#include "ZorbI2Engine.h"
+
+int main() {
+    CZorbFEAInformation project;
+    project.projectName = "Cover";
+    project.runNumber = 1;
+    project.projectFolder = ".\\";
+    project.flags[CZorbFEAInformation::kHasFiber] = 1;
+
+    CZorbI2EngineManager manager;
+    manager.CreateEngine(&project);
+    std::printf("%d", manager.GetProjectResults(0));
+    return 0;
+}
