@@ -8,7 +8,7 @@
 extern "C" [[gnu::weak]] void OutputDebugStringW(const wchar_t* line);
 
 TEST(SilentTrace, HostWithoutDebuggerOutputHearsNothing) {
-    ASSERT_EQ(OutputDebugStringW, nullptr) << "this program brings a debugger output";
+    ASSERT_TRUE(OutputDebugStringW == nullptr) << "this program brings a debugger output";
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     platform::Trace(L"@@@ Engine read cmx file");
