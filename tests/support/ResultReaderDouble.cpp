@@ -10,11 +10,16 @@ ResultReaderDouble& ResultReader() {
     return reader;
 }
 
+}  // namespace support
+
 namespace {
 
-void Note(const std::string& event) {
-    const UnwatchedAllocations unwatched;
-    ResultReaderDouble& reader = ResultReader();
+support::ResultReaderDouble& DoubleOf(void* state) {
+    return *static_cast<support::ResultReaderDouble*>(state);
+}
+
+void Note(support::ResultReaderDouble& reader, const std::string& event) {
+    const support::UnwatchedAllocations unwatched;
     reader.events.push_back(event);
     if (reader.sharedEvents != nullptr) {
         reader.sharedEvents->push_back("reader " + event);
@@ -23,23 +28,23 @@ void Note(const std::string& event) {
 
 }  // namespace
 
-}  // namespace support
-
-CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() : state_(nullptr) {}
+CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator()
+    : state_(&support::ResultReader()) {}
 
 CQuentaResultReader_Manipulator::~CQuentaResultReader_Manipulator() = default;
 
 int CQuentaResultReader_Manipulator::BeginReading(const char* path, void* options) {
     const support::UnwatchedAllocations unwatched;
-    support::Note(std::string(options == nullptr ? "begin " : "begin with options ") + path);
-    return support::ResultReader().beginResult;
+    const std::string call = options == nullptr ? "begin " : "begin with options ";
+    Note(DoubleOf(state_), call + path);
+    return DoubleOf(state_).beginResult;
 }
 
 long long CQuentaResultReader_Manipulator::GetResultVersion() {
-    support::Note("version");
-    return support::ResultReader().version;
+    Note(DoubleOf(state_), "version");
+    return DoubleOf(state_).version;
 }
 
 void CQuentaResultReader_Manipulator::EndReading() {
-    support::Note("end");
+    Note(DoubleOf(state_), "end");
 }
