@@ -281,6 +281,23 @@ TEST(CMIDataFill, TakesDensityFactorAndSwitchFromTheOptionOfItem13AvailableOrNot
     }
 }
 
+TEST(CMIDataFill, Option6OfItem13TurnsTheDensityReductionOff) {
+    FillInputs inputs;
+    inputs.SetItem(13, true, -1, 6);
+    const CZorbI2CMIData data = inputs.FilledBlock();
+    EXPECT_EQ(data.IsDoDensityReduction, 0);
+    EXPECT_EQ(data.DensityReduction, 0);
+    EXPECT_EQ(data.OutputFlags[13], 1);
+}
+
+TEST(CMIDataFill, Option5OfItem13GivesTheLargestDensityFactor) {
+    FillInputs inputs;
+    inputs.SetItem(13, true, -1, 5);
+    const CZorbI2CMIData data = inputs.FilledBlock();
+    EXPECT_EQ(data.IsDoDensityReduction, 1);
+    EXPECT_EQ(data.DensityReduction, 10);
+}
+
 TEST(CMIDataFill, TreatsItemsThatWereNeverBuiltLikeItemsWithoutResults) {
     FillInputs inputs;
     for (auto& item : inputs.items) {
