@@ -90,8 +90,9 @@ TEST(FailingAllocations, TellsTheOrderOfFrees) {
     Kept().clear();
     auto first = std::make_unique<int>(1);
     auto second = std::make_unique<int>(2);
-    const int* const firstBlock = first.get();
-    const int* const secondBlock = second.get();
+    // Volatile: compilers warn of uses after a free, and cannot know that only addresses are meant.
+    const void* const volatile firstBlock = first.get();
+    const void* const volatile secondBlock = second.get();
     const FailingAllocations watch;
     second.reset();
     EXPECT_FALSE(watch.FreedInOrder({firstBlock}));
