@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "tests/support/ControlFileText.h"
 #include "tests/support/SampleProject.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/WatchedPlatform.h"
 
 using support::LineOf;
 using support::OpenProject;
@@ -259,11 +261,14 @@ TEST(WriteCMIFile, TriesAgainAfterAFileThatCouldNotBeOpened) {
 
 TEST(WriteCMIFile, AnswersTrueForAFolderThatDoesNotExistOnTheRealFileSystem) {
     CZorbFEAInformation record = support::CompleteProject();
-    const support::TemporaryFolder folder;
     CZorbI2EngineManager manager;
-    manager.CreateEngine(&record);
+    {
+        const support::WatchedPlatform files;
+        manager.CreateEngine(&record);
+    }
     manager.CreateCMIDataBlock();
     manager.CreateCMIAccess();
+    const support::TemporaryFolder folder;
     manager.SetCMIFileFullPath(folder.EnginePath("none"), "Cover", 3, "cmi");
     manager.SetEngineCurrentStatus(0, 0, 0, 0);
     EXPECT_TRUE(manager.WriteCMIFile(0));

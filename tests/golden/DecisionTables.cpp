@@ -216,9 +216,11 @@ std::string Outcome(int itemId, const CheckCase& one) {
     for (const auto& [path, text] : files.written) {
         written.push_back(path + "=" + text);
     }
-    std::string outcome =
-        Line(code, " ; ", Joined(files.events, " ; "), " ; reader ",
-             Joined(support::ResultReader().events, " ; "), " ; wrote ", Joined(written, " ; "));
+    // The reader is the one that gets paths in the system's own form.
+    std::string reader = Joined(support::ResultReader().events, " ; ");
+    std::replace(reader.begin(), reader.end(), '/', '\\');
+    std::string outcome = Line(code, " ; ", Joined(files.events, " ; "), " ; reader ", reader,
+                               " ; wrote ", Joined(written, " ; "));
     std::replace(outcome.begin(), outcome.end(), '\n', '|');
     return outcome;
 }
