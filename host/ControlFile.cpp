@@ -72,17 +72,9 @@ std::string ItemsInWords(const ControlFile& file, std::int32_t value, std::strin
     return words;
 }
 
-/// `segments`: three of the angles, two of the strength.
-std::string ReductionInWords(bool isOn, const std::array<std::int32_t, 5>& segments) {
-    if (!isOn) {
-        return "off";
-    }
-    constexpr std::array<std::string_view, 5> before{" (", " x ", " x ", " angle and ", " x "};
-    std::string words = NameOf(segments[0], levelsByAngleSegments);
-    for (std::size_t axis = 0; axis < segments.size(); ++axis) {
-        words.append(before[axis]) += std::to_string(segments[axis]);
-    }
-    return words + " strength segments)";
+std::string LevelInWords(bool isOn, std::int32_t number, std::span<const Name> levels,
+                         const std::string& unit) {
+    return isOn ? NameOf(number, levels) + " (" + unit + ' ' + std::to_string(number) + ')' : "off";
 }
 
 std::string WeldlinesInWords(const Values& values) {
@@ -171,8 +163,6 @@ std::vector<std::string> Differences(const ControlFile& asked, const ControlFile
 
 std::string InWords(const ControlFile& file) {
     const Values& v = file.values;
-    const std::string density = NameOf(v.DensityReduction, levelsByDensityFactor) + " (factor " +
-                                std::to_string(v.DensityReduction) + ')';
     std::string words = Labelled("Solver:", SolverInWords(v.SolverName));
     words += Labelled("Mesh:", MeshInWords(v));
     words += Labelled("Elements:", v.QuadraticElement == 1 ? "quadratic" : "linear");
@@ -184,17 +174,14 @@ std::string InWords(const ControlFile& file) {
                                       std::to_string(v.ProjectType));
     words += Labelled("Micro mechanics:", NameOf(v.IDCompositeModel, compositeModels));
     words += ItemsInWords(file, 1, "Items on:") + ItemsInWords(file, 0, "Items off:");
-    words +=
-        Labelled("Fiber reduction:",
-                 ReductionInWords(v.OutputFlags[0] == 1,
-                                  {v.FiberThetaXSegment, v.FiberThetaYSegment, v.FiberThetaZSegment,
-                                   v.FiberStrengthXSegment, v.FiberStrengthYSegment}));
+    words += Labelled("Fiber reduction:", LevelInWords(v.OutputFlags[0] == 1, v.FiberThetaXSegment,
+                                                       levelsByAngleSegments, "angle segments"));
     words += Labelled("Part insert reduction:",
-                      ReductionInWords(v.OutputFlags[12] == 1,
-                                       {v.InsertFiberThetaXSegment, v.InsertFiberThetaYSegment,
-                                        v.InsertFiberThetaZSegment, v.InsertFiberStrengthXSegment,
-                                        v.InsertFiberStrengthYSegment}));
-    words += Labelled("Density reduction:", v.IsDoDensityReduction == 1 ? density : "off");
+                      LevelInWords(v.OutputFlags[12] == 1, v.InsertFiberThetaXSegment,
+                                   levelsByAngleSegments, "angle segments"));
+    words +=
+        Labelled("Density reduction:", LevelInWords(v.IsDoDensityReduction == 1, v.DensityReduction,
+                                                    levelsByDensityFactor, "factor"));
     words += Labelled("Distributed model:", v.IsDistributeModel == 1 ? "on" : "off");
     words += Labelled("View-edit mapping:", v.IsViewEditModelMapping == 1 ? "on" : "off");
     words += Labelled("Weld-line strength:", WeldlinesInWords(v));

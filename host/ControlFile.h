@@ -35,7 +35,7 @@ struct ControlFile {
 };
 
 /// Above this size a file is none of the engine's; ReadControlFile then looks no further.
-constexpr std::size_t kLargestControlFile = 256 * 1024;
+constexpr std::size_t kLargestControlFile = 262'144;
 
 /// Reads the text of a file (line ends LF or CR LF). Empties `faults`, then lists all of them by
 /// line. Without faults the text is one that the engine writes for choices that its items have;

@@ -9,6 +9,7 @@
 
 #include "ControlFile.h"
 #include "ControlFileLayout.h"
+#include "ZorbI2Types.h"
 
 namespace host {
 
@@ -360,7 +361,8 @@ private:
         Require(layout::UsesMapFile(v) || v.MapFile == " ",
                 {"MapFile", "IsMappedMesh", "Is3DMappingShell"},
                 "allowed is one blank, for the mesh is not mapped");
-        Require(v.IDCompositeModel == -2 || (v.IDCompositeModel >= 0 && v.IDCompositeModel <= 2),
+        Require(v.IDCompositeModel == kOptionResultsMissing ||
+                    (v.IDCompositeModel >= 0 && v.IDCompositeModel <= 2),
                 {"IDCompositeModel"}, "allowed is 0 to 2, and -2 when results are missing");
         Require((v.DensityReduction >= 2 && v.DensityReduction <= 10) ||
                     (v.DensityReduction == 0 && v.IsDoDensityReduction == 0),

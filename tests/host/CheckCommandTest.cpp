@@ -101,7 +101,7 @@ TEST_F(CheckCommand, AnEmptyFileIsAFaultAndNotTrouble) {
 
 TEST_F(CheckCommand, AFileOfTheLargestSizeIsStillLookedAt) {
     std::string text = Joined(SampleLines());
-    text.resize(256 * 1024, '\n');
+    text.resize(262'144, '\n');
     folder_.MakeFile("largest.cmi", text);
     folder_.MakeFile("larger.cmi", text + "\n");
     EXPECT_NE(std::string::npos,

@@ -215,7 +215,8 @@ std::string Mutated(std::string text, std::mt19937& random) {
 }
 
 TEST(ControlFile, RandomDamageGivesFewFaultsWithinTheFile) {
-    std::mt19937 random(9064);
+    std::seed_seq seed{9064};
+    std::mt19937 random(seed);
     const std::string sample = Joined(SampleLines());
     for (int round = 0; round < 3000; ++round) {
         const std::string text = Mutated(sample, random);
