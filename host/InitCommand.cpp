@@ -8,8 +8,8 @@
 #include <regex>
 #include <set>
 
-#include "RecipeText.h"
 #include "host/Commands.h"
+#include "host/RecipeText.h"
 #include "host/Report.h"
 #include "host/Session.h"
 

@@ -1,4 +1,9 @@
-# The hand-over of one moulding run to a structural solver.
+// The recipe that "init" fills in: every key with its default and what it means.
+#pragma once
+
+namespace host {
+
+constexpr const char* recipeText = R"(# The hand-over of one moulding run to a structural solver.
 # "zorbi2 items FILE" shows what can be chosen, "zorbi2 write FILE" writes the control file.
 # What the names of the run's files tell is filled in; everything else stands at its default.
 
@@ -57,3 +62,6 @@ folder = ""
 # angles = [30.0, 60.0, 90.0]
 # reduction_rates = [0.8, 0.9, 0.95]
 # digimat_angle = 135.0
+)";
+
+}  // namespace host
