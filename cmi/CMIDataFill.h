@@ -15,6 +15,7 @@ struct CMIDataSource {
     std::int32_t meshKind;
     std::int32_t quadraticElement;
     std::int32_t annealingMode;
+    std::int32_t offeredProjectType;  ///< the offer's copy: decides on the annealed deformed mesh
     std::int32_t solverType;
     std::int32_t projectType;
     const std::string& mapFile;

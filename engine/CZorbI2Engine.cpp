@@ -162,6 +162,7 @@ CMIDataSource CZorbI2Engine::SourceOfCMIData() const {
         selector.meshKind,
         selector.quadraticElement,
         selector.annealingMode,
+        selector.projectType,
         feaInformation->solverType,
         feaInformation->projectType,
         mappedMeshFilePath,

@@ -79,7 +79,7 @@ TEST(CMIDataFill, SetsTheOneFlagOfTheMeshKind) {
                              std::to_string(annealingMode));
                 FillInputs inputs;
                 inputs.meshKind = row.meshKind;
-                inputs.projectType = projectType;
+                inputs.offeredProjectType = projectType;
                 inputs.annealingMode = annealingMode;
                 const bool isAnnealed = row.meshKind == 1 && projectType == 3 && annealingMode == 1;
                 const std::vector<std::int32_t> none = {0, 0, 0, 0};
@@ -94,9 +94,23 @@ TEST(CMIDataFill, ClearsTheDeformedMeshOnlyForAnAnnealedProjectInAnnealingModeOn
     inputs.meshKind = 1;
     inputs.annealingMode = 1;
     for (const std::int32_t projectType : {-1, 0, 1, 2, 3, 4, 9}) {
-        inputs.projectType = projectType;
+        inputs.offeredProjectType = projectType;
         EXPECT_EQ(inputs.FilledBlock().IsDeformedMesh, projectType == 3 ? 0 : 1) << projectType;
     }
+}
+
+TEST(CMIDataFill, AsksTheOfferForAnAnnealedMeshAndPrintsTheRecordsProjectType) {
+    FillInputs inputs;
+    inputs.meshKind = 1;
+    inputs.annealingMode = 1;
+    inputs.offeredProjectType = 0;
+    inputs.projectType = 3;
+    EXPECT_EQ(inputs.FilledBlock().IsDeformedMesh, 1);
+    EXPECT_EQ(inputs.FilledBlock().ProjectType, 3);
+    inputs.offeredProjectType = 3;
+    inputs.projectType = 0;
+    EXPECT_EQ(inputs.FilledBlock().IsDeformedMesh, 0);
+    EXPECT_EQ(inputs.FilledBlock().ProjectType, 0);
 }
 
 TEST(CMIDataFill, CopiesTheAnnealingModeAsItIs) {

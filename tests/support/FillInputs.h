@@ -29,6 +29,7 @@ struct FillInputs {
     std::int32_t meshKind = 0;
     std::int32_t quadraticElement = 0;
     std::int32_t annealingMode = 0;
+    std::int32_t offeredProjectType = 0;
     std::int32_t solverType = 0;
     std::int32_t projectType = 0;
     std::string mapFile;
