@@ -150,7 +150,8 @@ constexpr auto solvers = std::to_array<Solver>({
 constexpr std::string_view KeyOf(std::string_view line) {
     const bool isTag = line.starts_with('[');
     const std::size_t end = line.find(isTag ? ']' : '=');
-    const std::string_view key = line.substr(0, isTag && end != std::string_view::npos ? end + 1 : end);
+    const std::string_view key =
+        line.substr(0, isTag && end != std::string_view::npos ? end + 1 : end);
     return key.substr(0, key.find_last_not_of(" \t") + 1);
 }
 

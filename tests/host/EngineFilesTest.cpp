@@ -163,7 +163,7 @@ TEST(ControlFile, DistributeModelIsReadWithoutAFault) {
 }
 
 TEST(ControlFile, AnyPathIsReadWithoutAFault) {
-    for (const char* path : {"", " ", "/srv/Läufe/[HEADER]", "\\\\server\\a = b\\", "D:\\x\t",
+    for (const char* path : {"", " ", "/srv/Läufe/[HEADER]", R"(\\server\a = b\)", "D:\\x\t",
                              "C:\\\xc4\xd6", "MapFile = "}) {
         Pass pass(support::CompleteProject());
         pass.Manager().SetOutFolder(path);
