@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Folders, FolderSeparators,
 TEST(FileNames, TheControlFileGoesIntoAFolderWithForwardSlashes) {
     const ScratchFolder folder;
     fs::create_directories("Out/I2");
-    const fs::path file = "Out/I2/Cover03.cmi";
+    const fs::path file = "Out/I2/Cover02.cmi";
     for (const char* outFolder : {"Out/I2", "Out/I2/"}) {
         whole_pass::WriteControlFile(library_tests::SolidProject("Run01"), outFolder);
         EXPECT_TRUE(fs::exists(file)) << outFolder;

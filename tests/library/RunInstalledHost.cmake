@@ -1,8 +1,9 @@
-# Installs the library, builds the host project against nothing but the installed files, lets it
-# make the whole pass on a run folder, and compares the file that it writes byte by byte.
+# Installs the library, builds a host project against nothing but the installed files, lets it make
+# the whole pass on the example project, and compares the control file byte by byte.
 #
-# Set by the caller: BUILD_FOLDER (of the library), CONFIGURATION, SOURCE_FOLDER (this folder),
-# WORK_FOLDER, HOST_OPTIONS (for the host's configuration), EMULATOR (or empty), WINDOWS (on or off).
+# Set by the caller: BUILD_FOLDER (of the library), CONFIGURATION, HOST_FOLDER (the host project),
+# HOST_OPTIONS (for its configuration), EXAMPLE (the example project), EXPECTED (its control file),
+# WORK_FOLDER, EMULATOR (or empty), WINDOWS (on or off).
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -15,45 +16,36 @@ function(run)
 endfunction()
 
 set(installed ${WORK_FOLDER}/installed)
-set(host ${WORK_FOLDER}/host)
+set(build ${WORK_FOLDER}/build)
 set(desk ${WORK_FOLDER}/desk)  # where the host works
 file(REMOVE_RECURSE ${WORK_FOLDER})
 
 run(${CMAKE_COMMAND} --install ${BUILD_FOLDER} --config ${CONFIGURATION} --prefix ${installed})
-run(${CMAKE_COMMAND} -S ${SOURCE_FOLDER}/installed_host -B ${host}
+run(${CMAKE_COMMAND} -S ${HOST_FOLDER} -B ${build}
     -D CMAKE_PREFIX_PATH=${installed} -D CMAKE_BUILD_TYPE=${CONFIGURATION}
     -D CMAKE_RUNTIME_OUTPUT_DIRECTORY=$<1:${desk}> ${HOST_OPTIONS})
-run(${CMAKE_COMMAND} --build ${host} --config ${CONFIGURATION})
+run(${CMAKE_COMMAND} --build ${build} --config ${CONFIGURATION})
 
-# The run folder: every result that the choices need, and an earlier shot's for the part insert.
-foreach(name IN ITEMS Cover03.o2w Cover03.rsf Cover03.k5w Cover03.k5f Cover03.k5p Cover03.k5c
-                      Cover03_medi.crp)
-    file(WRITE ${desk}/Projects/Cover/Run03/${name} "")
-endforeach()
-file(WRITE ${desk}/Projects/Cover/Run03/Cover03.cmx
-     "<SOLID_MCM>\nFlagPrevShot = 1\nValueShotRunID = 2\n</SOLID_MCM>\n")
-file(WRITE ${desk}/Projects/Cover/Run02/Cover02.k5o "")
-
-# A host on Windows has the libraries beside it.
-set(program ${desk}/installed_host)
-if(WINDOWS)
+file(COPY ${EXAMPLE}/ DESTINATION ${desk}/project)
+cmake_path(GET HOST_FOLDER FILENAME program)
+if(WINDOWS)  # with the libraries beside it
     string(APPEND program .exe)
     file(GLOB libraries ${installed}/bin/*.dll)
     file(COPY ${libraries} DESTINATION ${desk})
 endif()
-run(${CMAKE_COMMAND} -E chdir ${desk} ${EMULATOR} ${program})
+run(${CMAKE_COMMAND} -E chdir ${desk} ${EMULATOR} ${desk}/${program} project\\Run02 .)
 
 # As bytes, two digits each; on Windows a line ends in CR LF.
-file(READ ${SOURCE_FOLDER}/ControlFile.golden expected HEX)
+file(READ ${EXPECTED} expected HEX)
 if(WINDOWS)
     string(REGEX REPLACE "(..)" "\\1 " expected ${expected})
     string(REPLACE "0a " "0d0a" expected ${expected})
     string(REPLACE " " "" expected ${expected})
 endif()
-file(READ ${desk}/Cover03.cmi written HEX)
+file(READ ${desk}/Cover02.cmi written HEX)
 if(NOT written STREQUAL expected)
-    file(READ ${desk}/Cover03.cmi text)
-    message(FATAL_ERROR "the control file differs from ControlFile.golden:\n${text}")
+    file(READ ${desk}/Cover02.cmi text)
+    message(FATAL_ERROR "the control file is not ${EXPECTED}:\n${text}")
 endif()
 string(LENGTH ${written} digits)
 math(EXPR bytes "${digits} / 2")

@@ -14,31 +14,28 @@ struct Choice {
 
 const int unused = -1;
 
-// An item takes either a check state or an option. Not chosen: 5, 7, 17 and 19.
+// An item takes either a check state or an option.
 // clang-format off
 const Choice choices[] = {
-    { 0, unused, 3},  // material reduction high
+    {15, unused, 2},  // Mori-Tanaka model
+    { 0, unused, 1},  // material reduction low
     { 1, unused, 1},  // include runner
-    { 2, 1, unused},
-    { 3, 1, unused},
     { 4, 1, unused},
-    { 6, 1, unused},
+    { 3, 1, unused},
+    { 5, 1, unused},
     { 8, 1, unused},
-    { 9, 1, unused},
-    {10, 1, unused},
-    {11, unused, 1},  // Converse
-    {12, unused, 4},  // material reduction max
-    {13, unused, 2},  // density reduction low
-    {14, 1, unused},
-    {15, unused, 1},  // Halpin-Tsai model
-    {16, 1, unused},
     {18, 1, unused},
-    {20, 1, unused},
+    {13, unused, 3},  // density reduction medium
+    {14, 1, unused},
+    { 6, 1, unused},
+    {12, unused, 3},  // material reduction high
+    { 2, 1, unused},
+    { 7, 1, unused},
+    {10, 1, unused},
 };
 // clang-format on
 
-const int injectionCompression = 9;
-const int run = 3;
+const int run = 2;
 
 bool ReadsAllOfferedItems(CZorbI2EngineManager& manager) {
     CZorbI2Item item;
@@ -53,7 +50,7 @@ bool ReadsAllOfferedItems(CZorbI2EngineManager& manager) {
     for (int i = 0; manager.GetMoldBasePopItem(i, &item, &status); ++i) {
         ++count;
     }
-    return count == 16 + 2 + 3;
+    return count == 15 + 2 + 3;
 }
 
 bool MakesChoices(CZorbI2EngineManager& manager) {
@@ -73,7 +70,6 @@ CZorbFEAInformation Project(const std::string& folder) {
     info.runNumber = run;
     info.projectFolder = folder;
     info.solverType = kSolidProject;
-    info.projectType = injectionCompression;
     info.flags[CZorbFEAInformation::kBuildCatalogue] = 1;
     info.flags[CZorbFEAInformation::kHasFiber] = 1;
     info.flags[CZorbFEAInformation::kHasRunners] = 1;
@@ -89,18 +85,16 @@ bool WriteControlFile(CZorbFEAInformation project, const std::string& outFolder)
         !manager.CreateCMIAccess()) {
         return false;
     }
-    manager.SetOutFolder("C:\\Projects\\Cover\\Run03\\I2");
-    manager.SetMappedMeshFilePath("C:\\Projects\\Cover\\Mesh\\Cover.inp");
+    manager.SetOutFolder("D:\\Handover\\Cover");
     manager.SetCMIFileFullPath(outFolder, "Cover", run, "cmi");
-    manager.SetViewEdit(true);
-    manager.SetDigimatWeldlineData(120.5);
+    manager.SetDigimatWeldlineData(120.0);
 
-    manager.SetEngineCurrentStatus(kSolverAbaqus, kMeshMapped, 1, 0);
+    manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 1, 0);
     manager.SetPopItems();
     const bool offers = manager.HasPopItem() && ReadsAllOfferedItems(manager);
     const bool chosen = MakesChoices(manager);
-    manager.SetWeldlineDataStatus(kSolverAbaqus, std::vector<double>{45.0, 67.5, 89.9994},
-                                  std::vector<double>{0.85, 0.9, 1.0});
+    manager.SetWeldlineDataStatus(kSolverAnsys, std::vector<double>{20.0, 45.0, 90.0},
+                                  std::vector<double>{0.75, 0.85, 0.95});
     manager.SetWeldlineDataValue();
 
     const bool written = manager.WriteCMIFile(0);

@@ -1,5 +1,5 @@
-// A host's whole pass on one project, from the record to the written file. C++11, and nothing but
-// what is installed.
+// The whole pass on the example project, by a host: from the record to the control parameter file
+// that stands beside the example. C++11, and nothing but what is installed.
 #pragma once
 
 #include <string>
@@ -8,11 +8,11 @@
 
 namespace whole_pass {
 
-/// Run 3 of the solid project Cover in `folder`, with everything that a run can have.
-CZorbFEAInformation Project(const std::string& folder);
+/// Run 2 of the example project, whose run folder this is.
+CZorbFEAInformation Project(const std::string& runFolder);
 
-/// Creates the engine for the project, chooses items for ABAQUS and the mapped mesh, and writes
-/// the control parameter file "Cover03.cmi" into `outFolder`.
+/// Creates the engine for the project, makes the example's choices, and writes the control
+/// parameter file "Cover02.cmi" into `outFolder`.
 /// Returns whether every operation answered as a host expects.
 bool WriteControlFile(CZorbFEAInformation project, const std::string& outFolder);
 

@@ -1,19 +1,22 @@
-// A host on its own: makes the whole pass on the run in "Projects\Cover\Run03" of the current
-// folder.
-#include <cstdio>
-
+// A host on its own: makes the whole pass on a run folder and writes into another folder.
 #include <engine/CZorbI2Engine.h>
+
+#include <cstdio>
 
 #include "WholePass.h"
 
-int main() {
-    if (!whole_pass::WriteControlFile(whole_pass::Project("Projects\\Cover\\Run03"), ".")) {
+int main(int count, char** arguments) {
+    if (count != 3) {
+        std::fputs("installed_host RUN_FOLDER OUT_FOLDER\n", stderr);
+        return 2;
+    }
+    CZorbFEAInformation project = whole_pass::Project(arguments[1]);
+    if (!whole_pass::WriteControlFile(project, arguments[2])) {
         std::fputs("the library refused an operation\n", stderr);
         return 1;
     }
 
     // What the getters lead to can be read as well.
-    CZorbFEAInformation project = whole_pass::Project("Projects\\Cover\\Run03");
     CZorbI2EngineManager manager;
     if (!manager.CreateEngine(&project)) {
         return 1;
