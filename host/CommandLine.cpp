@@ -75,7 +75,7 @@ void AddGeneralOptions(CLI::App& app, Options& options) {
     app.add_flag("--json", options.json, "Print one JSON document instead of text");
     app.add_flag("--trace", options.trace, "Print the engine's trace lines on standard error");
     app.add_flag("--quiet", options.quiet, "Print problems and what was asked for, no more");
-    app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION "\n");
+    app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION);
 }
 
 }  // namespace
@@ -83,7 +83,6 @@ void AddGeneralOptions(CLI::App& app, Options& options) {
 std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Options& options) {
     CLI::App app("Prepares the hand-over of moulding results to structural solvers.", "zorbi2");
     app.allow_windows_style_options(false);  // a path may start with a slash
-    app.require_subcommand(1);
     app.footer(exitCodes);
     AddGeneralOptions(app, options);
     AddInit(app, options);
@@ -93,6 +92,9 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Opt
     try {
         std::ranges::reverse(arguments);  // as CLI11 wants them
         app.parse(std::move(arguments));
+        if (app.get_subcommands().empty()) {
+            throw CLI::RequiredError("A command: init, items, write or check");
+        }
     } catch (const CLI::Success& wish) {  // help or version
         app.exit(wish, std::cout, std::cerr);
         return ExitCode::done;

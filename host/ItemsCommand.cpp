@@ -34,13 +34,13 @@ std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
 // ---- The dialog -------------------------------------------------------------------------------
 
 void PrintItem(const Terminal& terminal, const OfferedItem& offered) {
-    constexpr std::size_t indent = 28;
+    constexpr std::size_t indent = 27;
     const std::string newLine = "\n" + std::string(indent, ' ');
     const CZorbI2Item& item = offered.item;
     const std::string id = std::to_string(item.itemId);
     std::string mark = offered.status.checkState == 1 ? "[x] " : "[ ] ";
     mark = offered.IsMissing() ? "[-] " : offered.IsSwitch() ? mark : "";
-    std::cout << Padded(std::string(4 - id.size(), ' ') + id + " " + ShortName(item.itemId), indent)
+    std::cout << Padded(std::string(3 - id.size(), ' ') + id + " " + ShortName(item.itemId), indent)
               << terminal.Coloured(mark + TitleOf(item), Colour::strong);
     if (!item.description.empty()) {
         std::cout << newLine
@@ -168,6 +168,7 @@ std::vector<Column> ColumnsOf(Session& session) {
 void PrintMatrix(const Terminal& terminal, const std::vector<Column>& columns) {
     constexpr std::size_t roomForNames = 120;
     const bool hasNames = terminal.columns >= roomForNames;
+    const std::string gap = hasNames ? " " : "";
     std::vector<std::string> lines = {"", ""};  // solvers, mesh kinds, and one line for each item
     for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
         lines.push_back((itemId < 10 ? " " : "") + std::to_string(itemId) + " " +
@@ -182,21 +183,20 @@ void PrintMatrix(const Terminal& terminal, const std::vector<Column>& columns) {
         if (column.slot != slot) {
             slot = column.slot;
             for (std::string& line : lines) {
-                line = Padded(line, width + 1);
+                line = Padded(line, width + 2 - gap.size());
             }
             const std::string number = std::to_string(slot->solverIndex);
             lines[0] += hasNames ? slot->name : number;
             legend += hasNames ? "" : (number == "0" ? "; " : ", ") + number + " " + slot->name;
         }
-        lines[1] += static_cast<char>(std::toupper(MeshName(column.meshKind)[0]));
-        lines[1] += ' ';
+        lines[1] += static_cast<char>(std::toupper(MeshName(column.meshKind)[0])) + gap;
         for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
-            lines[itemId + 2] += {column.cells[itemId], ' '};
+            lines[itemId + 2] += column.cells[itemId] + gap;
         }
         width = std::max(lines[0].size(), lines[1].size());
     }
     for (const std::string& line : lines) {
-        std::cout << line << '\n';
+        std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
     }
     std::cout << '\n' << Wrapped(legend, terminal.columns, 0) << '\n';
 }

@@ -8,7 +8,6 @@
 #include <sstream>
 
 #include "host/HostPlatform.h"
-#include "host/Problem.h"
 
 namespace host {
 
@@ -34,7 +33,7 @@ std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
     return Utf8Of(endsInSeparator ? absolute.parent_path() : absolute);
 }
 
-std::string ReadFile(const fs::path& file) {
+std::string ReadFile(const fs::path& file, const Place& place) {
     std::error_code unknown;
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
@@ -42,7 +41,7 @@ std::string ReadFile(const fs::path& file) {
     bytes << stream.rdbuf();
     if (!stream.is_open() || stream.bad() || fs::is_directory(file, unknown)) {
         const int reason = fs::is_directory(file, unknown) ? EISDIR : errno;
-        throw Problem(Place{}, std::string("cannot be read: ") + std::strerror(reason),
+        throw Problem(place, std::string("cannot be read: ") + std::strerror(reason),
                       ExitCode::fileTrouble);
     }
     return bytes.str();

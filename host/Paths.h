@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string>
 
+#include "host/Problem.h"
+
 namespace host {
 
 std::filesystem::path PathOf(const std::string& utf8);
@@ -14,8 +16,8 @@ std::string Utf8Of(const std::filesystem::path& path);
 /// the text that it is: the translator may run on another machine.
 std::string AbsolutePath(const std::string& path, const std::filesystem::path& relativeTo);
 
-/// The whole file as bytes. Throws Problem.
-std::string ReadFile(const std::filesystem::path& file);
+/// The whole file as bytes. Throws Problem, of a place.
+std::string ReadFile(const std::filesystem::path& file, const Place& place);
 
 /// A temporary folder that is the current one while the host runs: the engine leaves two debug
 /// files in the current folder, and a batch must not litter the user's. Removed with the object.

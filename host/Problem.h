@@ -1,6 +1,7 @@
 // What went wrong, where it was asked for, and the exit code that it leads to.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -36,7 +37,10 @@ struct Problem {
 
 using Problems = std::vector<Problem>;
 
-inline std::string Quoted(const std::string& text) {
+/// In quotes, for a message: with question marks for control characters.
+inline std::string Quoted(std::string text) {
+    std::ranges::replace_if(
+        text, [](unsigned char letter) { return letter < 0x20; }, '?');
     return "\"" + text + "\"";
 }
 

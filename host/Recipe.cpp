@@ -329,7 +329,7 @@ Recipe ReadRecipe(const std::string& file, const Options& options, const Names& 
     recipe.file = file;
     const fs::path path = PathOf(AbsolutePath(file, folder));
     const Reader reader{recipe, path.parent_path(), names, problems};
-    const toml::parse_result parsed = toml::parse(ReadFile(path));
+    const toml::parse_result parsed = toml::parse(ReadFile(path, {file}));
     if (!parsed) {
         reader.Refuse(reader.PlaceOf(parsed.error().source(), {}),
                       std::string(parsed.error().description()));

@@ -2,6 +2,7 @@
 // what was asked for; only then does it take the place of the old one.
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <fstream>
 #include <functional>
@@ -19,6 +20,8 @@ namespace host {
 namespace {
 
 namespace fs = std::filesystem;
+
+volatile std::sig_atomic_t isInterrupted = 0;
 
 /// One recipe on its way to its control file.
 struct Job {
@@ -54,7 +57,8 @@ std::string ReasonAgainstWriting(const fs::path& file) {
 /// The file, when it says what was asked for.
 ControlFile ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     std::error_code missing;
-    job.text = fs::exists(file, missing) ? ReadFile(file) : std::string();
+    const Place place{{}, 0, 0, Utf8Of(job.controlFile)};
+    job.text = fs::exists(file, missing) ? ReadFile(file, place) : std::string();
     std::vector<Fault> faults;
     const ControlFile found = ReadControlFile(job.text, faults);
     const std::vector<std::string> differences = Differences(asked, found);
@@ -62,10 +66,10 @@ ControlFile ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
         return found;
     }
     const std::string reason = ReasonAgainstWriting(file);
-    const std::string what =
+    const std::string difference =
         faults.empty() ? differences[0]
                        : "line " + std::to_string(faults[0].line) + ": " + faults[0].message;
-    throw CannotWrite(job, reason.empty() ? "not what was asked for: " + what : reason);
+    throw CannotWrite(job, reason.empty() ? "not what was asked for: " + difference : reason);
 }
 
 void CheckMappedMesh(const Recipe& recipe) {
@@ -139,7 +143,7 @@ std::vector<Job> ReadJobs(const Surroundings& host) {
         Attempt(job, [&] {
             job.recipe =
                 ReadRecipe(file, host.options, host.names, host.scratch.Start(), job.problems);
-            job.controlFile = ControlFilePath(job.recipe);
+            job.controlFile = job.problems.empty() ? ControlFilePath(job.recipe) : fs::path();
         });
     }
     return jobs;
@@ -186,11 +190,12 @@ void ShowProgress(const Surroundings& host, const Job& job, std::size_t number, 
     if (host.terminal.isTerminal && !isSingle && !options.dryRun) {
         std::cout << "\r[" << number << "/" << options.files.size() << "]" << std::flush;
     } else if (isAfter && !job.problems.empty()) {
-        std::cout << (isSingle ? "" : "failed   " + InOneLine(job.problems[0]) + "\n");
+        std::cout << (isSingle ? "" : "failed   " + InOneLine(job.problems[0]) + "\n")
+                  << std::flush;
     } else if (isAfter && options.dryRun) {
         std::cout << (isSingle ? "" : "==> " + Utf8Of(job.controlFile) + " <==\n") << job.text;
     } else if (isAfter) {
-        std::cout << "wrote    " << Utf8Of(job.controlFile) << '\n';
+        std::cout << "wrote    " << Utf8Of(job.controlFile) << std::endl;
     }
 }
 
@@ -214,13 +219,20 @@ ExitCode RunWrite(const Surroundings& host) {
     std::vector<Job> jobs = ReadJobs(host);
     RefuseSameFile(jobs);
     CheckOpenFileLimit(jobs.size());
+    std::signal(SIGINT, [](int) { isInterrupted = 1; });  // the files stay whole
+    std::signal(SIGTERM, [](int) { isInterrupted = 1; });
     Problems all;
     std::size_t number = 0;
     std::size_t done = 0;
     Json list = Json::array();
     for (Job& job : jobs) {
         ShowProgress(host, job, ++number, false);
-        Attempt(job, [&] { WriteControlFile(host, job); });
+        Attempt(job, [&] {
+            if (isInterrupted != 0) {
+                throw Problem(Place{}, "interrupted before its turn", ExitCode::fileTrouble);
+            }
+            WriteControlFile(host, job);
+        });
         ShowProgress(host, job, number, true);
         done += job.problems.empty() ? 1 : 0;
         all.insert(all.end(), job.problems.begin(), job.problems.end());

@@ -1,0 +1,78 @@
+"""Command lines, good and bad; help, version, exit codes and the streams they go to."""
+
+import unittest
+
+from program import ROOT, ProgramTest
+
+BAD = [
+    # arguments, the first line on standard error, the command whose help is named
+    ([], "A command: init, items, write or check is required", ""),
+    (["wirte"], "The following argument was not expected: wirte", ""),
+    (["--wrong"], "The following argument was not expected: --wrong", ""),
+    (["write"], "RECIPE is required", "write "),
+    (["write", "a.toml", "--wrong"], "The following argument was not expected: --wrong", "write "),
+    (["write", "a.toml", "--solver"], "--solver: 1 required S missing", "write "),
+    (["write", "a.toml", "--mesh"], "--mesh: 1 required M missing", "write "),
+    (["write", "a.toml", "--set"], "--set: 1 required ITEM=CHOICE missing", "write "),
+    (["write", "a.toml", "--out"], "--out: 1 required FOLDER missing", "write "),
+    (["write", "a.toml", "--matrix"], "The following argument was not expected: --matrix",
+     "write "),
+    (["items"], "RECIPE is required", "items "),
+    (["items", "a.toml", "b.toml"], "RECIPE: At Most 1 required but received 2", "items "),
+    (["items", "a.toml", "--matrix", "--solvers"], "--matrix excludes --solvers", "items "),
+    (["items", "a.toml", "--dry-run"], "The following argument was not expected: --dry-run",
+     "items "),
+    (["init"], "RUN_FOLDER is required", "init "),
+    (["init", "a", "b"], "The following argument was not expected: b", "init "),
+    (["init", "a", "-o"], "--output: 1 required FILE missing", "init "),
+    (["check"], "FILE is required", "check "),
+    (["check", "a.cmi", "--out", "x"], "The following argument was not expected: --out",
+     "check "),
+]
+
+
+class CommandLine(ProgramTest):
+    def test_a_wrong_command_line_is_answered_with_its_cure(self):
+        for arguments, message, command in BAD:
+            with self.subTest(arguments):
+                done = self.run_program(*arguments)
+                self.check(done, 2, "", f"zorbi2: {message}\n"
+                           f"zorbi2 {command}--help tells how it is used\n")
+
+    def test_help_goes_to_standard_output_and_has_an_example(self):
+        for command in ([], ["init"], ["items"], ["write"], ["check"]):
+            for option in ("--help", "-h"):
+                done = self.run_program(*command, option)
+                self.check(done, 0)
+                self.assertIn("Example", done.stdout)
+                self.assertIn("zorbi2 " + (command[0] if command else "init"), done.stdout)
+
+    def test_help_tells_the_exit_codes(self):
+        text = self.run_program("--help").stdout
+        for line in ("0  done", "1  something asked for is not available", "2  wrong usage",
+                     "3  file or folder trouble"):
+            self.assertIn(line, text)
+
+    def test_the_version_is_the_projects(self):
+        version = (ROOT / "VERSION").read_text().strip()
+        self.check(self.run_program("--version"), 0, f"zorbi2 {version}\n")
+
+    def test_general_options_stand_before_or_behind_the_command(self):
+        self.make_run()
+        self.make_recipe()
+        for arguments in (["--json", "write", "cover.toml"], ["write", "--json", "cover.toml"],
+                          ["write", "cover.toml", "--json"]):
+            self.assertTrue(self.run_program(*arguments).stdout.startswith('{\n  "version": 1'))
+
+    def test_a_recipe_may_follow_a_choice(self):
+        self.make_run()
+        self.make_recipe()
+        done = self.run_program("write", "--set", "thermal-stress=on", "cover.toml", "--set",
+                                "flow-stress=on", "--dry-run")
+        self.check(done, 0)
+        self.assertIn("IsThermalResidualstressOutput = 1", done.stdout)
+        self.assertIn("IsFlowResidualstressOutput =    1", done.stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,154 @@
+"""Files, folders and streams that cannot be used. The tests may run as root, so nothing here rests
+on permissions alone."""
+
+import os
+import pty
+import resource
+import subprocess
+import unittest
+
+from program import ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, own_path
+
+NOT_ON_WINDOWS = unittest.skipIf(ON_WINDOWS, "devices, limits and descriptors are POSIX's")
+
+
+class Trouble(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.make_run()
+        self.make_recipe()
+
+    def file(self, name="Cover02.cmi"):
+        return own_path(self.folder / name)
+
+    def refused(self, recipe, message, *arguments, **others):
+        """Writes with trouble; nothing may change."""
+        self.make_recipe(recipe)
+        before = self.files()
+        done = self.run_program("write", "cover.toml", *arguments, **others)
+        self.check(done, 3, "", message)
+        self.assertEqual(self.files(), before)
+
+    def test_a_recipe_that_does_not_exist(self):
+        self.check(self.run_program("write", "none.toml"), 3, "",
+                   "none.toml: cannot be read: No such file or directory\n")
+
+    def test_a_recipe_that_is_a_folder(self):
+        self.check(self.run_program("write", "Run02"), 3, "",
+                   "Run02: cannot be read: Is a directory\n")
+
+    def test_a_folder_for_the_file_that_does_not_exist(self):
+        self.refused(PROJECT + TARGET + '[control_file]\nfolder = "none"\n',
+                     f"cover.toml: {self.file('none/Cover02.cmi')}: cannot be written: "
+                     "No such file or directory\n")
+
+    @NOT_ON_WINDOWS
+    def test_a_folder_for_the_file_that_is_a_file(self):
+        self.refused(PROJECT + TARGET + '[control_file]\nfolder = "cover.toml"\n',
+                     f"cover.toml: {self.file('cover.toml/Cover02.cmi')}: cannot be written: "
+                     "Not a directory\n")
+
+    @NOT_ON_WINDOWS
+    def test_a_folder_in_the_place_of_the_file(self):
+        (self.folder / "Cover02.cmi").mkdir()
+        self.refused(PROJECT + TARGET,
+                     f"cover.toml: {self.file()}: cannot be written: Is a directory\n")
+
+    @NOT_ON_WINDOWS
+    def test_a_name_that_is_too_long(self):
+        name = "x" * 300
+        self.refused(PROJECT + TARGET + f'[control_file]\nname = "{name}"\n',
+                     f"cover.toml: {self.file(name + '02.cmi')}: cannot be written: "
+                     "File name too long\n")
+
+    @NOT_ON_WINDOWS
+    def test_a_file_that_may_not_become_as_large_leaves_the_old_one(self):
+        (self.folder / "Cover02.cmi").write_text("old")
+        self.refused(PROJECT + TARGET,
+                     f"cover.toml: {self.file()}: cannot be written: File too large\n",
+                     preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (500, 500)))
+        self.assertEqual((self.folder / "Cover02.cmi").read_text(), "old")
+
+    @NOT_ON_WINDOWS
+    def test_a_folder_of_the_system_that_takes_no_files(self):
+        self.refused(PROJECT + TARGET + '[control_file]\nfolder = "/proc/self"\n',
+                     "cover.toml: /proc/self/Cover02.cmi: cannot be written: "
+                     "No such file or directory\n")
+
+    @NOT_ON_WINDOWS
+    def test_a_temporary_folder_that_does_not_exist(self):
+        done = self.run_program("write", "cover.toml", environment={"TMPDIR": "/nowhere"})
+        self.assertEqual(done.returncode, 3)
+        self.assertIn("temporary folder cannot be used", done.stderr)
+
+    # ---- Standard streams ---------------------------------------------------------------------
+
+    @NOT_ON_WINDOWS
+    def test_a_full_standard_output_is_an_error(self):
+        for arguments in (["--help"], ["--version"], ["items", "cover.toml"],
+                          ["write", "cover.toml", "--dry-run"], ["write", "cover.toml"],
+                          ["write", "--json", "cover.toml"], ["init", "Run02", "--force"],
+                          ["items", "cover.toml", "--matrix"], ["check", "Cover02.cmi"]):
+            with self.subTest(arguments), open("/dev/full", "w") as full:
+                done = self.run_program(*arguments, stdout=full)
+                self.check(done, 3, None, "zorbi2: standard output cannot be written: "
+                           "No space left on device\n")
+
+    @NOT_ON_WINDOWS
+    def test_a_closed_standard_output_is_an_error(self):
+        for arguments in (["--help"], ["items", "cover.toml"], ["write", "cover.toml"]):
+            with self.subTest(arguments):
+                done = self.run_program(*arguments, preexec_fn=lambda: os.close(1))
+                self.check(done, 3, None, "zorbi2: standard output cannot be written: "
+                           "Bad file descriptor\n")
+        text = (self.folder / "Cover02.cmi").read_text()
+        self.assertTrue(text.startswith("I2-Output Control Parameter File\n"))
+        self.assertTrue(text.endswith("[\\REDUCTION RATE]\n"))
+
+    @NOT_ON_WINDOWS
+    def test_all_streams_closed_do_no_harm_to_the_file(self):
+        def close_all():
+            for stream in (0, 1, 2):
+                os.close(stream)
+
+        done = self.run_program("write", "cover.toml", "--quiet", preexec_fn=close_all)
+        self.assertEqual(done.returncode, 0)
+        self.assertTrue((self.folder / "Cover02.cmi").read_text().endswith("[\\REDUCTION RATE]\n"))
+
+    @NOT_ON_WINDOWS
+    def test_a_reader_that_goes_away_is_an_error_and_no_signal(self):
+        reader, writer = os.pipe()
+        os.close(reader)
+        done = self.run_program("items", "cover.toml", stdout=writer)
+        os.close(writer)
+        self.check(done, 3, None, "zorbi2: standard output cannot be written: Broken pipe\n")
+
+    # ---- Colour -------------------------------------------------------------------------------
+
+    @NOT_ON_WINDOWS
+    def test_colour_is_for_terminals_and_never_with_no_color(self):
+        self.assertNotIn("\x1b", self.run_program("items", "cover.toml").stdout)
+        self.assertIn("\x1b[1m", self.on_terminal({}))
+        self.assertIn("\x1b[1m", self.on_terminal({"NO_COLOR": ""}))
+        self.assertNotIn("\x1b", self.on_terminal({"NO_COLOR": "1"}))
+
+    def on_terminal(self, environment):
+        """What "items" prints on a terminal."""
+        values = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+        master, slave = pty.openpty()
+        with subprocess.Popen([PROGRAM, "items", "cover.toml"], cwd=self.folder, stdout=slave,
+                              env={**values, **environment}) as process:
+            os.close(slave)
+            text = b""
+            try:
+                while part := os.read(master, 65536):
+                    text += part
+            except OSError:  # the end, on Linux
+                pass
+        os.close(master)
+        self.assertEqual(process.returncode, 0)
+        return text.decode()
+
+
+if __name__ == "__main__":
+    unittest.main()
