@@ -134,11 +134,10 @@ std::string TextOf(const Recipe& recipe, const fs::path& home) {
 
 ExitCode RunInit(const Surroundings& host) {
     const Options& options = host.options;
-    Recipe folder;
-    folder.project.projectFolder = AbsolutePath(options.runFolder, host.scratch.Start());
-    CheckRunFolder(folder);
-    const Run run = FindRun(PathOf(folder.project.projectFolder));
-    const Recipe recipe = RecipeOf(run, folder.project.projectFolder);
+    const std::string folder = AbsolutePath(options.runFolder, host.scratch.Start());
+    CheckFolder(folder, {});
+    const Run run = FindRun(PathOf(folder));
+    const Recipe recipe = RecipeOf(run, folder);
     const std::string file = AbsolutePath(options.recipeFile.value_or(run.name + run.tag + ".toml"),
                                           host.scratch.Start());
     const fs::path path = PathOf(file);

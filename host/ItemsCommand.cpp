@@ -231,7 +231,7 @@ ExitCode RunItems(const Surroundings& host) {
     if (!problems.empty()) {
         return Report(problems, options);
     }
-    CheckRunFolder(recipe);
+    CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
     Json document = JsonDocument(options);
     document.update(options.solvers  ? ShowSolvers(host, session)

@@ -347,12 +347,10 @@ Recipe ReadRecipe(const std::string& file, const Options& options, const Names& 
     return recipe;
 }
 
-void CheckRunFolder(const Recipe& recipe) {
-    const std::string& folder = recipe.project.projectFolder;
+void CheckFolder(const std::string& folder, const Place& place) {
     std::error_code error;
     if (!fs::is_directory(PathOf(folder), error)) {
-        throw Problem(recipe.PlaceOf("project.folder"),
-                      folder + ": " + (error ? error.message() : "not a folder"),
+        throw Problem(place, folder + ": " + (error ? error.message() : "not a folder"),
                       ExitCode::fileTrouble);
     }
 }

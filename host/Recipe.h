@@ -54,7 +54,7 @@ struct Recipe {
 Recipe ReadRecipe(const std::string& file, const Options& options, const Names& names,
                   const std::filesystem::path& folder, Problems& problems);
 
-/// Throws Problem unless the run folder is a folder.
-void CheckRunFolder(const Recipe& recipe);
+/// Throws Problem unless a path of a recipe is a folder.
+void CheckFolder(const std::string& folder, const Place& place);
 
 }  // namespace host

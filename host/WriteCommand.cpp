@@ -96,7 +96,7 @@ void CheckRequired(Job& job, const Session& session, const ControlFile& found) {
 }
 
 void WriteControlFile(const Surroundings& host, Job& job) {
-    CheckRunFolder(job.recipe);
+    CheckFolder(job.recipe.project.projectFolder, job.recipe.PlaceOf("project.folder"));
     CheckMappedMesh(job.recipe);
     Session session(job.recipe);
     job.problems = session.ApplyRecipe();
