@@ -12,6 +12,7 @@
 #include "CZorbI2WeldlineDataStatus.h"
 #include "cmi/CZorbI2AccessCMIFile.h"
 #include "cmi/CZorbI2CMIData.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/SampleProject.h"
 
@@ -128,9 +129,9 @@ TEST(Manager, DestroysEngineDataBlockAndWriterInThisOrder) {
     manager->CreateCMIAccess();
     manager->CreateCMIDataBlock();
     manager->CreateEngine(&record);
-    const void* const engine = manager->engine;
-    const void* const cmiData = manager->cmiData;
-    const void* const accessCmiFile = manager->accessCmiFile;
+    const support::Address engine = support::AddressOf(manager->engine);
+    const support::Address cmiData = support::AddressOf(manager->cmiData);
+    const support::Address accessCmiFile = support::AddressOf(manager->accessCmiFile);
     const support::FailingAllocations watch;
     manager.reset();
     EXPECT_TRUE(watch.FreedInOrder({engine, cmiData, accessCmiFile}));
@@ -204,16 +205,18 @@ TEST(Manager, WriteIsTrueWhenTheFolderDoesNotExist) {
     EXPECT_EQ(project.files.written.count("D:\\nowhere\\Cover03.cmi"), 0U);
 }
 
-TEST(Manager, WriteResetsTheDataBlockFirst) {
+TEST(Manager, WriteResetsTheDataBlockBeforeItFillsIt) {
     OpenProject project;
     project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    project.Engine().weldlineAngleSet->WeldlineAngles.clear();  // ends the fill before its end
     CZorbI2CMIData& data = *project.manager.GetZorbCMIData();
-    data.IsMappedMesh = 1;
-    data.FileVersion = 1;
-    EXPECT_TRUE(project.manager.WriteCMIFile(0));
-    EXPECT_EQ(data.IsMappedMesh, 0);
+    data.DigimatOption = 77;
+    data.DigimatWeldlineAngle = 77.0;
+    EXPECT_EQ(support::OutOfRangeText([&] { project.manager.WriteCMIFile(0); }),
+              "invalid vector<T> subscript");
+    EXPECT_EQ(data.DigimatOption, 0);
+    EXPECT_EQ(data.DigimatWeldlineAngle, 135.0);
     EXPECT_EQ(data.IsOriginalMesh, 1);
-    EXPECT_EQ(data.FileVersion, 9064);
 }
 
 TEST(ManagerWithBareEngine, TakesTheSettings) {
@@ -267,10 +270,19 @@ TEST(ManagerWithBareEngine, HasNoSolverStatus) {
     EXPECT_EQ(annealingMode, -77);
 }
 
+TEST(ManagerWithBareEngine, WriteLeavesTheDataBlockReset) {
+    OpenProject project(support::ProjectWithoutCatalogue());
+    project.manager.GetZorbCMIData()->IsMappedMesh = 1;
+    project.manager.GetZorbCMIData()->MapFile = "mesh";
+    EXPECT_TRUE(project.manager.WriteCMIFile(0));
+    EXPECT_EQ(project.manager.GetZorbCMIData()->IsMappedMesh, 0);
+    EXPECT_EQ(project.manager.GetZorbCMIData()->MapFile, "");
+    EXPECT_EQ(project.manager.GetZorbCMIData()->FileVersion, 9064);
+}
+
 TEST(ManagerWithBareEngine, WriteIsTrueAndOpensNoFile) {
     OpenProject project(support::ProjectWithoutCatalogue());
     project.manager.SetCMIFileFullPath("D:\\out", "Cover", 3, "cmi");
     EXPECT_TRUE(project.manager.WriteCMIFile(0));
     EXPECT_THAT(project.files.events, IsEmpty());
-    EXPECT_EQ(project.manager.GetZorbCMIData()->FileVersion, 9064);
 }

@@ -13,6 +13,7 @@
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/SampleProject.h"
 
+using support::AddressOf;
 using support::OpenProject;
 using support::OutOfRangeText;
 using support::ResultFiles;
@@ -190,32 +191,30 @@ TEST(Engine, TakesViewEditFromFlag19WithOrWithoutCatalogue) {
     }
 }
 
-TEST(Engine, DestroysSlotsItemsWeldlineDataSelectorAndRecordInThisOrder) {
+TEST(Engine, DestroysSlotsItemsWeldlineDataSelectorRecordAndTextsInThisOrder) {
     OpenProject project;
     CZorbI2Engine& engine = project.Engine();
-    const support::FailingAllocations watch;
-    const auto isFreedInOrder = [&watch](const std::vector<const void*>& blocks) {
-        for (std::size_t next = 1; next < blocks.size(); ++next) {
-            if (!watch.FreedInOrder({blocks[next - 1], blocks[next]})) {
-                return false;
-            }
-        }
-        return true;
-    };
-    std::vector<const void*> blocks;
+    engine.outFolder = "an output folder whose name needs memory";
+    engine.cmiFileFullPath = "a file whose name needs memory";
+    engine.mappedMeshFilePath = "a mapped mesh whose name needs memory";
+    std::vector<support::Address> blocks;
     for (const auto& slot : engine.solverSlots) {
-        blocks.push_back(slot.get());
+        blocks.push_back(AddressOf(slot.get()));
     }
     for (const auto& item : engine.items) {
-        blocks.push_back(item.get());
+        blocks.push_back(AddressOf(item.get()));
     }
-    blocks.push_back(engine.weldlineAngleSet.get());
-    blocks.push_back(engine.popItemSelector.get());
-    blocks.push_back(engine.feaInformation.get());
-    blocks.push_back(&engine);
+    blocks.push_back(AddressOf(engine.weldlineAngleSet.get()));
+    blocks.push_back(AddressOf(engine.popItemSelector.get()));
+    blocks.push_back(AddressOf(engine.feaInformation.get()));
+    blocks.push_back(AddressOf(engine.mappedMeshFilePath.data()));
+    blocks.push_back(AddressOf(engine.cmiFileFullPath.data()));
+    blocks.push_back(AddressOf(engine.outFolder.data()));
+    blocks.push_back(AddressOf(&engine));
+    const support::FailingAllocations watch;
     delete project.manager.engine;
     project.manager.engine = nullptr;
-    EXPECT_TRUE(isFreedInOrder(blocks));
+    EXPECT_TRUE(watch.FreedInOrder(blocks));
 }
 
 TEST(Settings, AreStoredAsTheyAre) {

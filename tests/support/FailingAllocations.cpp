@@ -9,15 +9,18 @@
 
 namespace {
 
+using support::Address;
+using support::AddressOf;
+
 /// A list of a fixed size, because it must not allocate.
 template <std::size_t capacity>
 class AddressList {
 public:
     void Clear() { size_ = 0; }
-    const void* const* begin() const { return addresses_.data(); }
-    const void* const* end() const { return addresses_.data() + size_; }
+    const Address* begin() const { return addresses_.data(); }
+    const Address* end() const { return addresses_.data() + size_; }
 
-    void Add(const void* address) {
+    void Add(Address address) {
         if (size_ == capacity) {
             std::fputs("FailingAllocations: too many allocations for one watch\n", stderr);
             std::abort();
@@ -25,7 +28,7 @@ public:
         addresses_[size_++] = address;
     }
 
-    bool Remove(const void* address) {
+    bool Remove(Address address) {
         for (std::size_t place = size_; place-- > 0;) {
             if (addresses_[place] == address) {
                 addresses_[place] = addresses_[--size_];
@@ -36,7 +39,7 @@ public:
     }
 
 private:
-    std::array<const void*, capacity> addresses_;
+    std::array<Address, capacity> addresses_;
     std::size_t size_ = 0;
 };
 
@@ -52,12 +55,12 @@ public:
         size_ = 0;
     }
 
-    void Add(const void* address) {
+    void Add(Address address) {
         ListFor(address).Add(address);
         ++size_;
     }
 
-    void Remove(const void* address) {
+    void Remove(Address address) {
         if (ListFor(address).Remove(address)) {
             --size_;
         }
@@ -66,9 +69,7 @@ public:
 private:
     using List = AddressList<500>;
 
-    List& ListFor(const void* address) {
-        return lists_[reinterpret_cast<std::uintptr_t>(address) / 16 % lists_.size()];
-    }
+    List& ListFor(Address address) { return lists_[address / 16 % lists_.size()]; }
 
     std::array<List, 256> lists_;
     std::size_t size_ = 0;
@@ -113,7 +114,7 @@ void* Allocated(std::size_t size) noexcept {
         return nullptr;
     }
     void* const block = std::malloc(std::max<std::size_t>(size, 1));
-    watch.live.Add(block);
+    watch.live.Add(AddressOf(block));
     return block;
 }
 
@@ -127,8 +128,8 @@ void* AllocatedOrThrow(std::size_t size) {
 
 void Free(void* block) noexcept {
     if (isWatched && block != nullptr) {
-        watch.live.Remove(block);
-        watch.freed.Add(block);
+        watch.live.Remove(AddressOf(block));
+        watch.freed.Add(AddressOf(block));
     }
     std::free(block);
 }
@@ -177,6 +178,10 @@ void operator delete[](void* block, const std::nothrow_t& /*tag*/) noexcept {
 
 namespace support {
 
+Address AddressOf(const void* block) {
+    return reinterpret_cast<Address>(block);
+}
+
 FailingAllocations::FailingAllocations() {
     watch.Start();
     isWatched = true;
@@ -213,9 +218,9 @@ std::size_t FailingAllocations::Live() const {
     return watch.live.Size();
 }
 
-bool FailingAllocations::FreedInOrder(std::initializer_list<const void*> blocks) const {
-    const void* const* place = watch.freed.begin();
-    for (const void* block : blocks) {
+bool FailingAllocations::FreedInOrder(const std::vector<Address>& blocks) const {
+    const Address* place = watch.freed.begin();
+    for (const Address block : blocks) {
         place = std::find(place, watch.freed.end(), block);
         if (place == watch.freed.end()) {
             return false;

@@ -3,9 +3,15 @@
 #pragma once
 
 #include <cstddef>
-#include <initializer_list>
+#include <cstdint>
+#include <vector>
 
 namespace support {
+
+/// Where a block lies or lay. A number, because pointers are not for use once the block is freed.
+using Address = std::uintptr_t;
+
+Address AddressOf(const void* block);
 
 /// While one lives, it watches what the thread that made it allocates with operator new. One at a
 /// time; it makes no allocation itself.
@@ -33,7 +39,7 @@ public:
     /// Number of blocks that were allocated since the start and not given back.
     std::size_t Live() const;
     /// Whether these blocks were given back since the start, one after the other as listed.
-    bool FreedInOrder(std::initializer_list<const void*> blocks) const;
+    bool FreedInOrder(const std::vector<Address>& blocks) const;
 };
 
 /// While one lives, this thread's allocations neither fail nor count: for what a test's doubles do

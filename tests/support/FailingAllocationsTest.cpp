@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+using support::Address;
+using support::AddressOf;
 using support::FailingAllocations;
 using support::UnwatchedAllocations;
 
@@ -90,9 +92,8 @@ TEST(FailingAllocations, TellsTheOrderOfFrees) {
     Kept().clear();
     auto first = std::make_unique<int>(1);
     auto second = std::make_unique<int>(2);
-    // Volatile: compilers warn of uses after a free, and cannot know that only addresses are meant.
-    const void* const volatile firstBlock = first.get();
-    const void* const volatile secondBlock = second.get();
+    const Address firstBlock = AddressOf(first.get());
+    const Address secondBlock = AddressOf(second.get());
     const FailingAllocations watch;
     second.reset();
     EXPECT_FALSE(watch.FreedInOrder({firstBlock}));
