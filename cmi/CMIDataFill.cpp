@@ -96,7 +96,8 @@ bool IsOutput(const ItemArray& items, std::int32_t itemId) {
 
 void FillMeshKind(CZorbI2CMIData& data, const CMIDataSource& source) {
     constexpr std::int32_t annealingProject = 3;
-    const bool isAnnealed = source.offeredProjectType == annealingProject && source.annealingMode == 1;
+    const bool isAnnealed =
+        source.offeredProjectType == annealingProject && source.annealingMode == 1;
     data.IsOriginalMesh = source.meshKind == kMeshOriginal;
     data.IsDeformedMesh = source.meshKind == kMeshDeformed && !isAnnealed;
     data.IsMappedMesh = source.meshKind == kMeshMapped;

@@ -23,18 +23,8 @@ void FillInputs::SetItem(std::int32_t itemId, bool isAvailable, std::int32_t che
 
 CMIDataSource FillInputs::Source() const {
     return {
-        items,
-        currentSolver,
-        meshKind,
-        quadraticElement,
-        annealingMode,
-        offeredProjectType,
-        solverType,
-        projectType,
-        mapFile,
-        outFolder,
-        weldlineData,
-        digimatWeldlineAngle,
+        items,      currentSolver, meshKind, quadraticElement, annealingMode, offeredProjectType,
+        solverType, projectType,   mapFile,  outFolder,        weldlineData,  digimatWeldlineAngle,
         viewEdit,
     };
 }
