@@ -8,7 +8,7 @@ import tempfile
 import unittest
 
 PROGRAM = os.environ["ZORBI2_PROGRAM"]
-EMULATOR = [part for part in os.environ.get("ZORBI2_EMULATOR", "").split(";") if part]
+EMULATOR = [part for part in os.environ.get("ZORBI2_EMULATOR", "").split("|") if part]
 ON_WINDOWS = PROGRAM.endswith(".exe")
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 EXAMPLE = ROOT / "examples" / "cover"

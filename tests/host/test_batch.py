@@ -1,8 +1,6 @@
 """Many recipes in one call."""
 
 import os
-import pty
-import resource
 import signal
 import subprocess
 import sys
@@ -10,6 +8,10 @@ import time
 import unittest
 
 from program import ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, own_path
+
+if os.name == "posix":
+    import pty
+    import resource
 
 SHOT_FILE = "<SOLID_MCM>\nFlagPrevShot = 1\nValueShotRunID = 1\n</SOLID_MCM>\n"
 

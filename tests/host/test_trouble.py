@@ -2,12 +2,14 @@
 on permissions alone."""
 
 import os
-import pty
-import resource
 import subprocess
 import unittest
 
 from program import ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, own_path
+
+if os.name == "posix":
+    import pty
+    import resource
 
 NOT_ON_WINDOWS = unittest.skipIf(ON_WINDOWS, "devices, limits and descriptors are POSIX's")
 
