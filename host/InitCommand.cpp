@@ -99,7 +99,7 @@ std::string TomlFlag(std::int32_t flag) {
 std::string ChoicesText(const std::vector<OfferedItem>& items) {
     std::string text;
     for (const OfferedItem& offered : items) {
-        const std::string name = "\n# " + ShortName(offered.item.itemId);
+        const std::string name = "\n# " + shortNames.NameOf(offered.item.itemId);
         const std::string choice = offered.IsSwitch() ? "off" : offered.Label();
         text += offered.IsMissing() ? name + ": " + offered.Label() : name + " = " + Quoted(choice);
     }
@@ -119,7 +119,7 @@ std::string TextOf(const Recipe& recipe, const fs::path& home) {
         {"voxel", TomlFlag(project.voxelFlag)},
         {"fiber", TomlFlag(project.flags[CZorbFEAInformation::kHasFiber])},
         {"insert", TomlFlag(project.flags[CZorbFEAInformation::kHasInsertedPart])},
-        {"mesh", Quoted(MeshName(recipe.meshKind))},
+        {"mesh", Quoted(meshKinds.NameOf(recipe.meshKind))},
         {"choices", ChoicesText(session.Offer(recipe.solver, recipe.meshKind))}};
     std::string text = recipeText;
     for (const auto& [name, value] : values) {

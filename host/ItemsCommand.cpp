@@ -27,7 +27,7 @@ std::string ElementsOf(const SolverSlot& slot) {
 std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
     const bool isSecond = recipe.quadraticElements && slot.elementTypes.size() > 1;
     return recipe.project.projectName + ", run " + std::to_string(recipe.project.runNumber) +
-           ", for " + slot.name + ": " + MeshName(recipe.meshKind) + " mesh, " +
+           ", for " + slot.name + ": " + meshKinds.NameOf(recipe.meshKind) + " mesh, " +
            slot.elementTypes[isSecond ? 1 : 0];
 }
 
@@ -40,7 +40,8 @@ void PrintItem(const Terminal& terminal, const OfferedItem& offered) {
     const std::string id = std::to_string(item.itemId);
     std::string mark = offered.status.checkState == 1 ? "[x] " : "[ ] ";
     mark = offered.IsMissing() ? "[-] " : offered.IsSwitch() ? mark : "";
-    std::cout << Padded(std::string(3 - id.size(), ' ') + id + " " + ShortName(item.itemId), indent)
+    std::cout << Padded(std::string(3 - id.size(), ' ') + id + " " + shortNames.NameOf(item.itemId),
+                        indent)
               << terminal.Coloured(mark + TitleOf(item), Colour::strong);
     if (!item.description.empty()) {
         std::cout << newLine
@@ -77,7 +78,7 @@ void PrintDialog(const Surroundings& host, const Recipe& recipe, const SolverSlo
 Json JsonOf(const OfferedItem& offered) {
     const CZorbI2Item& item = offered.item;
     Json entry = {{"id", item.itemId},
-                  {"name", ShortName(item.itemId)},
+                  {"name", shortNames.NameOf(item.itemId)},
                   {"group", groupNames[offered.group]},
                   {"title", TitleOf(item)},
                   {"description", item.description},
@@ -100,7 +101,7 @@ Json ShowDialog(const Surroundings& host, const Recipe& recipe, Session& session
     problems = session.ApplyRecipe();
     Json list = Json::array();
     const SolverSlot* slot = session.Engine().solverSlots[recipe.solver].get();
-    if (slot == nullptr || !MeshesOf(*slot).Find(MeshName(recipe.meshKind))) {
+    if (slot == nullptr || !MeshesOf(*slot).Find(meshKinds.NameOf(recipe.meshKind))) {
         return {{"items", list}};
     }
     const auto& items = session.Offer(recipe.solver, recipe.meshKind);
@@ -110,9 +111,9 @@ Json ShowDialog(const Surroundings& host, const Recipe& recipe, Session& session
     for (const OfferedItem& offered : items) {
         list.push_back(JsonOf(offered));
     }
-    return {{"project", recipe.project.projectName},  {"run", recipe.project.runNumber},
-            {"folder", recipe.project.projectFolder}, {"solver", slot->name},
-            {"mesh", MeshName(recipe.meshKind)},      {"items", list}};
+    return {{"project", recipe.project.projectName},     {"run", recipe.project.runNumber},
+            {"folder", recipe.project.projectFolder},    {"solver", slot->name},
+            {"mesh", meshKinds.NameOf(recipe.meshKind)}, {"items", list}};
 }
 
 // ---- Solvers ----------------------------------------------------------------------------------
@@ -123,7 +124,7 @@ Json ShowSolvers(const Surroundings& host, const Session& session) {
         if (!slot) {
             continue;
         }
-        const std::string keyword = SolverKeyword(slot->solverIndex);
+        const std::string keyword = solverKeywords.NameOf(slot->solverIndex);
         if (!host.options.json) {
             std::cout << slot->solverIndex << "  "
                       << host.terminal.Coloured(slot->name, Colour::strong)
@@ -153,7 +154,7 @@ std::vector<Column> ColumnsOf(Session& session) {
     std::vector<Column> columns;
     for (const auto& slot : session.Engine().solverSlots) {
         for (std::int32_t kind = kMeshOriginal; slot && kind <= kMesh3DMappingShell; ++kind) {
-            if (!MeshesOf(*slot).Find(MeshName(kind))) {
+            if (!MeshesOf(*slot).Find(meshKinds.NameOf(kind))) {
                 continue;
             }
             Column& column = columns.emplace_back(slot.get(), kind, std::string(kItemCount, '.'));
@@ -172,7 +173,7 @@ void PrintMatrix(const Terminal& terminal, const std::vector<Column>& columns) {
     std::vector<std::string> lines = {"", ""};  // solvers, mesh kinds, and one line for each item
     for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
         lines.push_back((itemId < 10 ? " " : "") + std::to_string(itemId) + " " +
-                        ShortName(itemId));
+                        shortNames.NameOf(itemId));
     }
     std::string legend =
         "+ available, - results missing, . not offered; O original, D deformed, "
@@ -189,7 +190,7 @@ void PrintMatrix(const Terminal& terminal, const std::vector<Column>& columns) {
             lines[0] += hasNames ? slot->name : number;
             legend += hasNames ? "" : (number == "0" ? "; " : ", ") + number + " " + slot->name;
         }
-        lines[1] += static_cast<char>(std::toupper(MeshName(column.meshKind)[0])) + gap;
+        lines[1] += static_cast<char>(std::toupper(meshKinds.NameOf(column.meshKind)[0])) + gap;
         for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
             lines[itemId + 2] += column.cells[itemId] + gap;
         }
@@ -211,11 +212,11 @@ Json ShowMatrix(const Surroundings& host, Session& session) {
         Json items = Json::object();
         for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
             if (column.cells[itemId] != '.') {
-                items[ShortName(itemId)] = column.cells[itemId] == '+';
+                items[shortNames.NameOf(itemId)] = column.cells[itemId] == '+';
             }
         }
         list.push_back({{"solver", column.slot->name},
-                        {"mesh", MeshName(column.meshKind)},
+                        {"mesh", meshKinds.NameOf(column.meshKind)},
                         {"available", items}});
     }
     return {{"matrix", list}};

@@ -1,31 +1,30 @@
 #include "host/Names.h"
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 
-#include "ZorbI2Types.h"
 #include "engine/CZorbI2Engine.h"
 #include "host/Session.h"
 
 namespace host {
 
-namespace {
-
 // clang-format off
-constexpr std::array<const char*, kItemCount> shortNames = {
-    "fiber-orientation", "runner", "moldbase-mesh", "flow-stress", "thermal-stress",
-    "initial-strain", "insert-pressure", "moldbase-pressure", "packing-temperature",
-    "cooling-temperature", "moldbase-temperature", "digimat-export", "insert-fiber-material",
-    "density", "weld-line", "micro-mechanics", "digimat-weldline", "digimat-mucell",
-    "digimat-fiber", "digimat-stress", "digimat-temperature", "annealing-stress"};
-constexpr std::array<const char*, kSolverCount> solverKeywords = {
-    "ANSYS", "ABAQUS", "MSCNASTRAN", "NENASTRAN", "LSDYNA", "MARC", "NXNASTRAN", "RADIOSS",
-    "WORKBENCH"};
-// The engine's labels for the mesh kinds are the same words.
-constexpr std::array<const char*, 4> meshNames = {
-    "original", "deformed", "mapped", "3d-mapping-to-shell"};
+const Vocabulary shortNames = {
+    {0, "fiber-orientation"}, {1, "runner"}, {2, "moldbase-mesh"}, {3, "flow-stress"},
+    {4, "thermal-stress"}, {5, "initial-strain"}, {6, "insert-pressure"},
+    {7, "moldbase-pressure"}, {8, "packing-temperature"}, {9, "cooling-temperature"},
+    {10, "moldbase-temperature"}, {11, "digimat-export"}, {12, "insert-fiber-material"},
+    {13, "density"}, {14, "weld-line"}, {15, "micro-mechanics"}, {16, "digimat-weldline"},
+    {17, "digimat-mucell"}, {18, "digimat-fiber"}, {19, "digimat-stress"},
+    {20, "digimat-temperature"}, {21, "annealing-stress"}};
+const Vocabulary meshKinds = {
+    {0, "original"}, {1, "deformed"}, {2, "mapped"}, {3, "3d-mapping-to-shell"}};
+const Vocabulary solverKeywords = {
+    {0, "ANSYS"}, {1, "ABAQUS"}, {2, "MSCNASTRAN"}, {3, "NENASTRAN"}, {4, "LSDYNA"}, {5, "MARC"},
+    {6, "NXNASTRAN"}, {7, "RADIOSS"}, {8, "WORKBENCH"}};
 // clang-format on
+
+namespace {
 
 std::string Folded(std::string_view name) {
     std::string folded(name);
@@ -86,35 +85,24 @@ std::string Vocabulary::All() const {
     return all;
 }
 
-std::string ShortName(std::int32_t itemId) {
-    return shortNames.at(itemId);
-}
-
-std::string MeshName(std::int32_t meshKind) {
-    return meshNames.at(meshKind);
-}
-
-std::string SolverKeyword(std::int32_t solver) {
-    return solverKeywords.at(solver);
+std::string Vocabulary::NameOf(std::int32_t number) const {
+    return std::ranges::find(entries_, number, &Entry::first)->second;
 }
 
 Names::Names() {
     const Recipe noProject;  // the names are the same for all
     const Session session(noProject);
     for (const auto& item : session.Engine().items) {
-        items.Add(item->itemId, ShortName(item->itemId));
+        items.Add(item->itemId, shortNames.NameOf(item->itemId));
         if (!item->title.empty()) {
             items.Add(item->itemId, item->title);
         }
     }
     for (const auto& slot : session.Engine().solverSlots) {
         solvers.Add(slot->solverIndex, slot->name);
-        if (slot->name != SolverKeyword(slot->solverIndex)) {
-            solvers.Add(slot->solverIndex, SolverKeyword(slot->solverIndex));
+        if (slot->name != solverKeywords.NameOf(slot->solverIndex)) {
+            solvers.Add(slot->solverIndex, solverKeywords.NameOf(slot->solverIndex));
         }
-    }
-    for (std::int32_t kind = kMeshOriginal; kind <= kMesh3DMappingShell; ++kind) {
-        meshes.Add(kind, MeshName(kind));
     }
 }
 

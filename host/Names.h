@@ -23,6 +23,9 @@ public:
 
     void Add(std::int32_t number, std::string name) { entries_.emplace_back(number, name); }
 
+    /// The first name of a number.
+    std::string NameOf(std::int32_t number) const;
+
     /// The number of a name; the number itself, written in digits, is a name too.
     std::optional<std::int32_t> Find(std::string_view name) const;
 
@@ -36,16 +39,15 @@ private:
     std::vector<Entry> entries_;
 };
 
-std::string ShortName(std::int32_t itemId);
-std::string MeshName(std::int32_t meshKind);
-std::string SolverKeyword(std::int32_t solver);
+extern const Vocabulary shortNames;      ///< of the items
+extern const Vocabulary meshKinds;       ///< the engine's labels are the same words
+extern const Vocabulary solverKeywords;  ///< as in the control file
 
 struct Names {
     Names();  ///< asks the engine for its titles and display names
 
     Vocabulary items;
     Vocabulary solvers;
-    Vocabulary meshes;
 };
 
 }  // namespace host

@@ -17,14 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Range {
-    double largest;  ///< from 0 on
-    const char* inWords;
-};
-
-constexpr Range degrees{180.0, "a number of degrees from 0 to 180"};
-constexpr Range fraction{1.0, "a fraction from 0 to 1"};
-
 /// What is read, and into what. A value that does not fit is refused, and read as nothing.
 struct Reader {
     Recipe& recipe;
@@ -66,32 +58,45 @@ struct Reader {
         return node->is_string() ? node->value_or(std::string()) : text.str();
     }
 
-    bool Flag() const {
-        if (!node->is_boolean()) {
-            RefuseFor("true or false");
+    /// The value as a type; refused unless it is of that type and fits.
+    template <class Type, class Fits>
+    Type Take(const std::string& wanted, const Fits& fits) const {
+        const std::optional<Type> value = node->value<Type>();
+        const bool isOfType = std::is_same_v<Type, double> ? node->is_number() : node->is<Type>();
+        if (!value || !isOfType || !fits(*value)) {
+            RefuseFor(wanted);
+            return {};
         }
-        return node->value_or(false);
+        return *value;
+    }
+
+    bool Flag() const {
+        return Take<bool>("true or false", [](bool) { return true; });
     }
 
     std::int32_t Integer() const {
-        constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
-        const std::int64_t number = node->is_integer() ? **node->as_integer() : -1;
-        if (number < 0 || number > largest) {
-            RefuseFor("a whole number from 0 to " + std::to_string(largest));
-            return 0;
-        }
-        return static_cast<std::int32_t>(number);
+        return static_cast<std::int32_t>(
+            Take<std::int64_t>("a whole number from 0 to 2147483647", [](std::int64_t number) {
+                return number >= 0 && number <= std::numeric_limits<std::int32_t>::max();
+            }));
+    }
+
+    double Angle() const {
+        return Take<double>("a number of degrees from 0 to 180",
+                            [](double angle) { return angle >= 0.0 && angle <= 180.0; });
+    }
+
+    double Fraction() const {
+        return Take<double>("a fraction from 0 to 1",
+                            [](double rate) { return rate >= 0.0 && rate <= 1.0; });
     }
 
     std::string Text() const {
-        std::string text = node->value_or(std::string());
-        const bool isPlain = std::ranges::none_of(
-            text, [](unsigned char letter) { return letter < 0x20 || letter == 0x7F; });
-        if (!node->is_string() || !isPlain) {
-            RefuseFor("a text without line ends and other control characters");
-            text.clear();
-        }
-        return text;
+        return Take<std::string>(
+            "a text without line ends and other control characters", [](const std::string& text) {
+                return std::ranges::none_of(
+                    text, [](unsigned char letter) { return letter < 0x20 || letter == 0x7F; });
+            });
     }
 
     std::string FileName() const {
@@ -112,23 +117,15 @@ struct Reader {
         return number.value_or(0);
     }
 
-    double Number(const Range& range) const {
-        const double number = node->value_or(-1.0);
-        if (!node->is_number() || !(number >= 0.0 && number <= range.largest)) {
-            RefuseFor(range.inWords);
-        }
-        return number;
-    }
-
-    ThreeNumbers Three(const Range& range) const {
+    ThreeNumbers Three(double (Reader::*number)() const) const {
         ThreeNumbers numbers{};
         const toml::array* array = node->as_array();
         if (array == nullptr || array->size() != numbers.size()) {
-            RefuseFor("an array of 3 values, each " + std::string(range.inWords));
+            RefuseFor("an array of 3 numbers");
             return numbers;
         }
         for (std::size_t position = 0; position < numbers.size(); ++position) {
-            numbers[position] = At(*array->get(position), place.name).Number(range);
+            numbers[position] = (At(*array->get(position), place.name).*number)();
         }
         return numbers;
     }
@@ -172,7 +169,7 @@ constexpr Key keys[] = {
     {"project", "meeting_angles", nullptr, ReadFact<Info::kHasMeetingAngle>},
     {"project", "view_edit", nullptr, ReadFact<Info::kViewEditAtStart>},
     {"target", "solver", "the structural solver", [](Recipe& r, const Reader& v) { r.solver = v.OneOf(v.names.solvers); }},
-    {"target", "mesh", "the mesh kind", [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(v.names.meshes); }},
+    {"target", "mesh", "the mesh kind", [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(meshKinds); }},
     {"target", "quadratic_elements", nullptr, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
     {"target", "annealing", nullptr, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
     {"target", "mapped_mesh", nullptr, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
@@ -180,9 +177,9 @@ constexpr Key keys[] = {
     {"control_file", "name", nullptr, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
     {"control_file", "extension", nullptr, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
     {"output", "folder", nullptr, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
-    {"weld_lines", "angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Three(degrees); }},
-    {"weld_lines", "reduction_rates", nullptr, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(fraction); }},
-    {"weld_lines", "digimat_angle", nullptr, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Number(degrees); }},
+    {"weld_lines", "angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Three(&Reader::Angle); }},
+    {"weld_lines", "reduction_rates", nullptr, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
+    {"weld_lines", "digimat_angle", nullptr, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
 };
 const Vocabulary topLevelNames = {{0, "project"}, {0, "target"}, {0, "control_file"}, {0, "output"},
                                   {0, "choices"}, {0, "weld_lines"}, {0, "require"}};

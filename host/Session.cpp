@@ -16,10 +16,6 @@ using Manager = CZorbI2EngineManager;
 using Info = CZorbFEAInformation;
 
 const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}};
-const Vocabulary meshWords = {{kMeshOriginal, MeshName(kMeshOriginal)},
-                              {kMeshDeformed, MeshName(kMeshDeformed)},
-                              {kMeshMapped, MeshName(kMeshMapped)},
-                              {kMesh3DMappingShell, MeshName(kMesh3DMappingShell)}};
 
 std::vector<double> Given(const std::optional<ThreeNumbers>& given,
                           const std::vector<double>& otherwise) {
@@ -28,7 +24,7 @@ std::vector<double> Given(const std::optional<ThreeNumbers>& given,
 
 /// What the recipe itself says, put over what the engine's data block says.
 void PutRecipe(const Recipe& recipe, CZorbI2CMIData& values) {
-    values.SolverName = SolverKeyword(recipe.solver);
+    values.SolverName = solverKeywords.NameOf(recipe.solver);
     values.SolverType = recipe.project.solverType;
     values.ProjectType = recipe.project.projectType;
     values.QuadraticElement = recipe.quadraticElements ? 1 : 0;
@@ -86,7 +82,7 @@ const OfferedItem* Session::Find(std::int32_t itemId) const {
 
 std::string Session::NotOffered() const {
     return "not offered for " + Engine().solverSlots[recipe_.solver]->name + " with mesh kind " +
-           Quoted(MeshName(recipe_.meshKind));
+           Quoted(meshKinds.NameOf(recipe_.meshKind));
 }
 
 void Session::CheckTarget(Problems& problems) const {
@@ -103,11 +99,11 @@ void Session::CheckTarget(Problems& problems) const {
             }
         }
         return refuse("target.solver",
-                      Quoted(SolverKeyword(recipe_.solver)) +
+                      Quoted(solverKeywords.NameOf(recipe_.solver)) +
                           " is not offered for this project, only: " + offered.All());
     }
     if (!MeshesOf(*slot).Find(std::to_string(recipe_.meshKind))) {
-        refuse("target.mesh", Quoted(MeshName(recipe_.meshKind)) + " is not offered for " +
+        refuse("target.mesh", Quoted(meshKinds.NameOf(recipe_.meshKind)) + " is not offered for " +
                                   slot->name + " in this project, only: " + MeshesOf(*slot).All());
     }
     if (recipe_.quadraticElements && slot->elementTypes.size() == 1) {
@@ -190,7 +186,7 @@ std::string Session::ReasonAgainst(std::int32_t itemId) const {
 Vocabulary MeshesOf(const SolverSlot& slot) {
     Vocabulary meshes;
     for (const std::string& label : slot.meshTypes) {
-        meshes.Add(meshWords.Find(label).value(), label);
+        meshes.Add(meshKinds.Find(label).value(), label);
     }
     return meshes;
 }

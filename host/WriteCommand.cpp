@@ -75,9 +75,10 @@ ControlFile ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
 void CheckMappedMesh(const Recipe& recipe) {
     const bool isMapped = recipe.meshKind == kMeshMapped || recipe.meshKind == kMesh3DMappingShell;
     if (isMapped && recipe.mappedMesh.empty()) {
-        throw Problem(recipe.PlaceOf("target.mesh"),
-                      Quoted(MeshName(recipe.meshKind)) + " needs target.mapped_mesh, its path",
-                      ExitCode::badUsage);
+        throw Problem(
+            recipe.PlaceOf("target.mesh"),
+            Quoted(meshKinds.NameOf(recipe.meshKind)) + " needs target.mapped_mesh, its path",
+            ExitCode::badUsage);
     }
 }
 
@@ -88,7 +89,7 @@ void CheckRequired(Job& job, const Session& session, const ControlFile& found) {
         });
         if (!isOutput) {
             job.problems.emplace_back(required.place,
-                                      ShortName(required.itemId) + " is not output: " +
+                                      shortNames.NameOf(required.itemId) + " is not output: " +
                                           session.ReasonAgainst(required.itemId),
                                       ExitCode::notAvailable);
         }
@@ -150,19 +151,20 @@ std::vector<Job> ReadJobs(const Surroundings& host) {
 }
 
 void RefuseSameFile(std::vector<Job>& jobs) {
-    std::map<std::string, std::vector<Job*>> writers;
+    const auto refuse = [](Job& job, const Job& other) {
+        job.problems.emplace_back(
+            Place{job.recipe.file},
+            Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write it too",
+            ExitCode::badUsage);
+    };
+    std::map<std::string, Job*> writers;
     for (Job& job : jobs) {
         if (job.problems.empty()) {
-            writers[FileIdentity(job.controlFile)].push_back(&job);
-        }
-    }
-    for (auto& [file, sharers] : writers) {
-        for (std::size_t number = 0; sharers.size() > 1 && number < sharers.size(); ++number) {
-            const Job& other = *sharers[number == 0 ? 1 : 0];
-            sharers[number]->problems.emplace_back(
-                Place{sharers[number]->recipe.file},
-                Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write it too",
-                ExitCode::badUsage);
+            const auto [first, isFirst] = writers.emplace(FileIdentity(job.controlFile), &job);
+            if (!isFirst) {
+                refuse(job, *first->second);
+                refuse(*first->second, job);
+            }
         }
     }
 }
