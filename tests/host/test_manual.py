@@ -1,0 +1,70 @@
+"""Manual, man page and program say the same."""
+
+import re
+import tomllib
+import unittest
+
+from program import ROOT, ProgramTest
+
+COMMANDS = ("init", "items", "write", "check")
+
+
+class Manual(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.manual = (ROOT / "docs" / "zorbi2.md").read_text(encoding="utf-8")
+        self.man_page = (ROOT / "docs" / "zorbi2.1").read_text(encoding="utf-8")
+        self.man_page = self.man_page.replace("\\-", "-")
+
+    def options(self):
+        """All long options that the program's help names."""
+        texts = [self.run_program(*command, "--help").stdout
+                 for command in ([], *([name] for name in COMMANDS))]
+        return sorted(set(re.findall(r"--[a-z][a-z-]*", "\n".join(texts))))
+
+    def test_every_option_is_in_the_man_page_and_the_manual(self):
+        options = self.options()
+        self.assertEqual(len(options), 15)
+        for option in options:
+            self.assertIn(option, self.man_page)
+            if option not in ("--help", "--version", "--output"):
+                self.assertIn(option, self.manual)
+
+    def test_the_man_page_names_no_option_that_there_is_not(self):
+        self.assertEqual(sorted(set(re.findall(r"--[a-z][a-z-]*", self.man_page))),
+                         self.options())
+
+    def test_the_manual_lists_the_keys_of_a_new_recipe(self):
+        self.make_run()
+        self.run_program("init", "Run02")
+        text = (self.folder / "Cover02.toml").read_text(encoding="utf-8")
+        text = re.sub(r"^# (?=angles|reduction_rates|digimat_angle)", "", text, flags=re.M)
+        recipe = tomllib.loads(text)
+        keys = {("", "require")} | {(section, key) for section, table in recipe.items()
+                                    if isinstance(table, dict) for key in table}
+        listed, section = set(), ""
+        table = self.manual[self.manual.index("| key | value | default |"):]
+        for row in table[:table.index("\n\n")].splitlines():
+            if heading := re.match(r"\| \*\*`\[(\w+)\]`\*\*", row):
+                section = heading[1]
+            elif key := re.match(r"\| `(\w+)` \|", row):
+                listed.add((section, key[1]))
+        self.assertEqual(listed, keys)
+
+    def test_the_manual_lists_the_short_names(self):
+        self.make_run()
+        self.make_recipe("")
+        for number, name in re.findall(r"\| (\d+) \| `([a-z-]+)` ", self.manual):
+            done = self.run_program("write", "cover.toml", "--set", f"{name}=x")
+            self.assertNotIn("unknown item", done.stderr, (number, name))
+        self.assertEqual(len(re.findall(r"\| \d+ \| `[a-z-]+` ", self.manual)), 22)
+
+    def test_the_manuals_exit_codes_are_those_of_the_help(self):
+        text = self.run_program("--help").stdout
+        for code in range(4):
+            self.assertIn(f"  {code}  ", text)
+            self.assertIn(f"| {code} | ", self.manual)
+
+
+if __name__ == "__main__":
+    unittest.main()
