@@ -8,6 +8,7 @@
 
 #include "platform/Text.h"
 #include "results/ShotFile.h"
+#include "tests/support/TemporaryStream.h"
 #include "tests/support/WatchedPlatform.h"
 
 namespace {
@@ -44,7 +45,7 @@ void ReadBlockWithStrtok(std::FILE* file, Values& values) {
 }
 
 Values ReadWithStrtok(const std::string& bytes, Values values) {
-    std::FILE* file = std::tmpfile();
+    std::FILE* file = support::OpenTemporaryStream();
     std::fwrite(bytes.data(), 1, bytes.size(), file);
     std::rewind(file);
     char line[1024];

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "tests/support/FailingAllocations.h"
+#include "tests/support/TemporaryStream.h"
 
 namespace support {
 
@@ -36,10 +37,7 @@ struct WatchedCalls {
         if (reading ? content == current->readable.end() : current->unwritable.count(path) != 0) {
             return nullptr;
         }
-        std::FILE* file = std::tmpfile();
-        if (file == nullptr) {
-            throw std::runtime_error("the test cannot make a temporary file");
-        }
+        std::FILE* file = OpenTemporaryStream();
         if (reading) {
             std::fwrite(content->second.data(), 1, content->second.size(), file);
             std::rewind(file);
