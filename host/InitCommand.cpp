@@ -7,6 +7,7 @@
 #include <map>
 #include <regex>
 #include <set>
+#include <string_view>
 
 #include "host/Commands.h"
 #include "host/RecipeText.h"
@@ -88,7 +89,7 @@ Recipe RecipeOf(const Run& run, const std::string& folder) {
 }
 
 std::string TomlText(const std::string& text) {
-    return Quoted(std::regex_replace(text, std::regex("[\\\\\"]"), "\\$&"));
+    return Quoted(std::regex_replace(text, std::regex(R"([\\"])"), "\\$&"));
 }
 
 std::string TomlFlag(std::int32_t flag) {
@@ -121,12 +122,15 @@ std::string TextOf(const Recipe& recipe, const fs::path& home) {
         {"insert", TomlFlag(project.flags[CZorbFEAInformation::kHasInsertedPart])},
         {"mesh", Quoted(meshKinds.NameOf(recipe.meshKind))},
         {"choices", ChoicesText(session.Offer(recipe.solver, recipe.meshKind))}};
-    std::string text = recipeText;
-    for (const auto& [name, value] : values) {
-        for (std::size_t at = 0; (at = text.find("{" + name + "}")) != text.npos;) {
-            text.replace(at, name.size() + 2, value);
-        }
+    std::string text;
+    std::string_view rest = recipeText;
+    for (std::size_t brace = 0; (brace = rest.find('{')) != std::string_view::npos;) {
+        const std::size_t end = rest.find('}', brace);
+        text.append(rest.substr(0, brace))
+            .append(values.at(std::string(rest.substr(brace + 1, end - brace - 1))));
+        rest.remove_prefix(end + 1);
     }
+    text.append(rest);
     return text;
 }
 

@@ -157,10 +157,11 @@ std::vector<Column> ColumnsOf(Session& session) {
             if (!MeshesOf(*slot).Find(meshKinds.NameOf(kind))) {
                 continue;
             }
-            Column& column = columns.emplace_back(slot.get(), kind, std::string(kItemCount, '.'));
+            Column column{slot.get(), kind, std::string(kItemCount, '.')};
             for (const OfferedItem& offered : session.Offer(slot->solverIndex, kind)) {
                 column.cells[offered.item.itemId] = offered.IsMissing() ? '-' : '+';
             }
+            columns.push_back(column);
         }
     }
     return columns;

@@ -39,7 +39,7 @@ std::string Folded(std::string_view name) {
 /// Letters to insert, delete or replace until one text has become the other; nothing for a text
 /// that is a part of the other.
 std::size_t Distance(const std::string& from, const std::string& to) {
-    if (!from.empty() && to.find(from) != to.npos) {
+    if (!from.empty() && to.find(from) != std::string::npos) {
         return 0;
     }
     std::vector<std::size_t> row(to.size() + 1);

@@ -50,7 +50,7 @@ std::string ReadFile(const fs::path& file, const Place& place) {
 ScratchFolder::ScratchFolder() {
     std::error_code error;
     start_ = fs::current_path(error);
-    const fs::path parent = fs::temp_directory_path(error);
+    const fs::path parent = start_ / fs::temp_directory_path(error);
     std::random_device random;
     do {
         path_ = parent / ("zorbi2-" + std::to_string(random()));
@@ -59,8 +59,7 @@ ScratchFolder::ScratchFolder() {
         fs::current_path(path_, error);
     }
     if (error) {
-        throw Problem(Place{},
-                      Utf8Of(path_) + ": the temporary folder cannot be used: " + error.message(),
+        throw Problem(Place{}, "no temporary folder can be made: " + error.message(),
                       ExitCode::fileTrouble);
     }
 }

@@ -101,8 +101,8 @@ struct Reader {
 
     std::string FileName() const {
         std::string name = Text();
-        if (name.find_first_of("/\\:*?\"<>|") != name.npos || name.rfind('.', 0) == 0) {
-            RefuseFor("a part of a file name: no dot at the start, no / \\ : * ? \" < > |");
+        if (name.find_first_of(R"(/\:*?"<>|)") != std::string::npos || name.rfind('.', 0) == 0) {
+            RefuseFor(R"(a part of a file name: no dot at the start, no / \ : * ? " < > |)");
         }
         return name;
     }
@@ -133,7 +133,7 @@ struct Reader {
     /// The value of a choice.
     std::string Chosen() const {
         if (!node->is_boolean() && !node->is_string() && !node->is_integer()) {
-            RefuseFor("an option's key or label, \"on\" or \"off\"");
+            RefuseFor(R"(an option's key or label, "on" or "off")");
         }
         return node->is_boolean() ? (Flag() ? "on" : "off") : Word();
     }
@@ -200,11 +200,13 @@ void ReadSection(const Reader& reader, const std::string& section, const toml::t
                 found = name == row.name ? &row : found;
             }
         }
-        const Reader value = reader.At(node, section + "." + name);
+        std::string fullName = section;
+        fullName.append(".").append(name);
+        const Reader value = reader.At(node, fullName);
         if (found == nullptr) {
             reader.Refuse(reader.PlaceOf(key.source(), section), Unknown("key", name, known));
         } else if (!node.is_string() || !value.Word().empty()) {
-            reader.recipe.places[section + "." + name] = value.place;
+            reader.recipe.places[fullName] = value.place;
             found->read(reader.recipe, value);
         }  // an empty text counts as not given
     }
@@ -288,7 +290,7 @@ void ReadCommandLine(const Reader& reader, const Options& options) {
         std::vector<Choice>& choices = reader.recipe.choices;
         const Place place{reader.recipe.file, 0, 0, "--set " + choice};
         const std::size_t equals = choice.find('=');
-        if (equals == choice.npos) {
+        if (equals == std::string::npos) {
             reader.Refuse(place, "not of the form ITEM=CHOICE");
         } else if (const auto itemId = FindItem(reader, place, choice.substr(0, equals))) {
             std::erase_if(choices, [&](const Choice& own) { return own.itemId == itemId; });

@@ -60,7 +60,7 @@ ControlFile ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     const Place place{{}, 0, 0, Utf8Of(job.controlFile)};
     job.text = fs::exists(file, missing) ? ReadFile(file, place) : std::string();
     std::vector<Fault> faults;
-    const ControlFile found = ReadControlFile(job.text, faults);
+    ControlFile found = ReadControlFile(job.text, faults);
     const std::vector<std::string> differences = Differences(asked, found);
     if (faults.empty() && differences.empty()) {
         return found;
@@ -107,7 +107,7 @@ void WriteControlFile(const Surroundings& host, Job& job) {
     const std::string mark = "." + Utf8Of(host.scratch.Path().filename());
     const fs::path name = job.controlFile.filename() += mark;
     const fs::path folder =
-        host.options.dryRun ? host.scratch.Path() : job.controlFile.parent_path();
+        host.options.dryRun ? "." : job.controlFile.parent_path();  // the scratch folder
     const TemporaryFile file{folder / name};
     const ControlFile asked = session.Write(folder, job.recipe.controlExtension + mark);
     CheckRequired(job, session, ReadBack(job, file.path, asked));

@@ -115,10 +115,10 @@ class Init(ProgramTest):
                   stderr=f"{path}: cannot be written: No such file or directory\n")
 
     def test_names_with_odd_letters_are_quoted(self):
-        self.make_run(name="Füße's 02", folder="Gehäuse/Run02", files=[".k5f"])
-        text = self.init("Gehäuse/Run02", recipe="Füße's 02.toml")
+        self.make_run(name="Füße's {run} 02", folder="Gehäuse/Run02", files=[".k5f"])
+        text = self.init("Gehäuse/Run02", recipe="Füße's {run} 02.toml")
         project = tomllib.loads(text)["project"]
-        self.assertEqual((project["name"], project["folder"]), ("Füße's ", "Gehäuse/Run02"))
+        self.assertEqual((project["name"], project["folder"]), ("Füße's {run} ", "Gehäuse/Run02"))
 
 
 if __name__ == "__main__":

@@ -283,6 +283,15 @@ class Write(ProgramTest):
         self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "missing"\n')
         self.check(self.run_program("write", "--dry-run", "cover.toml"), 0)
 
+    @unittest.skipIf(ON_WINDOWS, "the variable is POSIX's")
+    def test_a_temporary_folder_may_be_given_by_a_relative_path(self):
+        (self.folder / "tmp").mkdir()
+        self.make_recipe()
+        for arguments in (["--dry-run"], []):
+            self.check(self.run_program("write", "cover.toml", *arguments,
+                                        environment={"TMPDIR": "tmp"}), 0)
+        self.assertEqual(list((self.folder / "tmp").iterdir()), [])
+
     def test_a_dry_run_fails_like_a_real_one(self):
         self.make_recipe('require = ["flow-stress"]\n' + PROJECT + TARGET)
         self.check(self.run_program("write", "--dry-run", "cover.toml"), 1, "",
