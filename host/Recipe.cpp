@@ -117,15 +117,15 @@ struct Reader {
         return number.value_or(0);
     }
 
-    ThreeNumbers Three(double (Reader::*number)() const) const {
-        ThreeNumbers numbers{};
+    std::vector<double> Three(double (Reader::*number)() const) const {
+        std::vector<double> numbers;
         const toml::array* array = node->as_array();
-        if (array == nullptr || array->size() != numbers.size()) {
+        if (array == nullptr || array->size() != 3) {
             RefuseFor("an array of 3 numbers");
             return numbers;
         }
-        for (std::size_t position = 0; position < numbers.size(); ++position) {
-            numbers[position] = (At(*array->get(position), place.name).*number)();
+        for (const toml::node& element : *array) {
+            numbers.push_back((At(element, place.name).*number)());
         }
         return numbers;
     }

@@ -1,7 +1,6 @@
 // A recipe: everything that the desktop dialog would be told about one hand-over, read from TOML.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -23,8 +22,6 @@ struct Choice {
     std::string value;  ///< not yet compared with what the item has; empty in `required`
 };
 
-using ThreeNumbers = std::array<double, 3>;
-
 /// Texts are UTF-8, paths absolute.
 struct Recipe {
     std::string file;  ///< as the user named it
@@ -39,11 +36,11 @@ struct Recipe {
     std::string controlExtension = "cmi";
     std::string outFolder;
     std::vector<Choice> choices;
-    std::vector<Choice> required;                ///< must come out as 1 in the file
-    std::optional<ThreeNumbers> weldlineAngles;  ///< degrees; the engine's own when not given
-    std::optional<ThreeNumbers> reductionRates;  ///< fractions; likewise
-    std::optional<double> digimatAngle;          ///< degrees; likewise
-    std::map<std::string, Place> places;         ///< of the values that were given, by name
+    std::vector<Choice> required;         ///< must come out as 1 in the file
+    std::vector<double> weldlineAngles;   ///< three, in degrees; empty: the engine's own
+    std::vector<double> reductionRates;   ///< three fractions; likewise
+    std::optional<double> digimatAngle;   ///< degrees; likewise
+    std::map<std::string, Place> places;  ///< of the values that were given, by name
 
     Place PlaceOf(const std::string& name) const;
 };

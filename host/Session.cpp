@@ -17,11 +17,6 @@ using Info = CZorbFEAInformation;
 
 const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}};
 
-std::vector<double> Given(const std::optional<ThreeNumbers>& given,
-                          const std::vector<double>& otherwise) {
-    return given ? std::vector<double>(given->begin(), given->end()) : otherwise;
-}
-
 /// What the recipe itself says, put over what the engine's data block says.
 void PutRecipe(const Recipe& recipe, CZorbI2CMIData& values) {
     values.SolverName = solverKeywords.NameOf(recipe.solver);
@@ -34,12 +29,8 @@ void PutRecipe(const Recipe& recipe, CZorbI2CMIData& values) {
     values.OutFolder = ForEngine(recipe.outFolder);
     values.IsViewEditModelMapping = recipe.project.flags[Info::kViewEditAtStart];
     values.DigimatWeldlineAngle = recipe.digimatAngle.value_or(values.DigimatWeldlineAngle);
-    if (recipe.weldlineAngles) {
-        std::ranges::copy(*recipe.weldlineAngles, values.WeldlineAngles);
-    }
-    if (recipe.reductionRates) {
-        std::ranges::copy(*recipe.reductionRates, values.ReductionRates);
-    }
+    std::ranges::copy(recipe.weldlineAngles, values.WeldlineAngles);  // perhaps none
+    std::ranges::copy(recipe.reductionRates, values.ReductionRates);
 }
 
 }  // namespace
@@ -78,11 +69,6 @@ const OfferedItem* Session::Find(std::int32_t itemId) const {
     const auto found = std::ranges::find_if(
         offered_, [itemId](const OfferedItem& offered) { return offered.item.itemId == itemId; });
     return found != offered_.end() ? &*found : nullptr;
-}
-
-std::string Session::NotOffered() const {
-    return "not offered for " + Engine().solverSlots[recipe_.solver]->name + " with mesh kind " +
-           Quoted(meshKinds.NameOf(recipe_.meshKind));
 }
 
 void Session::CheckTarget(Problems& problems) const {
@@ -132,9 +118,9 @@ void Session::Choose(const Choice& choice, Problems& problems) {
 void Session::SetWeldLines() {
     CZorbI2WeldlineDataStatus record;
     manager_.GetWeldlinePopData(recipe_.solver, &record);
-    manager_.SetWeldlineDataStatus(recipe_.solver,
-                                   Given(recipe_.weldlineAngles, record.WeldlineAngles),
-                                   Given(recipe_.reductionRates, record.ReductionRates));
+    std::ranges::copy(recipe_.weldlineAngles, record.WeldlineAngles.begin());
+    std::ranges::copy(recipe_.reductionRates, record.ReductionRates.begin());
+    manager_.SetWeldlineDataStatus(recipe_.solver, record.WeldlineAngles, record.ReductionRates);
     manager_.SetWeldlineDataValue();
     if (recipe_.digimatAngle) {
         manager_.SetDigimatWeldlineData(*recipe_.digimatAngle);
@@ -175,7 +161,8 @@ ControlFile Session::Write(const std::filesystem::path& folder, const std::strin
 std::string Session::ReasonAgainst(std::int32_t itemId) const {
     const OfferedItem* offered = Find(itemId);
     if (offered == nullptr) {
-        return NotOffered();
+        return "not offered for " + Engine().solverSlots[recipe_.solver]->name +
+               " with mesh kind " + Quoted(meshKinds.NameOf(recipe_.meshKind));
     }
     if (offered->IsMissing()) {
         return "results missing: " + offered->Label();

@@ -57,7 +57,6 @@ private:
     void Choose(const Choice& choice, Problems& problems);
     void SetWeldLines();
     const OfferedItem* Find(std::int32_t itemId) const;
-    std::string NotOffered() const;
 
     const Recipe& recipe_;
     CZorbI2EngineManager manager_;

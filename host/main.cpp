@@ -16,13 +16,10 @@ namespace host {
 namespace {
 
 ExitCode Check(const Options& options) {
-    CheckRequest request;
+    CheckRequest request{{}, options.show, options.json, options.quiet};
     for (const std::string& file : options.files) {
         request.files.push_back(PathOf(file));
     }
-    request.show = options.show;
-    request.json = options.json;
-    request.quiet = options.quiet;
     return static_cast<ExitCode>(RunCheck(request, std::cout, std::cerr));
 }
 
