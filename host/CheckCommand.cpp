@@ -1,130 +1,142 @@
-#include "CheckCommand.h"
+// The command "check": reads control parameter files from disk and reports their faults.
+#include <algorithm>
+#include <iostream>
 
-#include <cerrno>
-#include <fstream>
-#include <nlohmann/json.hpp>
-#include <ostream>
-#include <sstream>
-#include <string>
-#include <system_error>
-#include <utility>
-
-#include "ControlFile.h"
+#include "ZorbI2Types.h"
+#include "host/Commands.h"
+#include "host/ControlFile.h"
+#include "host/ControlFileLayout.h"
+#include "host/HostPlatform.h"
+#include "host/Names.h"
+#include "host/Paths.h"
+#include "host/Report.h"
+#include "host/Terminal.h"
 
 namespace host {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+const Vocabulary compositeModels = {{kOptionResultsMissing, "results missing"},
+                                    {0, "traditional"},
+                                    {1, "Halpin-Tsai"},
+                                    {2, "Mori-Tanaka"}};
 
-struct CheckedFile {
-    std::string name;
-    std::string error;  ///< why it cannot be read
-    std::vector<Fault> faults;
-    ControlFile content;
-
-    bool IsFine() const { return error.empty() && faults.empty(); }
-};
-
-/// Reads no more than it takes to know that a file is too large: it may have no end.
-std::string ReadText(const std::filesystem::path& path, std::string& error) {
-    std::string text(kLargestControlFile + 1, '\0');
-    errno = 0;
-    std::ifstream stream(path, std::ios::binary);
-    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-    if (!stream.is_open() || stream.bad()) {
-        error = std::generic_category().message(errno != 0 ? errno : EIO);
-    }
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-    return text;
-}
-
-CheckedFile CheckFile(const std::filesystem::path& path) {
-    CheckedFile file;
-    const std::u8string name = path.u8string();
-    file.name.assign(name.begin(), name.end());
-    const std::string text = ReadText(path, file.error);
-    if (file.error.empty()) {
-        file.content = ReadControlFile(text, file.faults);
-    }
-    return file;
-}
-
-void PrintText(const CheckedFile& file, const CheckRequest& request, std::ostream& out,
-               std::ostream& err) {
-    if (!file.error.empty()) {
-        err << file.name << ": cannot be read: " << file.error << '\n';
-    }
-    for (const Fault& fault : file.faults) {
-        err << file.name << ':' << fault.line << ": " << fault.message << '\n';
-    }
-    if (file.IsFine() && (request.show || !request.quiet)) {
-        out << file.name << ": no faults\n";
-    }
-    if (file.IsFine() && request.show) {
-        std::istringstream words(InWords(file.content));
-        for (std::string line; std::getline(words, line);) {
-            out << "  " << line << '\n';
+std::string ItemsWith(std::int32_t flag, const ControlFile& file) {
+    Vocabulary items;
+    for (const std::int32_t id : file.itemIds) {
+        if (file.values.OutputFlags[id] == flag) {
+            items.emplace_back(id, NameOf(id, shortNames));
         }
     }
+    return items.empty() ? "none" : Listed(items);
 }
 
-Json WhatItAsks(const ControlFile& file) {
+std::string MeshOf(const Values& values) {
+    const std::int32_t isKind[] = {values.IsOriginalMesh, values.IsDeformedMesh,
+                                   values.IsMappedMesh, values.Is3DMappingShell};
+    const auto kind = std::ranges::find(isKind, 1) - std::begin(isKind);
+    return IsAnnealedMesh(values) ? "deformed after annealing" : meshKinds[kind].second;
+}
+
+std::string WeldLinesOf(Values values) {
+    std::string words;
+    for (std::size_t i = 0; i < std::size(values.WeldlineAngles); ++i) {
+        words += Printed(&values.ReductionRates[i]) + " at " + Printed(&values.WeldlineAngles[i]) +
+                 " degrees, ";
+    }
+    return words + "Digimat " + Printed(&values.DigimatWeldlineAngle) + " degrees";
+}
+
+/// What a file asks for: labels, and words for them.
+std::vector<std::pair<std::string, std::string>> InWords(const ControlFile& file) {
+    const Values& v = file.values;
+    const auto when = [](std::int32_t flag, const std::string& unit, std::int32_t number) {
+        return flag == 1 ? unit + std::to_string(number) : "off";
+    };
+    return {
+        {"Solver", v.SolverName.empty() ? "none" : v.SolverName},
+        {"Mesh", MeshOf(v) + (v.QuadraticElement == 1 ? ", quadratic" : ", linear") + " elements"},
+        {"Mapped mesh", UsesMapFile(v) ? Quoted(v.MapFile) : "none"},
+        {"Output folder", Quoted(v.OutFolder)},
+        {"Project", std::string(v.SolverType == kShellProject ? "shell" : "solid") + ", type " +
+                        std::to_string(v.ProjectType)},
+        {"Items on", ItemsWith(1, file)},
+        {"Items off", ItemsWith(0, file)},
+        {"Micro mechanics", NameOf(v.IDCompositeModel, compositeModels)},
+        {"Fiber reduction", when(v.OutputFlags[0], "angle segments ", v.FiberThetaXSegment)},
+        {"Insert reduction",
+         when(v.OutputFlags[12], "angle segments ", v.InsertFiberThetaXSegment)},
+        {"Density reduction", when(v.IsDoDensityReduction, "factor ", v.DensityReduction)},
+        {"Distributed model", v.IsDistributeModel == 1 ? "on" : "off"},
+        {"View-edit mapping", v.IsViewEditModelMapping == 1 ? "on" : "off"},
+        {"Weld lines", WeldLinesOf(v)},
+    };
+}
+
+void PrintWords(const ControlFile& file) {
+    constexpr std::size_t column = 21;
+    const Terminal terminal;
+    for (const auto& [label, words] : InWords(file)) {
+        const bool isPath = words.starts_with('"');
+        std::cout << Padded("  " + label + ":", column)
+                  << (isPath ? words : Wrapped(words, terminal.columns - column, column)) << '\n';
+    }
+}
+
+/// The keys of a file with their values; a key stands behind its section except in the header.
+Json ValuesOf(ControlFile file) {
     Json values = Json::object();
-    for (const NamedValue& value : ValuesOf(file)) {
-        if (!value.isNumber) {
-            values[value.name] = value.text;
-        } else if (!value.text.empty()) {
-            values[value.name] = Json::parse(value.text);
+    std::string section;
+    for (const Row& row : rows) {
+        const std::string key(KeyOf(row.format));
+        const Field field = row.field(file.values);
+        if (std::holds_alternative<std::string*>(field)) {
+            values[key.starts_with('[') ? "SolverName" : key] = Printed(field);
+        } else if (std::holds_alternative<std::monostate>(field)) {
+            section = !key.starts_with('[') ? section : key != "[HEADER]" ? key + " " : "";
+        } else if (!row.IsItem() || std::ranges::count(file.itemIds, row.itemId) > 0) {
+            values[section + key] = Json::parse(Printed(field));
         }
     }
-    return {{"solver", SolverInWords(file.values.SolverName)},
-            {"mesh", MeshInWords(file.values)},
-            {"values", values}};
-}
-
-void PrintJson(const std::vector<CheckedFile>& files, std::ostream& out) {
-    Json document = {{"version", 1}, {"command", "check"}, {"files", Json::array()}};
-    for (const CheckedFile& file : files) {
-        Json faults = Json::array();
-        for (const Fault& fault : file.faults) {
-            faults.push_back({{"line", fault.line}, {"message", fault.message}});
-        }
-        Json entry = {{"file", file.name},
-                      {"ok", file.IsFine()},
-                      {"faults", faults},
-                      {"asks", file.IsFine() ? WhatItAsks(file.content) : Json()}};
-        if (!file.error.empty()) {
-            entry["error"] = file.error;
-        }
-        document["files"].push_back(std::move(entry));
-    }
-    out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    return values;
 }
 
 }  // namespace
 
-int RunCheck(const CheckRequest& request, std::ostream& out, std::ostream& err) {
-    std::vector<CheckedFile> files;
-    int faulty = 0;
-    int unreadable = 0;
-    for (const std::filesystem::path& path : request.files) {
-        const CheckedFile& file = files.emplace_back(CheckFile(path));
-        faulty += file.faults.empty() ? 0 : 1;
-        unreadable += file.error.empty() ? 0 : 1;
-        if (!request.json) {
-            PrintText(file, request, out, err);
+ExitCode RunCheck(const Options& options) {
+    Problems problems;
+    Json list = Json::array();
+    std::size_t fine = 0;
+    for (const std::string& name : options.files) {
+        std::vector<Fault> faults;
+        ControlFile file;
+        const std::size_t before = problems.size();
+        try {
+            file = ReadControlFile(FromEngineText(ReadFile(PathOf(name), {name})), faults);
+        } catch (const Problem& problem) {
+            problems.push_back(problem);
+        }
+        for (const Fault& fault : faults) {
+            problems.emplace_back(Place{name, fault.line}, fault.message, ExitCode::notAvailable);
+        }
+        const bool isFine = problems.size() == before;
+        fine += isFine ? 1 : 0;
+        list.push_back(
+            {{"file", name}, {"ok", isFine}, {"values", isFine ? ValuesOf(file) : Json()}});
+        if (isFine && !options.json && (options.show || !options.quiet)) {
+            std::cout << name << ": no faults\n";
+        }
+        if (isFine && !options.json && options.show) {
+            PrintWords(file);
         }
     }
-    if (request.json) {
-        PrintJson(files, out);
-    } else if (files.size() > 1 && !request.quiet) {
-        out << files.size() << " files: " << faulty << " with faults, " << unreadable
-            << " not readable\n";
+    Json document = JsonDocument(options);
+    document["files"] = std::move(list);
+    const ExitCode code = Report(problems, options, std::move(document));
+    if (options.files.size() > 1 && !options.quiet && !options.json) {
+        std::cout << fine << " of " << options.files.size() << " files without faults\n";
     }
-    constexpr int faultsFound = 1;
-    constexpr int fileTrouble = 3;
-    return unreadable > 0 ? fileTrouble : faulty > 0 ? faultsFound : 0;
+    return code;
 }
 
 }  // namespace host

@@ -26,4 +26,7 @@ ExitCode RunItems(const Surroundings& host);
 /// Writes the control file of each recipe.
 ExitCode RunWrite(const Surroundings& host);
 
+/// Reads control files back.
+ExitCode RunCheck(const Options& options);
+
 }  // namespace host

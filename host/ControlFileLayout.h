@@ -1,7 +1,6 @@
 // The control parameter file as data: its lines from top to bottom, and where their values go.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -10,39 +9,39 @@
 #include <string_view>
 #include <variant>
 
-#include "ControlFile.h"
 #include "cmi/CZorbI2CMIData.h"
 
-namespace host::layout {
+namespace host {
 
 using Values = CZorbI2CMIData;
 
 /// Where the value of a line is kept; nowhere if it has none of its own.
-using Place = std::variant<std::monostate, std::int32_t*, double*, std::string*>;
+using Field = std::variant<std::monostate, std::int32_t*, double*, std::string*>;
 
 template <auto field>
-Place At(Values& values) {
+Field At(Values& values) {
     return &(values.*field);
 }
 
 template <auto list, std::size_t position>
-Place At(Values& values) {
+Field At(Values& values) {
     return &(values.*list)[position];
 }
 
-inline Place Nowhere(Values& /*values*/) {
+inline Field Nowhere(Values& /*values*/) {
     return {};
 }
 
 /// One line: its text with "%d" (a whole number), "%f" (three decimals) or "%s" (any text) in the
-/// place of the value, and the numbers that are allowed. Lines of items have an id and a title.
+/// place of the value, and the numbers that are allowed. Lines of items have an id.
 struct Row {
     std::string_view format;
-    Place (*place)(Values& values) = Nowhere;
+    Field (*field)(Values& values) = Nowhere;
     std::int32_t lowest = std::numeric_limits<std::int32_t>::min();
     std::int32_t highest = std::numeric_limits<std::int32_t>::max();
     std::int32_t itemId = -1;
-    std::string_view title = {};
+
+    bool IsItem() const { return itemId >= 0; }
 };
 
 constexpr std::string_view solverHead = "[%s] ";
@@ -69,29 +68,29 @@ constexpr auto rows = std::to_array<Row>({
     {"IsDistributeModel = %d (0:off,1:on)",                 At<&Values::IsDistributeModel>, 0, 1},
     {"IsViewEditModelMapping = %d (0:off,1:on)",            At<&Values::IsViewEditModelMapping>, 0, 1},
     {annealingLine,                                         At<&Values::IsAnnealingDeformedMesh>, 1, 1},
-    {"IsDoMaterialReduction =         %d   (0:off,1:on)",   At<&Values::OutputFlags, 0>, 0, 1, 0, "Fiber orientation"},
-    {"IsRunnerOutput =                %d   (0:off,1:on)",   At<&Values::OutputFlags, 1>, 0, 1, 1, "Runner output"},
-    {"IsMoldbaseOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 2>, 0, 1, 2, "Mesh output"},
-    {"IsFlowResidualstressOutput =    %d   (0:off,1:on)",   At<&Values::OutputFlags, 3>, 0, 1, 3, "Flow induced residual output"},
-    {"IsThermalResidualstressOutput = %d   (0:off,1:on)",   At<&Values::OutputFlags, 4>, 0, 1, 4, "Thermal stress output"},
-    {"IsInitialstrainOutput =         %d   (0:off,1:on)",   At<&Values::OutputFlags, 5>, 0, 1, 5, "Initial strain output (As temperature difference)"},
-    {"IsFlowPressureOutput =          %d   (0:off,1:on)",   At<&Values::OutputFlags, 6>, 0, 1, 6, "Flow pressure output"},
-    {"IsMoldbasePressureOutput =      %d   (0:off,1:on)",   At<&Values::OutputFlags, 7>, 0, 1, 7, "Moldbase pressure output"},
-    {"IsPackTempOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 8>, 0, 1, 8, "Packing phase temperature output"},
-    {"IsCoolTempOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 9>, 0, 1, 9, "End of cooling temperature output"},
-    {"IsMoldbaseTempOutput =          %d   (0:off,1:on)",   At<&Values::OutputFlags, 10>, 0, 1, 10, "Moldbase temperature output"},
-    {"DigimatOutput =                 %d   (0:off,1:on)",   At<&Values::OutputFlags, 11>, 0, 1, 11, "Digimat option to export fiber orientation data"},
-    {"IsPartInsertMaterialReduction = %d   (0:off,1:on)",   At<&Values::OutputFlags, 12>, 0, 1, 12, "Fiber material property output"},
-    {"IsDensityOutput =               %d   (0:off,1:on)",   At<&Values::OutputFlags, 13>, 0, 1, 13, "Density output"},
-    {"IsWeldlineOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 14>, 0, 1, 14, "Weld line output"},
-    {"DigimatWeldlineOutput =\t\t%d   (0:off,1:on)",        At<&Values::OutputFlags, 16>, 0, 1, 16, "Digimat weld line"},
-    {"DigimatMucellOutput =\t\t%d   (0:off,1:on)",          At<&Values::OutputFlags, 17>, 0, 1, 17, "Digimat mucell"},
-    {"DigimatFiberOutput =\t\t%d   (0:off,1:on)",           At<&Values::OutputFlags, 18>, 0, 1, 18, "Digimat fiber"},
-    {"DigimatStressOutput =\t\t%d   (0:off,1:on)",          At<&Values::OutputFlags, 19>, 0, 1, 19, "Digimat stress"},
-    {"DigimatTemperatureOutput =\t%d   (0:off,1:on)",       At<&Values::OutputFlags, 20>, 0, 1, 20, "Digimat temperature"},
-    {"IsAnnealingstressOutput =\t%d   (0:off,1:on)",        At<&Values::OutputFlags, 21>, 0, 1, 21, "Annealing stress output"},
+    {"IsDoMaterialReduction =         %d   (0:off,1:on)",   At<&Values::OutputFlags, 0>, 0, 1, 0},
+    {"IsRunnerOutput =                %d   (0:off,1:on)",   At<&Values::OutputFlags, 1>, 0, 1, 1},
+    {"IsMoldbaseOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 2>, 0, 1, 2},
+    {"IsFlowResidualstressOutput =    %d   (0:off,1:on)",   At<&Values::OutputFlags, 3>, 0, 1, 3},
+    {"IsThermalResidualstressOutput = %d   (0:off,1:on)",   At<&Values::OutputFlags, 4>, 0, 1, 4},
+    {"IsInitialstrainOutput =         %d   (0:off,1:on)",   At<&Values::OutputFlags, 5>, 0, 1, 5},
+    {"IsFlowPressureOutput =          %d   (0:off,1:on)",   At<&Values::OutputFlags, 6>, 0, 1, 6},
+    {"IsMoldbasePressureOutput =      %d   (0:off,1:on)",   At<&Values::OutputFlags, 7>, 0, 1, 7},
+    {"IsPackTempOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 8>, 0, 1, 8},
+    {"IsCoolTempOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 9>, 0, 1, 9},
+    {"IsMoldbaseTempOutput =          %d   (0:off,1:on)",   At<&Values::OutputFlags, 10>, 0, 1, 10},
+    {"DigimatOutput =                 %d   (0:off,1:on)",   At<&Values::OutputFlags, 11>, 0, 1, 11},
+    {"IsPartInsertMaterialReduction = %d   (0:off,1:on)",   At<&Values::OutputFlags, 12>, 0, 1, 12},
+    {"IsDensityOutput =               %d   (0:off,1:on)",   At<&Values::OutputFlags, 13>, 0, 1, 13},
+    {"IsWeldlineOutput =              %d   (0:off,1:on)",   At<&Values::OutputFlags, 14>, 0, 1, 14},
+    {"DigimatWeldlineOutput =\t\t%d   (0:off,1:on)",        At<&Values::OutputFlags, 16>, 0, 1, 16},
+    {"DigimatMucellOutput =\t\t%d   (0:off,1:on)",          At<&Values::OutputFlags, 17>, 0, 1, 17},
+    {"DigimatFiberOutput =\t\t%d   (0:off,1:on)",           At<&Values::OutputFlags, 18>, 0, 1, 18},
+    {"DigimatStressOutput =\t\t%d   (0:off,1:on)",          At<&Values::OutputFlags, 19>, 0, 1, 19},
+    {"DigimatTemperatureOutput =\t%d   (0:off,1:on)",       At<&Values::OutputFlags, 20>, 0, 1, 20},
+    {"IsAnnealingstressOutput =\t%d   (0:off,1:on)",        At<&Values::OutputFlags, 21>, 0, 1, 21},
     {"IsDoDensityReduction =          %d   (0:off,1:on)",   At<&Values::IsDoDensityReduction>, 0, 1},
-    {solverTail},
+    {solverTail,                                            At<&Values::SolverName>},
     {"[\\HEADER]"},
     {"[MAP DOMAIN]"},
     {"SegmentX = %d (1~100)",                               At<&Values::SegmentX>, 1, 100},
@@ -132,20 +131,6 @@ constexpr auto rows = std::to_array<Row>({
 });
 // clang-format on
 
-struct Solver {
-    std::string_view keyword;
-    std::string_view name;
-};
-
-// clang-format off
-constexpr auto solvers = std::to_array<Solver>({
-    {"", "none"},
-    {"ANSYS", "ANSYS"},           {"ABAQUS", "ABAQUS"},         {"MSCNASTRAN", "MSC-Nastran"},
-    {"NENASTRAN", "NE-Nastran"},  {"LSDYNA", "LS-Dyna"},        {"MARC", "MARC"},
-    {"NXNASTRAN", "NX-Nastran"},  {"RADIOSS", "Radioss"},       {"WORKBENCH", "Workbench"},
-});
-// clang-format on
-
 /// What tells lines apart: a tag up to its bracket, otherwise the text before "=".
 constexpr std::string_view KeyOf(std::string_view line) {
     const bool isTag = line.starts_with('[');
@@ -155,29 +140,10 @@ constexpr std::string_view KeyOf(std::string_view line) {
     return key.substr(0, key.find_last_not_of(" \t") + 1);
 }
 
-constexpr auto rowKeys = [] {
-    std::array<std::string_view, rows.size()> keys;
-    std::transform(rows.begin(), rows.end(), keys.begin(),
-                   [](const Row& row) { return KeyOf(row.format); });
-    return keys;
-}();
+/// The value of a field as the file prints it.
+std::string Printed(const Field& field);
 
-/// "MapFile" is blank for other meshes.
-inline bool UsesMapFile(const Values& values) {
-    return values.IsMappedMesh == 1 || values.Is3DMappingShell == 1;
-}
+/// The line of a row with a value.
+std::string Filled(const Row& row, std::string_view value);
 
-/// The deformed mesh after annealing: its line stands instead of the deformed mesh's 1.
-inline bool IsAnnealedMesh(const Values& values) {
-    constexpr std::int32_t annealingProject = 3;
-    return values.IsAnnealingDeformedMesh == 1 && values.ProjectType == annealingProject &&
-           values.IsOriginalMesh != 1 && !UsesMapFile(values);
-}
-
-/// The value of a row as the file prints it.
-std::string Printed(const Place& place);
-
-/// In quotes, without control bytes (which a terminal would obey), and not endless.
-std::string Quoted(std::string_view text);
-
-}  // namespace host::layout
+}  // namespace host

@@ -100,7 +100,7 @@ std::string TomlFlag(std::int32_t flag) {
 std::string ChoicesText(const std::vector<OfferedItem>& items) {
     std::string text;
     for (const OfferedItem& offered : items) {
-        const std::string name = "\n# " + shortNames.NameOf(offered.item.itemId);
+        const std::string name = "\n# " + NameOf(offered.item.itemId, shortNames);
         const std::string choice = offered.IsSwitch() ? "off" : offered.Label();
         text += offered.IsMissing() ? name + ": " + offered.Label() : name + " = " + Quoted(choice);
     }
@@ -120,7 +120,7 @@ std::string TextOf(const Recipe& recipe, const fs::path& home) {
         {"voxel", TomlFlag(project.voxelFlag)},
         {"fiber", TomlFlag(project.flags[CZorbFEAInformation::kHasFiber])},
         {"insert", TomlFlag(project.flags[CZorbFEAInformation::kHasInsertedPart])},
-        {"mesh", Quoted(meshKinds.NameOf(recipe.meshKind))},
+        {"mesh", Quoted(NameOf(recipe.meshKind, meshKinds))},
         {"choices", ChoicesText(session.Offer(recipe.solver, recipe.meshKind))}};
     std::string text;
     std::string_view rest = recipeText;

@@ -5,6 +5,7 @@
 
 #include "engine/CZorbI2Engine.h"
 #include "host/Commands.h"
+#include "host/ControlFileLayout.h"
 #include "host/Report.h"
 #include "host/Session.h"
 
@@ -16,7 +17,8 @@ constexpr const char* groupNames[] = {"Part", "Part insert", "Moldbase"};
 
 /// The items without a title are known by their key in the file.
 std::string TitleOf(const CZorbI2Item& item) {
-    return item.title.empty() ? std::string(ItemKey(item.itemId)) : item.title;
+    const auto row = std::ranges::find(rows, item.itemId, &Row::itemId);
+    return item.title.empty() ? std::string(KeyOf(row->format)) : item.title;
 }
 
 std::string ElementsOf(const SolverSlot& slot) {
@@ -27,7 +29,7 @@ std::string ElementsOf(const SolverSlot& slot) {
 std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
     const bool isSecond = recipe.quadraticElements && slot.elementTypes.size() > 1;
     return recipe.project.projectName + ", run " + std::to_string(recipe.project.runNumber) +
-           ", for " + slot.name + ": " + meshKinds.NameOf(recipe.meshKind) + " mesh, " +
+           ", for " + slot.name + ": " + NameOf(recipe.meshKind, meshKinds) + " mesh, " +
            slot.elementTypes[isSecond ? 1 : 0];
 }
 
@@ -40,8 +42,9 @@ void PrintItem(const Terminal& terminal, const OfferedItem& offered) {
     const std::string id = std::to_string(item.itemId);
     std::string mark = offered.status.checkState == 1 ? "[x] " : "[ ] ";
     mark = offered.IsMissing() ? "[-] " : offered.IsSwitch() ? mark : "";
-    std::cout << Padded(std::string(3 - id.size(), ' ') + id + " " + shortNames.NameOf(item.itemId),
-                        indent)
+    std::cout << Padded(
+                     std::string(3 - id.size(), ' ') + id + " " + NameOf(item.itemId, shortNames),
+                     indent)
               << terminal.Coloured(mark + TitleOf(item), Colour::strong);
     if (!item.description.empty()) {
         std::cout << newLine
@@ -78,7 +81,7 @@ void PrintDialog(const Surroundings& host, const Recipe& recipe, const SolverSlo
 Json JsonOf(const OfferedItem& offered) {
     const CZorbI2Item& item = offered.item;
     Json entry = {{"id", item.itemId},
-                  {"name", shortNames.NameOf(item.itemId)},
+                  {"name", NameOf(item.itemId, shortNames)},
                   {"group", groupNames[offered.group]},
                   {"title", TitleOf(item)},
                   {"description", item.description},
@@ -101,7 +104,7 @@ Json ShowDialog(const Surroundings& host, const Recipe& recipe, Session& session
     problems = session.ApplyRecipe();
     Json list = Json::array();
     const SolverSlot* slot = session.Engine().solverSlots[recipe.solver].get();
-    if (slot == nullptr || !MeshesOf(*slot).Find(meshKinds.NameOf(recipe.meshKind))) {
+    if (slot == nullptr || !Find(NameOf(recipe.meshKind, meshKinds), MeshesOf(*slot))) {
         return {{"items", list}};
     }
     const auto& items = session.Offer(recipe.solver, recipe.meshKind);
@@ -111,9 +114,9 @@ Json ShowDialog(const Surroundings& host, const Recipe& recipe, Session& session
     for (const OfferedItem& offered : items) {
         list.push_back(JsonOf(offered));
     }
-    return {{"project", recipe.project.projectName},     {"run", recipe.project.runNumber},
-            {"folder", recipe.project.projectFolder},    {"solver", slot->name},
-            {"mesh", meshKinds.NameOf(recipe.meshKind)}, {"items", list}};
+    return {{"project", recipe.project.projectName},      {"run", recipe.project.runNumber},
+            {"folder", recipe.project.projectFolder},     {"solver", slot->name},
+            {"mesh", NameOf(recipe.meshKind, meshKinds)}, {"items", list}};
 }
 
 // ---- Solvers ----------------------------------------------------------------------------------
@@ -124,12 +127,12 @@ Json ShowSolvers(const Surroundings& host, const Session& session) {
         if (!slot) {
             continue;
         }
-        const std::string keyword = solverKeywords.NameOf(slot->solverIndex);
+        const std::string keyword = NameOf(slot->solverIndex, solverKeywords);
         if (!host.options.json) {
             std::cout << slot->solverIndex << "  "
                       << host.terminal.Coloured(slot->name, Colour::strong)
                       << (keyword == slot->name ? "" : "  (" + keyword + ")")
-                      << "\n   mesh kinds:    " << MeshesOf(*slot).All()
+                      << "\n   mesh kinds:    " << Listed(MeshesOf(*slot))
                       << "\n   element types: " << ElementsOf(*slot) << '\n';
         }
         list.push_back({{"index", slot->solverIndex},
@@ -154,7 +157,7 @@ std::vector<Column> ColumnsOf(Session& session) {
     std::vector<Column> columns;
     for (const auto& slot : session.Engine().solverSlots) {
         for (std::int32_t kind = kMeshOriginal; slot && kind <= kMesh3DMappingShell; ++kind) {
-            if (!MeshesOf(*slot).Find(meshKinds.NameOf(kind))) {
+            if (!Find(NameOf(kind, meshKinds), MeshesOf(*slot))) {
                 continue;
             }
             Column column{slot.get(), kind, std::string(kItemCount, '.')};
@@ -174,7 +177,7 @@ void PrintMatrix(const Terminal& terminal, const std::vector<Column>& columns) {
     std::vector<std::string> lines = {"", ""};  // solvers, mesh kinds, and one line for each item
     for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
         lines.push_back((itemId < 10 ? " " : "") + std::to_string(itemId) + " " +
-                        shortNames.NameOf(itemId));
+                        NameOf(itemId, shortNames));
     }
     std::string legend =
         "+ available, - results missing, . not offered; O original, D deformed, "
@@ -191,7 +194,7 @@ void PrintMatrix(const Terminal& terminal, const std::vector<Column>& columns) {
             lines[0] += hasNames ? slot->name : number;
             legend += hasNames ? "" : (number == "0" ? "; " : ", ") + number + " " + slot->name;
         }
-        lines[1] += static_cast<char>(std::toupper(meshKinds.NameOf(column.meshKind)[0])) + gap;
+        lines[1] += static_cast<char>(std::toupper(NameOf(column.meshKind, meshKinds)[0])) + gap;
         for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
             lines[itemId + 2] += column.cells[itemId] + gap;
         }
@@ -213,11 +216,11 @@ Json ShowMatrix(const Surroundings& host, Session& session) {
         Json items = Json::object();
         for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
             if (column.cells[itemId] != '.') {
-                items[shortNames.NameOf(itemId)] = column.cells[itemId] == '+';
+                items[NameOf(itemId, shortNames)] = column.cells[itemId] == '+';
             }
         }
         list.push_back({{"solver", column.slot->name},
-                        {"mesh", meshKinds.NameOf(column.meshKind)},
+                        {"mesh", NameOf(column.meshKind, meshKinds)},
                         {"available", items}});
     }
     return {{"matrix", list}};

@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <numeric>
 
-#include "engine/CZorbI2Engine.h"
-#include "host/Session.h"
-
 namespace host {
 
 // clang-format off
@@ -57,53 +54,35 @@ std::size_t Distance(const std::string& from, const std::string& to) {
 
 }  // namespace
 
-std::optional<std::int32_t> Vocabulary::Find(std::string_view name) const {
+std::string NameOf(std::int32_t number, const Vocabulary& words) {
+    return std::ranges::find(words, number, &Vocabulary::value_type::first)->second;
+}
+
+std::optional<std::int32_t> Find(std::string_view name, const Vocabulary& words) {
     const std::string folded = Folded(name);
-    for (const auto& [number, known] : entries_) {
-        if (folded == Folded(known) || folded == std::to_string(number)) {
+    for (const auto& [number, word] : words) {
+        if (folded == Folded(word) || folded == std::to_string(number)) {
             return number;
         }
     }
     return std::nullopt;
 }
 
-std::string Vocabulary::Nearest(std::string_view text) const {
+std::string Nearest(std::string_view text, Vocabulary words) {
     constexpr std::size_t count = 3;
-    std::vector<Entry> ranked = entries_;
-    std::ranges::stable_sort(ranked, {}, [wanted = Folded(text)](const Entry& known) {
-        return Distance(wanted, Folded(known.second));
+    std::ranges::stable_sort(words, {}, [wanted = Folded(text)](const auto& entry) {
+        return Distance(wanted, Folded(entry.second));
     });
-    ranked.resize(std::min(count, ranked.size()));
-    return Vocabulary(ranked).All();
+    words.resize(std::min(count, words.size()));
+    return Listed(words);
 }
 
-std::string Vocabulary::All() const {
-    std::string all;
-    for (const auto& [number, name] : entries_) {
-        all += (all.empty() ? "" : ", ") + name;
+std::string Listed(const Vocabulary& words) {
+    std::string list;
+    for (const auto& [number, word] : words) {
+        list += (list.empty() ? "" : ", ") + word;
     }
-    return all;
-}
-
-std::string Vocabulary::NameOf(std::int32_t number) const {
-    return std::ranges::find(entries_, number, &Entry::first)->second;
-}
-
-Names::Names() {
-    const Recipe noProject;  // the names are the same for all
-    const Session session(noProject);
-    for (const auto& item : session.Engine().items) {
-        items.Add(item->itemId, shortNames.NameOf(item->itemId));
-        if (!item->title.empty()) {
-            items.Add(item->itemId, item->title);
-        }
-    }
-    for (const auto& slot : session.Engine().solverSlots) {
-        solvers.Add(slot->solverIndex, slot->name);
-        if (slot->name != solverKeywords.NameOf(slot->solverIndex)) {
-            solvers.Add(slot->solverIndex, solverKeywords.NameOf(slot->solverIndex));
-        }
-    }
+    return list;
 }
 
 }  // namespace host

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <fstream>
 #include <random>
-#include <sstream>
 
 #include "host/HostPlatform.h"
 
@@ -34,17 +33,26 @@ std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
 }
 
 std::string ReadFile(const fs::path& file, const Place& place) {
-    std::error_code unknown;
-    errno = 0;
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << stream.rdbuf();
-    if (!stream.is_open() || stream.bad() || fs::is_directory(file, unknown)) {
-        const int reason = fs::is_directory(file, unknown) ? EISDIR : errno;
+    constexpr std::size_t largest = 1 << 18;  // a file may have no end
+    const auto fail = [&place](int reason) {
         throw Problem(place, std::string("cannot be read: ") + std::strerror(reason),
                       ExitCode::fileTrouble);
+    };
+    std::error_code unknown;
+    if (fs::is_directory(file, unknown)) {
+        fail(EISDIR);
     }
-    return bytes.str();
+    errno = 0;
+    std::ifstream stream(file, std::ios::binary);
+    std::string bytes;
+    char block[4096];
+    while (bytes.size() <= largest && (stream.read(block, sizeof block), stream.gcount() > 0)) {
+        bytes.append(block, static_cast<std::size_t>(stream.gcount()));
+    }
+    if (!stream.eof()) {
+        fail(bytes.size() > largest ? EFBIG : errno);
+    }
+    return bytes;
 }
 
 ScratchFolder::ScratchFolder() {

@@ -16,7 +16,7 @@ std::string Utf8Of(const std::filesystem::path& path);
 /// the text that it is: the translator may run on another machine.
 std::string AbsolutePath(const std::string& path, const std::filesystem::path& relativeTo);
 
-/// The whole file as bytes. Throws Problem, of a place.
+/// The whole file as bytes, up to 256 KiB. Throws Problem, of a place.
 std::string ReadFile(const std::filesystem::path& file, const Place& place);
 
 /// A temporary folder that is the current one while the host runs: the engine leaves two debug

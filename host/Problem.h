@@ -1,16 +1,17 @@
 // What went wrong, where it was asked for, and the exit code that it leads to.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace host {
 
 enum class ExitCode {
     done = 0,
-    notAvailable = 1,  ///< something asked for is not available
+    notAvailable = 1,  ///< something asked for is not available, or a check found faults
     badUsage = 2,      ///< a command line or a recipe that cannot be read
     fileTrouble = 3,   ///< a file or folder that cannot be used
 };
@@ -37,11 +38,11 @@ struct Problem {
 
 using Problems = std::vector<Problem>;
 
-/// In quotes, for a message: with question marks for control characters.
-inline std::string Quoted(std::string text) {
-    std::ranges::replace_if(
-        text, [](unsigned char letter) { return letter < 0x20; }, '?');
-    return "\"" + text + "\"";
-}
+/// "RECIPE:LINE:COLUMN: message", as far as the place is known.
+std::string InOneLine(const Problem& problem);
+
+/// In quotes, for a message: without control characters, which a terminal would obey, and not
+/// endless.
+std::string Quoted(std::string_view text);
 
 }  // namespace host

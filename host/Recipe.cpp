@@ -110,9 +110,9 @@ struct Reader {
     std::string Path() const { return AbsolutePath(Text(), folder); }
 
     std::int32_t OneOf(const Vocabulary& words) const {
-        const std::optional<std::int32_t> number = words.Find(Word());
+        const std::optional<std::int32_t> number = Find(Word(), words);
         if (!number) {
-            RefuseFor("one of: " + words.All());
+            RefuseFor("one of: " + Listed(words));
         }
         return number.value_or(0);
     }
@@ -186,7 +186,7 @@ const Vocabulary topLevelNames = {{0, "project"}, {0, "target"}, {0, "control_fi
 // clang-format on
 
 std::string Unknown(const std::string& kind, const std::string& name, const Vocabulary& known) {
-    return "unknown " + kind + " " + Quoted(name) + "; nearest: " + known.Nearest(name);
+    return "unknown " + kind + " " + Quoted(name) + "; nearest: " + Nearest(name, known);
 }
 
 void ReadSection(const Reader& reader, const std::string& section, const toml::table& table) {
@@ -196,7 +196,7 @@ void ReadSection(const Reader& reader, const std::string& section, const toml::t
         const Key* found = nullptr;
         for (const Key& row : keys) {
             if (section == row.section) {
-                known.Add(0, row.name);
+                known.emplace_back(0, row.name);
                 found = name == row.name ? &row : found;
             }
         }
@@ -214,7 +214,7 @@ void ReadSection(const Reader& reader, const std::string& section, const toml::t
 
 std::optional<std::int32_t> FindItem(const Reader& reader, const Place& place,
                                      const std::string& name) {
-    const std::optional<std::int32_t> itemId = reader.names.items.Find(name);
+    const std::optional<std::int32_t> itemId = Find(name, reader.names.items);
     if (!itemId) {
         reader.Refuse(place, Unknown("item", name, reader.names.items));
     }

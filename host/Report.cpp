@@ -22,13 +22,6 @@ Json JsonOf(const Problems& problems) {
     return list;
 }
 
-std::string InOneLine(const Problem& problem) {
-    const auto& [file, line, column, name] = problem.place;
-    const std::string position =
-        line > 0 ? ":" + std::to_string(line) + ":" + std::to_string(column) : std::string();
-    return (file.empty() ? "zorbi2" : file) + position + ": " + problem.message;
-}
-
 ExitCode Report(const Problems& problems, const Options& options, Json document) {
     ExitCode gravest = ExitCode::done;
     for (const Problem& problem : problems) {

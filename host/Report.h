@@ -15,9 +15,6 @@ using Json = nlohmann::ordered_json;
 Json JsonDocument(const Options& options);
 Json JsonOf(const Problems& problems);
 
-/// "RECIPE:LINE:COLUMN: message", as far as the place is known.
-std::string InOneLine(const Problem& problem);
-
 /// Tells problems on standard error, or prints the document with them. Returns the exit code: that
 /// of the gravest, which is the highest.
 ExitCode Report(const Problems& problems, const Options& options, Json document);

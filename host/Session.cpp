@@ -19,7 +19,7 @@ const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}
 
 /// What the recipe itself says, put over what the engine's data block says.
 void PutRecipe(const Recipe& recipe, CZorbI2CMIData& values) {
-    values.SolverName = solverKeywords.NameOf(recipe.solver);
+    values.SolverName = NameOf(recipe.solver, solverKeywords);
     values.SolverType = recipe.project.solverType;
     values.ProjectType = recipe.project.projectType;
     values.QuadraticElement = recipe.quadraticElements ? 1 : 0;
@@ -65,7 +65,7 @@ const std::vector<OfferedItem>& Session::Offer(std::int32_t solver, std::int32_t
     return offered_;
 }
 
-const OfferedItem* Session::Find(std::int32_t itemId) const {
+const OfferedItem* Session::FindOffered(std::int32_t itemId) const {
     const auto found = std::ranges::find_if(
         offered_, [itemId](const OfferedItem& offered) { return offered.item.itemId == itemId; });
     return found != offered_.end() ? &*found : nullptr;
@@ -81,16 +81,17 @@ void Session::CheckTarget(Problems& problems) const {
         Vocabulary offered;
         for (const auto& other : slots) {
             if (other) {
-                offered.Add(other->solverIndex, other->name);
+                offered.emplace_back(other->solverIndex, other->name);
             }
         }
         return refuse("target.solver",
-                      Quoted(solverKeywords.NameOf(recipe_.solver)) +
-                          " is not offered for this project, only: " + offered.All());
+                      Quoted(NameOf(recipe_.solver, solverKeywords)) +
+                          " is not offered for this project, only: " + Listed(offered));
     }
-    if (!MeshesOf(*slot).Find(std::to_string(recipe_.meshKind))) {
-        refuse("target.mesh", Quoted(meshKinds.NameOf(recipe_.meshKind)) + " is not offered for " +
-                                  slot->name + " in this project, only: " + MeshesOf(*slot).All());
+    if (!Find(std::to_string(recipe_.meshKind), MeshesOf(*slot))) {
+        refuse("target.mesh", Quoted(NameOf(recipe_.meshKind, meshKinds)) + " is not offered for " +
+                                  slot->name +
+                                  " in this project, only: " + Listed(MeshesOf(*slot)));
     }
     if (recipe_.quadraticElements && slot->elementTypes.size() == 1) {
         refuse("target.quadratic_elements",
@@ -102,14 +103,16 @@ void Session::Choose(const Choice& choice, Problems& problems) {
     const auto refuse = [&](const std::string& text, ExitCode code) {
         problems.emplace_back(choice.place, text, code);
     };
-    const OfferedItem* offered = Find(choice.itemId);
+    const OfferedItem* offered = FindOffered(choice.itemId);
     if (offered == nullptr || offered->IsMissing()) {
         return refuse(ReasonAgainst(choice.itemId), ExitCode::notAvailable);
     }
-    const Vocabulary words = offered->IsSwitch() ? switchWords : Vocabulary(offered->item.options);
-    const std::optional<std::int32_t> number = words.Find(choice.value);
+    const auto& options = offered->item.options;
+    const Vocabulary words =
+        offered->IsSwitch() ? switchWords : Vocabulary(options.begin(), options.end());
+    const std::optional<std::int32_t> number = Find(choice.value, words);
     if (!number) {
-        refuse(Quoted(choice.value) + " is not one of: " + words.All(), ExitCode::badUsage);
+        refuse(Quoted(choice.value) + " is not one of: " + Listed(words), ExitCode::badUsage);
     } else if (!manager_.SetItemStatus(choice.itemId, *number, *number)) {
         refuse("the engine refuses " + Quoted(choice.value), ExitCode::notAvailable);
     }
@@ -149,20 +152,19 @@ ControlFile Session::Write(const std::filesystem::path& folder, const std::strin
     manager_.SetCMIFileFullPath(ForEngine(Utf8Of(folder)), ForEngine(recipe_.controlName),
                                 recipe_.project.runNumber, ForEngine(extension));
     manager_.WriteCMIFile(0);
-    std::vector<std::int32_t> itemIds;
-    for (const OfferedItem& offered : offered_) {
-        itemIds.push_back(offered.item.itemId);
-    }
-    ControlFile asked = FileOf(*manager_.GetZorbCMIData(), itemIds);
+    ControlFile asked{*manager_.GetZorbCMIData(), {}};
     PutRecipe(recipe_, asked.values);
+    for (const OfferedItem& offered : offered_) {
+        asked.itemIds.push_back(offered.item.itemId);
+    }
     return asked;
 }
 
 std::string Session::ReasonAgainst(std::int32_t itemId) const {
-    const OfferedItem* offered = Find(itemId);
+    const OfferedItem* offered = FindOffered(itemId);
     if (offered == nullptr) {
         return "not offered for " + Engine().solverSlots[recipe_.solver]->name +
-               " with mesh kind " + Quoted(meshKinds.NameOf(recipe_.meshKind));
+               " with mesh kind " + Quoted(NameOf(recipe_.meshKind, meshKinds));
     }
     if (offered->IsMissing()) {
         return "results missing: " + offered->Label();
@@ -170,10 +172,30 @@ std::string Session::ReasonAgainst(std::int32_t itemId) const {
     return "the choice is " + Quoted(offered->IsSwitch() ? "off" : offered->Label());
 }
 
+Names AskNames() {
+    const Recipe noProject;  // the names are the same for all
+    const Session session(noProject);
+    Names names{shortNames, {}};
+    for (const auto& item : session.Engine().items) {
+        if (!item->title.empty()) {
+            names.items.emplace_back(item->itemId, item->title);
+        }
+    }
+    for (const auto& slot : session.Engine().solverSlots) {
+        names.solvers.emplace_back(slot->solverIndex, slot->name);
+    }
+    for (const auto& keyword : solverKeywords) {
+        if (!Find(keyword.second, names.solvers)) {
+            names.solvers.push_back(keyword);
+        }
+    }
+    return names;
+}
+
 Vocabulary MeshesOf(const SolverSlot& slot) {
     Vocabulary meshes;
     for (const std::string& label : slot.meshTypes) {
-        meshes.Add(meshKinds.Find(label).value(), label);
+        meshes.emplace_back(Find(label, meshKinds).value(), label);
     }
     return meshes;
 }

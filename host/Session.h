@@ -56,12 +56,15 @@ private:
     void CheckTarget(Problems& problems) const;
     void Choose(const Choice& choice, Problems& problems);
     void SetWeldLines();
-    const OfferedItem* Find(std::int32_t itemId) const;
+    const OfferedItem* FindOffered(std::int32_t itemId) const;
 
     const Recipe& recipe_;
     CZorbI2EngineManager manager_;
     std::vector<OfferedItem> offered_;
 };
+
+/// The names of items and solvers; asks the engine for its titles and display names.
+Names AskNames();
 
 /// The mesh kinds that a solver offers, by number; the words are the engine's labels.
 Vocabulary MeshesOf(const SolverSlot& slot);

@@ -54,22 +54,22 @@ std::string ReasonAgainstWriting(const fs::path& file) {
     return stream ? std::string() : std::strerror(errno);
 }
 
-/// The file, when it says what was asked for.
-ControlFile ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
+/// Reads the file back. Throws unless it says what was asked for.
+void ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     std::error_code missing;
     const Place place{{}, 0, 0, Utf8Of(job.controlFile)};
     job.text = fs::exists(file, missing) ? ReadFile(file, place) : std::string();
-    std::vector<Fault> faults;
-    ControlFile found = ReadControlFile(job.text, faults);
-    const std::vector<std::string> differences = Differences(asked, found);
-    if (faults.empty() && differences.empty()) {
-        return found;
+    const std::vector<std::string> found = SplitLines(job.text);
+    const std::vector<std::string> expected = LinesOf(asked);
+    if (found == expected && job.text.ends_with('\n')) {
+        return;
     }
     const std::string reason = ReasonAgainstWriting(file);
-    const std::string difference =
-        faults.empty() ? differences[0]
-                       : "line " + std::to_string(faults[0].line) + ": " + faults[0].message;
-    throw CannotWrite(job, reason.empty() ? "not what was asked for: " + difference : reason);
+    const auto [line, other] = std::ranges::mismatch(expected, found);
+    throw CannotWrite(job, !reason.empty() ? reason
+                           : line == expected.end() || other == found.end()
+                               ? "not whole"
+                               : "not what was asked for: " + Expected(*line, *other));
 }
 
 void CheckMappedMesh(const Recipe& recipe) {
@@ -77,19 +77,17 @@ void CheckMappedMesh(const Recipe& recipe) {
     if (isMapped && recipe.mappedMesh.empty()) {
         throw Problem(
             recipe.PlaceOf("target.mesh"),
-            Quoted(meshKinds.NameOf(recipe.meshKind)) + " needs target.mapped_mesh, its path",
+            Quoted(NameOf(recipe.meshKind, meshKinds)) + " needs target.mapped_mesh, its path",
             ExitCode::badUsage);
     }
 }
 
-void CheckRequired(Job& job, const Session& session, const ControlFile& found) {
+void CheckRequired(Job& job, const Session& session, const ControlFile& file) {
     for (const Choice& required : job.recipe.required) {
-        const bool isOutput = std::ranges::any_of(found.items, [&required](const ItemLine& line) {
-            return line.itemId == required.itemId && line.value == 1;
-        });
-        if (!isOutput) {
+        if (std::ranges::count(file.itemIds, required.itemId) == 0 ||
+            file.values.OutputFlags[required.itemId] != 1) {
             job.problems.emplace_back(required.place,
-                                      shortNames.NameOf(required.itemId) + " is not output: " +
+                                      NameOf(required.itemId, shortNames) + " is not output: " +
                                           session.ReasonAgainst(required.itemId),
                                       ExitCode::notAvailable);
         }
@@ -110,7 +108,8 @@ void WriteControlFile(const Surroundings& host, Job& job) {
         host.options.dryRun ? "." : job.controlFile.parent_path();  // the scratch folder
     const TemporaryFile file{folder / name};
     const ControlFile asked = session.Write(folder, job.recipe.controlExtension + mark);
-    CheckRequired(job, session, ReadBack(job, file.path, asked));
+    ReadBack(job, file.path, asked);
+    CheckRequired(job, session, asked);
     if (job.problems.empty() && !host.options.dryRun) {
         std::error_code error;
         fs::rename(file.path, job.controlFile, error);

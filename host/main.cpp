@@ -5,27 +5,19 @@
 #include <exception>
 #include <iostream>
 
-#include "host/CheckCommand.h"
 #include "host/Commands.h"
 #include "host/HostPlatform.h"
 #include "host/Paths.h"
 #include "host/Report.h"
+#include "host/Session.h"
 
 namespace host {
 
 namespace {
 
-ExitCode Check(const Options& options) {
-    CheckRequest request{{}, options.show, options.json, options.quiet};
-    for (const std::string& file : options.files) {
-        request.files.push_back(PathOf(file));
-    }
-    return static_cast<ExitCode>(RunCheck(request, std::cout, std::cerr));
-}
-
 ExitCode WorkOnRuns(const Options& options) {
     const ScratchFolder scratch;
-    const Surroundings surroundings{options, {}, scratch, {}};
+    const Surroundings surroundings{options, AskNames(), scratch, {}};
     if (options.trace) {
         ShowTraceLines();
     }
@@ -37,7 +29,7 @@ ExitCode WorkOnRuns(const Options& options) {
 
 ExitCode Run(const Options& options) {
     try {
-        return options.command == "check" ? Check(options) : WorkOnRuns(options);
+        return options.command == "check" ? RunCheck(options) : WorkOnRuns(options);
     } catch (const Problem& problem) {
         return Report({problem}, options);
     } catch (const std::exception& error) {

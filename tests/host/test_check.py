@@ -1,9 +1,10 @@
 """The command "check", as a user calls it. What it finds in a file is tested beside its sources."""
 
+import json
 import shutil
 import unittest
 
-from program import EXAMPLE, EXPECTED, ProgramTest
+from program import EXAMPLE, EXPECTED, ON_WINDOWS, ProgramTest
 
 GOOD = "good.cmi"
 
@@ -13,11 +14,21 @@ class Check(ProgramTest):
         super().setUp()
         shutil.copy(EXAMPLE / "expected" / "Cover02.cmi", self.folder / GOOD)
 
-    def damage(self, old, new, name="bad.cmi"):
-        text = (self.folder / GOOD).read_text(encoding="utf-8")
-        self.assertIn(old, text)
-        (self.folder / name).write_text(text.replace(old, new, 1), encoding="utf-8")
+    def damage(self, *changes, name="bad.cmi"):
+        """The good file with texts in the place of others."""
+        text = (self.folder / GOOD).read_bytes().decode("utf-8")
+        for old, new in changes:
+            self.assertEqual(text.count(old), 1, old)
+            text = text.replace(old, new)
+        (self.folder / name).write_bytes(text.encode("utf-8"))
         return name
+
+    def words(self, *changes):
+        """What a changed file asks for, by label."""
+        done = self.run_program("check", "--show", self.damage(*changes))
+        self.check(done, 0)
+        lines = done.stdout.replace("\n" + " " * 21, " ").splitlines()[1:]
+        return dict(line.strip().split(":", 1) for line in lines)
 
     def test_good_files(self):
         self.check(self.run_program("check", GOOD), 0, "good.cmi: no faults\n")
@@ -29,22 +40,122 @@ class Check(ProgramTest):
         self.check(self.run_program("check", "crlf.cmi"), 0, "crlf.cmi: no faults\n")
 
     def test_a_fault_is_told_with_file_and_line(self):
-        name = self.damage("SegmentY = 80", "SegmentY = 101")
-        done = self.run_program("check", name)
-        self.check(done, 1, None, None)
-        self.assertRegex(done.stderr, r"\Abad\.cmi:41: .*101.*\n\Z")
+        name = self.damage(("SegmentY = 80", "SegmentY = 101"), ("[\\HEADER]", "[/HEADER]"))
+        self.check(self.run_program("check", name), 1, "",
+                   'bad.cmi:38: expected "[\\HEADER]", found "[/HEADER]"\n'
+                   'bad.cmi:41: "SegmentY" is 101; allowed is 1 to 100\n')
+
+    def test_an_empty_file_is_a_fault_and_no_trouble(self):
+        (self.folder / "empty.cmi").write_bytes(b"")
+        self.check(self.run_program("check", "empty.cmi"), 1, "",
+                   "empty.cmi:1: not a control parameter file: expected "
+                   '"I2-Output Control Parameter File", found ""\n')
+
+    def test_files_that_cannot_be_read(self):
+        (self.folder / "endless.cmi").write_bytes(b"\n" * 300_000)
+        self.check(self.run_program("check", "none.cmi", ".", "endless.cmi"), 3,
+                   "0 of 3 files without faults\n",
+                   "none.cmi: cannot be read: No such file or directory\n"
+                   ".: cannot be read: Is a directory\n"
+                   "endless.cmi: cannot be read: File too large\n")
+
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file")
+    def test_a_file_without_an_end(self):
+        self.check(self.run_program("check", "/dev/zero"), 3, "",
+                   "/dev/zero: cannot be read: File too large\n")
 
     def test_all_files_are_checked_and_the_gravest_decides(self):
-        name = self.damage("[\\HEADER]", "[/HEADER]")
+        name = self.damage(("[\\HEADER]", "[/HEADER]"))
         done = self.run_program("check", "none.cmi", name, GOOD)
-        self.check(done, 3, None, None)
-        self.assertIn("none.cmi: cannot be read: No such file or directory\n", done.stderr)
-        self.assertRegex(done.stderr, r"bad\.cmi:38: ")
-        self.assertIn("good.cmi: no faults\n", done.stdout)
+        self.check(done, 3, "good.cmi: no faults\n1 of 3 files without faults\n", None)
+        self.assertEqual(len(done.stderr.splitlines()), 2)
+        done = self.run_program("check", "--quiet", name, GOOD)
+        self.check(done, 1, "", None)
+        self.assertIn("bad.cmi:38: ", done.stderr)
 
     def test_what_the_file_asks_for_in_words(self):
         done = self.run_program("check", "--show", GOOD)
         self.check(done, 0, (EXPECTED / "check_show.txt").read_text(encoding="utf-8"))
+        done = self.run_program("check", "--show", "--quiet", GOOD)
+        self.check(done, 0, (EXPECTED / "check_show.txt").read_text(encoding="utf-8"))
+        done = self.run_program("check", "--show", self.damage(("[HEADER]", "[HEADER")))
+        self.check(done, 1, "", None)
+
+    def test_words_for_a_mapped_mesh(self):
+        words = self.words(("MapFile =  ", "MapFile = D:\\mesh ü.inp"),
+                           ("IsOriginalMesh = 1", "IsOriginalMesh = 0"),
+                           ("IsMappedMesh = 0", "IsMappedMesh = 1"),
+                           ("QuadraticElement = 1", "QuadraticElement = 0"),
+                           ("SolverType = 0", "SolverType = 1"),
+                           ("ProjectType = 0", "ProjectType = 9"))
+        self.assertEqual(words["Mesh"].strip(), "mapped, linear elements")
+        self.assertEqual(words["Mapped mesh"].strip(), '"D:\\mesh ü.inp"')
+        self.assertEqual(words["Project"].strip(), "shell, type 9")
+
+    def test_words_for_other_meshes(self):
+        words = self.words(("IsOriginalMesh = 1", "IsOriginalMesh = 0"),
+                           ("Is3DMappingShell = 0", "Is3DMappingShell = 1"))
+        self.assertEqual(words["Mesh"].strip(), "3d-mapping-to-shell, quadratic elements")
+        flag = "IsViewEditModelMapping = 0 (0:off,1:on)\n"
+        words = self.words(("IsOriginalMesh = 1", "IsOriginalMesh = 0"),
+                           ("ProjectType = 0", "ProjectType = 3"),
+                           (flag, flag + "IsAnnealingDeformedMesh = 1 (0:off,1:on)\n"))
+        self.assertEqual(words["Mesh"].strip(), "deformed after annealing, quadratic elements")
+
+    def test_paths_are_never_broken(self):
+        path = "D:\\" + "a  long folder " * 10 + "\\Cover"
+        name = self.damage(("D:\\Handover\\Cover", path))
+        self.assertIn(f'"{path}"\n', self.run_program("check", "--show", name).stdout)
+
+    def test_words_for_what_is_off(self):
+        on = "   (0:off,1:on)"
+        words = self.words(("IDCompositeModel = 2", "IDCompositeModel = -2"),
+                           ("IsDoMaterialReduction =         1" + on,
+                            "IsDoMaterialReduction =         0" + on),
+                           ("IsDoDensityReduction =          1" + on,
+                            "IsDoDensityReduction =          0" + on),
+                           ("[ANSYS] ", "[] "), ("[ANSYS_EOF]", "[_EOF]"))
+        self.assertEqual(words["Solver"].strip(), "none")
+        self.assertEqual(words["Micro mechanics"].strip(), "results missing")
+        self.assertEqual(words["Fiber reduction"].strip(), "off")
+        self.assertEqual(words["Density reduction"].strip(), "off")
+        self.assertTrue(words["Items off"].strip().startswith("fiber-orientation, "))
+
+    def test_json(self):
+        name = self.damage(("SegmentY = 80", "SegmentY = 101"))
+        done = self.run_program("check", GOOD, name, "none.cmi", "--json")
+        self.check(done, 3)
+        document = json.loads(done.stdout)
+        self.assertEqual([(entry["file"], entry["ok"]) for entry in document["files"]],
+                         [(GOOD, True), (name, False), ("none.cmi", False)])
+        self.assertEqual([entry["values"] for entry in document["files"][1:]], [None, None])
+        self.assertEqual(document["problems"], [
+            {"file": name, "line": 41, "column": 0, "exitCode": 1,
+             "message": '"SegmentY" is 101; allowed is 1 to 100'},
+            {"file": "none.cmi", "line": 0, "column": 0, "exitCode": 3,
+             "message": "cannot be read: No such file or directory"}])
+        values = document["files"][0]["values"]
+        self.assertEqual(list(values)[:4], ["FileVersion", "OutFolder", "MapFile", "SolverType"])
+        expected = {"FileVersion": 9064, "OutFolder": "D:\\Handover\\Cover", "MapFile": " ",
+                    "SolverName": "ANSYS", "IsRunnerOutput": 1, "DigimatFiberOutput": 1,
+                    "[MAP DOMAIN] SegmentX": 80,
+                    "[MATERIAL REDUCTION] FiberThetaXSegment": 8,
+                    "[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment": 23,
+                    "[DENSITY REDUCTION] DensityReduction": 6,
+                    "[WELDLINE ANGLE] WeldlineAngle4": 90.0,
+                    "[DIGIMAT WELDLINE ANGLE] WeldlineAngle": 120.0,
+                    "[REDUCTION RATE] ReductionRate1": 0.75}
+        self.assertEqual({key: values.get(key) for key in expected}, expected)
+        self.assertEqual(len(values), 37 + 19)  # and one for each item line
+
+    @unittest.skipIf(ON_WINDOWS, "Windows takes every byte for a letter of its code page")
+    def test_json_replaces_bytes_that_are_no_text(self):
+        text = (self.folder / GOOD).read_bytes().replace(b"D:\\Handover", b"D:\\B\xFCro")
+        (self.folder / "codepage.cmi").write_bytes(text)
+        done = self.run_program("check", "codepage.cmi", "--json")
+        self.check(done, 0)
+        self.assertEqual(json.loads(done.stdout)["files"][0]["values"]["OutFolder"],
+                         "D:\\B\ufffdro\\Cover")
 
 
 if __name__ == "__main__":

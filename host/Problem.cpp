@@ -1,0 +1,25 @@
+#include "host/Problem.h"
+
+namespace host {
+
+std::string InOneLine(const Problem& problem) {
+    const auto& [file, line, column, name] = problem.place;
+    std::string place = file.empty() ? "zorbi2" : file;
+    for (const std::uint32_t position : {line, column}) {
+        place += position > 0 ? ":" + std::to_string(position) : "";
+    }
+    return place + ": " + problem.message;
+}
+
+std::string Quoted(std::string_view text) {
+    constexpr std::size_t longest = 160;
+    std::string quoted = "\"";
+    for (const char letter : text.substr(0, longest)) {
+        const auto byte = static_cast<unsigned char>(letter);
+        const bool isControl = byte < 0x20 || byte == 0x7F;
+        quoted += letter == '\t' ? "\\t" : std::string(1, isControl ? '?' : letter);
+    }
+    return quoted + (text.size() > longest ? "...\"" : "\"");
+}
+
+}  // namespace host
