@@ -1,6 +1,5 @@
 // The command "check": reads control parameter files from disk and reports their faults.
 #include <algorithm>
-#include <iostream>
 
 #include "ZorbI2Types.h"
 #include "host/Commands.h"
@@ -10,7 +9,6 @@
 #include "host/Names.h"
 #include "host/Paths.h"
 #include "host/Report.h"
-#include "host/Terminal.h"
 
 namespace host {
 
@@ -73,13 +71,13 @@ std::vector<std::pair<std::string, std::string>> InWords(const ControlFile& file
     };
 }
 
-void PrintWords(const ControlFile& file) {
+void PrintWords(const ControlFile& file, Terminal& terminal) {
     constexpr std::size_t column = 21;
-    const Terminal terminal;
     for (const auto& [label, words] : InWords(file)) {
         const bool isPath = words.starts_with('"');
-        std::cout << Padded("  " + label + ":", column)
-                  << (isPath ? words : Wrapped(words, terminal.columns - column, column)) << '\n';
+        terminal.out << Padded("  " + label + ":", column)
+                     << (isPath ? words : Wrapped(words, terminal.columns - column, column))
+                     << '\n';
     }
 }
 
@@ -103,7 +101,7 @@ Json ValuesOf(ControlFile file) {
 
 }  // namespace
 
-ExitCode RunCheck(const Options& options) {
+ExitCode RunCheck(const Options& options, Terminal& terminal) {
     Problems problems;
     Json list = Json::array();
     std::size_t fine = 0;
@@ -123,18 +121,18 @@ ExitCode RunCheck(const Options& options) {
         fine += isFine ? 1 : 0;
         list.push_back(
             {{"file", name}, {"ok", isFine}, {"values", isFine ? ValuesOf(file) : Json()}});
-        if (isFine && !options.json && (options.show || !options.quiet)) {
-            std::cout << name << ": no faults\n";
+        if (isFine) {
+            (options.show ? terminal.out : terminal.news) << name << ": no faults\n";
         }
-        if (isFine && !options.json && options.show) {
-            PrintWords(file);
+        if (isFine && options.show) {
+            PrintWords(file, terminal);
         }
     }
     Json document = JsonDocument(options);
     document["files"] = std::move(list);
     const ExitCode code = Report(problems, options, std::move(document));
-    if (options.files.size() > 1 && !options.quiet && !options.json) {
-        std::cout << fine << " of " << options.files.size() << " files without faults\n";
+    if (options.files.size() > 1) {
+        terminal.news << fine << " of " << options.files.size() << " files without faults\n";
     }
     return code;
 }

@@ -14,7 +14,7 @@ struct Surroundings {
     const Options& options;
     const Names names;
     const ScratchFolder& scratch;
-    Terminal terminal;
+    Terminal& terminal;
 };
 
 /// Writes a recipe to start from.
@@ -27,6 +27,6 @@ ExitCode RunItems(const Surroundings& host);
 ExitCode RunWrite(const Surroundings& host);
 
 /// Reads control files back.
-ExitCode RunCheck(const Options& options);
+ExitCode RunCheck(const Options& options, Terminal& terminal);
 
 }  // namespace host

@@ -3,7 +3,6 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
-#include <iostream>
 #include <map>
 #include <regex>
 #include <set>
@@ -154,10 +153,8 @@ ExitCode RunInit(const Surroundings& host) {
         throw Problem(Place{file}, std::string("cannot be written: ") + std::strerror(errno),
                       ExitCode::fileTrouble);
     }
-    if (!options.quiet && !options.json) {
-        std::cout << "wrote    " << file << " for " << run.name << ", run "
-                  << recipe.project.runNumber << '\n';
-    }
+    host.terminal.news << "wrote    " << file << " for " << run.name << ", run "
+                       << recipe.project.runNumber << '\n';
     Json document = JsonDocument(options);
     document.update({{"recipe", file}, {"project", run.name}, {"run", recipe.project.runNumber}});
     return Report({}, options, document);

@@ -1,7 +1,7 @@
 // The command "items": what the desktop dialog shows, for people or as JSON.
 #include <algorithm>
 #include <cctype>
-#include <iostream>
+#include <utility>
 
 #include "engine/CZorbI2Engine.h"
 #include "host/Commands.h"
@@ -21,61 +21,40 @@ std::string TitleOf(const CZorbI2Item& item) {
     return item.title.empty() ? std::string(KeyOf(row->format)) : item.title;
 }
 
-std::string ElementsOf(const SolverSlot& slot) {
-    const std::vector<std::string>& types = slot.elementTypes;
-    return types.size() > 1 ? types[0] + ", " + types[1] : types.at(0);
-}
-
-std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
-    const bool isSecond = recipe.quadraticElements && slot.elementTypes.size() > 1;
-    return recipe.project.projectName + ", run " + std::to_string(recipe.project.runNumber) +
-           ", for " + slot.name + ": " + NameOf(recipe.meshKind, meshKinds) + " mesh, " +
-           slot.elementTypes[isSecond ? 1 : 0];
+/// The item's id and short name, filled to the width of a column.
+std::string LabelOf(std::int32_t itemId) {
+    constexpr std::size_t width = 27;
+    return Padded(
+        (itemId < 10 ? "  " : " ") + std::to_string(itemId) + " " + NameOf(itemId, shortNames),
+        width);
 }
 
 // ---- The dialog -------------------------------------------------------------------------------
 
-void PrintItem(const Terminal& terminal, const OfferedItem& offered) {
-    constexpr std::size_t indent = 27;
-    const std::string newLine = "\n" + std::string(indent, ' ');
+void PrintItem(const OfferedItem& offered, Terminal& terminal) {
     const CZorbI2Item& item = offered.item;
-    const std::string id = std::to_string(item.itemId);
-    std::string mark = offered.status.checkState == 1 ? "[x] " : "[ ] ";
-    mark = offered.IsMissing() ? "[-] " : offered.IsSwitch() ? mark : "";
-    std::cout << Padded(
-                     std::string(3 - id.size(), ' ') + id + " " + NameOf(item.itemId, shortNames),
-                     indent)
-              << terminal.Coloured(mark + TitleOf(item), Colour::strong);
+    const std::string label = LabelOf(item.itemId);
+    const std::string newLine = "\n" + std::string(label.size(), ' ');
+    const char* const mark = offered.IsMissing()              ? "[-] "
+                             : !offered.IsSwitch()            ? ""
+                             : offered.status.checkState == 1 ? "[x] "
+                                                              : "[ ] ";
+    terminal.out << label << terminal.Coloured(mark + TitleOf(item), Colour::strong);
     if (!item.description.empty()) {
-        std::cout << newLine
-                  << terminal.Coloured(Wrapped(item.description, terminal.columns - indent, indent),
-                                       Colour::faint);
+        const std::string text =
+            Wrapped(item.description, terminal.columns - label.size(), label.size());
+        terminal.out << newLine << terminal.Coloured(text, Colour::faint);
     }
     if (offered.IsMissing()) {
-        std::cout << newLine << terminal.Coloured("missing: " + offered.Label(), Colour::bad);
+        terminal.out << newLine << terminal.Coloured("missing: " + offered.Label(), Colour::bad);
     }
-    for (const auto& [key, label] : item.options) {
+    for (const auto& [key, option] : item.options) {
         if (key >= 0) {
             const bool isChosen = key == offered.status.optionValue;
-            std::cout << newLine << (isChosen ? "(x) " : "( ) ") << key << "  " << label;
+            terminal.out << newLine << (isChosen ? "(x) " : "( ) ") << key << "  " << option;
         }
     }
-    std::cout << '\n';
-}
-
-void PrintDialog(const Surroundings& host, const Recipe& recipe, const SolverSlot& slot,
-                 const std::vector<OfferedItem>& items) {
-    std::cout << Wrapped(Heading(recipe, slot), host.terminal.columns, 0) << '\n'
-              << recipe.project.projectFolder << '\n';
-    int group = -1;
-    for (const OfferedItem& offered : items) {
-        if (offered.group != group) {
-            group = offered.group;
-            std::cout << '\n' << host.terminal.Coloured(groupNames[group], Colour::strong) << '\n';
-        }
-        PrintItem(host.terminal, offered);
-    }
-    std::cout << (items.empty() ? "\nNothing is offered.\n" : "");
+    terminal.out << '\n';
 }
 
 Json JsonOf(const OfferedItem& offered) {
@@ -99,21 +78,32 @@ Json JsonOf(const OfferedItem& offered) {
     return entry;
 }
 
-Json ShowDialog(const Surroundings& host, const Recipe& recipe, Session& session,
-                Problems& problems) {
-    problems = session.ApplyRecipe();
+/// What the heading says.
+std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
+    const bool isSecond = recipe.quadraticElements && slot.elementTypes.size() > 1;
+    return recipe.project.projectName + ", run " + std::to_string(recipe.project.runNumber) +
+           ", for " + slot.name + ": " + NameOf(recipe.meshKind, meshKinds) + " mesh, " +
+           slot.elementTypes[isSecond ? 1 : 0];
+}
+
+Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Problems& problems) {
     Json list = Json::array();
+    problems = session.ApplyRecipe();
     const SolverSlot* slot = session.Engine().solverSlots[recipe.solver].get();
-    if (slot == nullptr || !Find(NameOf(recipe.meshKind, meshKinds), MeshesOf(*slot))) {
+    if (slot == nullptr || !Offers(*slot, recipe.meshKind)) {
         return {{"items", list}};
     }
-    const auto& items = session.Offer(recipe.solver, recipe.meshKind);
-    if (!host.options.json) {
-        PrintDialog(host, recipe, *slot, items);
-    }
-    for (const OfferedItem& offered : items) {
+    terminal.out << Wrapped(Heading(recipe, *slot), terminal.columns, 0) << '\n'
+                 << recipe.project.projectFolder << '\n';
+    int group = -1;
+    for (const OfferedItem& offered : session.Offer(recipe.solver, recipe.meshKind)) {
+        if (std::exchange(group, offered.group) != offered.group) {
+            terminal.out << '\n' << terminal.Coloured(groupNames[group], Colour::strong) << '\n';
+        }
+        PrintItem(offered, terminal);
         list.push_back(JsonOf(offered));
     }
+    terminal.out << (list.empty() ? "\nNothing is offered.\n" : "");
     return {{"project", recipe.project.projectName},      {"run", recipe.project.runNumber},
             {"folder", recipe.project.projectFolder},     {"solver", slot->name},
             {"mesh", NameOf(recipe.meshKind, meshKinds)}, {"items", list}};
@@ -121,20 +111,14 @@ Json ShowDialog(const Surroundings& host, const Recipe& recipe, Session& session
 
 // ---- Solvers ----------------------------------------------------------------------------------
 
-Json ShowSolvers(const Surroundings& host, const Session& session) {
+Json ShowSolvers(const Session& session, Terminal& terminal) {
     Json list = Json::array();
-    for (const auto& slot : session.Engine().solverSlots) {
-        if (!slot) {
-            continue;
-        }
+    for (const SolverSlot* slot : session.Solvers()) {
         const std::string keyword = NameOf(slot->solverIndex, solverKeywords);
-        if (!host.options.json) {
-            std::cout << slot->solverIndex << "  "
-                      << host.terminal.Coloured(slot->name, Colour::strong)
-                      << (keyword == slot->name ? "" : "  (" + keyword + ")")
-                      << "\n   mesh kinds:    " << Listed(MeshesOf(*slot))
-                      << "\n   element types: " << ElementsOf(*slot) << '\n';
-        }
+        terminal.out << slot->solverIndex << "  " << terminal.Coloured(slot->name, Colour::strong)
+                     << (keyword == slot->name ? "" : "  (" + keyword + ")")
+                     << "\n   mesh kinds:    " << Listed(slot->meshTypes)
+                     << "\n   element types: " << Listed(slot->elementTypes) << '\n';
         list.push_back({{"index", slot->solverIndex},
                         {"name", slot->name},
                         {"keyword", keyword},
@@ -146,83 +130,61 @@ Json ShowSolvers(const Surroundings& host, const Session& session) {
 
 // ---- The matrix -------------------------------------------------------------------------------
 
-/// What one solver offers with one mesh kind.
-struct Column {
-    const SolverSlot* slot;
-    std::int32_t meshKind;
-    std::string cells;  ///< by item id: '+' available, '-' missing, '.' not offered
-};
-
-std::vector<Column> ColumnsOf(Session& session) {
-    std::vector<Column> columns;
-    for (const auto& slot : session.Engine().solverSlots) {
-        for (std::int32_t kind = kMeshOriginal; slot && kind <= kMesh3DMappingShell; ++kind) {
-            if (!Find(NameOf(kind, meshKinds), MeshesOf(*slot))) {
-                continue;
-            }
-            Column column{slot.get(), kind, std::string(kItemCount, '.')};
-            for (const OfferedItem& offered : session.Offer(slot->solverIndex, kind)) {
-                column.cells[offered.item.itemId] = offered.IsMissing() ? '-' : '+';
-            }
-            columns.push_back(column);
-        }
+/// A sign for each item: '+' available, '-' missing, '.' not offered.
+std::string SignsOf(const std::vector<OfferedItem>& items) {
+    std::string signs(kItemCount, '.');
+    for (const OfferedItem& offered : items) {
+        signs[offered.item.itemId] = offered.IsMissing() ? '-' : '+';
     }
-    return columns;
+    return signs;
 }
 
-void PrintMatrix(const Terminal& terminal, const std::vector<Column>& columns) {
+Json JsonOf(const std::string& signs) {
+    Json available = Json::object();
+    for (const auto& [itemId, name] : shortNames) {
+        if (signs[itemId] != '.') {
+            available[name] = signs[itemId] == '+';
+        }
+    }
+    return available;
+}
+
+Json ShowMatrix(Session& session, Terminal& terminal) {
     constexpr std::size_t roomForNames = 120;
     const bool hasNames = terminal.columns >= roomForNames;
-    const std::string gap = hasNames ? " " : "";
-    std::vector<std::string> lines = {"", ""};  // solvers, mesh kinds, and one line for each item
+    std::vector<std::string> lines(2, Padded("", LabelOf(0).size()));  // solvers, mesh kinds, items
     for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
-        lines.push_back((itemId < 10 ? " " : "") + std::to_string(itemId) + " " +
-                        NameOf(itemId, shortNames));
+        lines.push_back(LabelOf(itemId));
     }
     std::string legend =
-        "+ available, - results missing, . not offered; O original, D deformed, "
-        "M mapped, 3 3d-mapping-to-shell";
-    std::size_t width = 24;  // of the item names
-    const SolverSlot* slot = nullptr;
-    for (const Column& column : columns) {
-        if (column.slot != slot) {
-            slot = column.slot;
-            for (std::string& line : lines) {
-                line = Padded(line, width + 2 - gap.size());
+        "+ available, - results missing, . not offered; O original, D deformed, M mapped, "
+        "3 3d-mapping-to-shell";
+    Json list = Json::array();
+    for (const SolverSlot* slot : session.Solvers()) {
+        const std::string number = std::to_string(slot->solverIndex);
+        legend += hasNames ? "" : "; " + number + " " + slot->name;
+        std::vector<std::string> column = {hasNames ? slot->name : number};
+        column.resize(lines.size());
+        for (const auto& [kind, mesh] : meshKinds) {
+            if (Offers(*slot, kind)) {
+                const std::string signs = SignsOf(session.Offer(slot->solverIndex, kind));
+                column[1] += static_cast<char>(std::toupper(mesh[0]));
+                for (std::size_t item = 0; item < signs.size(); ++item) {
+                    column[item + 2] += signs[item];
+                }
+                list.push_back(
+                    {{"solver", slot->name}, {"mesh", mesh}, {"available", JsonOf(signs)}});
             }
-            const std::string number = std::to_string(slot->solverIndex);
-            lines[0] += hasNames ? slot->name : number;
-            legend += hasNames ? "" : (number == "0" ? "; " : ", ") + number + " " + slot->name;
         }
-        lines[1] += static_cast<char>(std::toupper(NameOf(column.meshKind, meshKinds)[0])) + gap;
-        for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
-            lines[itemId + 2] += column.cells[itemId] + gap;
+        const std::size_t width = std::max(column[0].size(), column[1].size());
+        for (std::size_t line = 0; line < lines.size(); ++line) {
+            lines[line] += Padded(column[line], width + 2);
         }
-        width = std::max(lines[0].size(), lines[1].size());
     }
     for (const std::string& line : lines) {
-        std::cout << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+        terminal.out << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
     }
-    std::cout << '\n' << Wrapped(legend, terminal.columns, 0) << '\n';
-}
-
-Json ShowMatrix(const Surroundings& host, Session& session) {
-    const std::vector<Column> columns = ColumnsOf(session);
-    if (!host.options.json) {
-        PrintMatrix(host.terminal, columns);
-    }
-    Json list = Json::array();
-    for (const Column& column : columns) {
-        Json items = Json::object();
-        for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
-            if (column.cells[itemId] != '.') {
-                items[NameOf(itemId, shortNames)] = column.cells[itemId] == '+';
-            }
-        }
-        list.push_back({{"solver", column.slot->name},
-                        {"mesh", NameOf(column.meshKind, meshKinds)},
-                        {"available", items}});
-    }
+    terminal.out << '\n' << Wrapped(legend, terminal.columns, 0) << '\n';
     return {{"matrix", list}};
 }
 
@@ -239,9 +201,9 @@ ExitCode RunItems(const Surroundings& host) {
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
     Json document = JsonDocument(options);
-    document.update(options.solvers  ? ShowSolvers(host, session)
-                    : options.matrix ? ShowMatrix(host, session)
-                                     : ShowDialog(host, recipe, session, problems));
+    document.update(options.solvers  ? ShowSolvers(session, host.terminal)
+                    : options.matrix ? ShowMatrix(session, host.terminal)
+                                     : ShowDialog(recipe, session, host.terminal, problems));
     return Report(problems, options, document);
 }
 

@@ -78,8 +78,16 @@ std::string Nearest(std::string_view text, Vocabulary words) {
 }
 
 std::string Listed(const Vocabulary& words) {
-    std::string list;
+    std::vector<std::string> names;
     for (const auto& [number, word] : words) {
+        names.push_back(word);
+    }
+    return Listed(names);
+}
+
+std::string Listed(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words) {
         list += (list.empty() ? "" : ", ") + word;
     }
     return list;

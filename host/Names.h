@@ -26,6 +26,7 @@ std::string Nearest(std::string_view text, Vocabulary words);
 
 /// All names in their order: "a, b, c".
 std::string Listed(const Vocabulary& words);
+std::string Listed(const std::vector<std::string>& words);
 
 extern const Vocabulary shortNames;      ///< of the items
 extern const Vocabulary meshKinds;       ///< the engine's labels are the same words

@@ -46,6 +46,16 @@ Session::Session(const Recipe& recipe) : recipe_(recipe) {
     }
 }
 
+std::vector<const SolverSlot*> Session::Solvers() const {
+    std::vector<const SolverSlot*> solvers;
+    for (const auto& slot : Engine().solverSlots) {
+        if (slot) {
+            solvers.push_back(slot.get());
+        }
+    }
+    return solvers;
+}
+
 const std::vector<OfferedItem>& Session::Offer(std::int32_t solver, std::int32_t meshKind) {
     constexpr bool (Manager::*groups[])(int, CZorbI2Item*, CZorbI2ItemStatus*) = {
         &Manager::GetPartPopItem, &Manager::GetPartInsertPopItem, &Manager::GetMoldBasePopItem};
@@ -75,23 +85,20 @@ void Session::CheckTarget(Problems& problems) const {
     const auto refuse = [&](const char* key, const std::string& text) {
         problems.emplace_back(recipe_.PlaceOf(key), text, ExitCode::notAvailable);
     };
-    const auto& slots = Engine().solverSlots;
-    const SolverSlot* slot = slots[recipe_.solver].get();
+    const SolverSlot* slot = Engine().solverSlots[recipe_.solver].get();
     if (slot == nullptr) {
         Vocabulary offered;
-        for (const auto& other : slots) {
-            if (other) {
-                offered.emplace_back(other->solverIndex, other->name);
-            }
+        for (const SolverSlot* other : Solvers()) {
+            offered.emplace_back(other->solverIndex, other->name);
         }
         return refuse("target.solver",
                       Quoted(NameOf(recipe_.solver, solverKeywords)) +
                           " is not offered for this project, only: " + Listed(offered));
     }
-    if (!Find(std::to_string(recipe_.meshKind), MeshesOf(*slot))) {
+    if (!Offers(*slot, recipe_.meshKind)) {
         refuse("target.mesh", Quoted(NameOf(recipe_.meshKind, meshKinds)) + " is not offered for " +
                                   slot->name +
-                                  " in this project, only: " + Listed(MeshesOf(*slot)));
+                                  " in this project, only: " + Listed(slot->meshTypes));
     }
     if (recipe_.quadraticElements && slot->elementTypes.size() == 1) {
         refuse("target.quadratic_elements",
@@ -181,7 +188,7 @@ Names AskNames() {
             names.items.emplace_back(item->itemId, item->title);
         }
     }
-    for (const auto& slot : session.Engine().solverSlots) {
+    for (const SolverSlot* slot : session.Solvers()) {
         names.solvers.emplace_back(slot->solverIndex, slot->name);
     }
     for (const auto& keyword : solverKeywords) {
@@ -192,12 +199,10 @@ Names AskNames() {
     return names;
 }
 
-Vocabulary MeshesOf(const SolverSlot& slot) {
-    Vocabulary meshes;
-    for (const std::string& label : slot.meshTypes) {
-        meshes.emplace_back(Find(label, meshKinds).value(), label);
-    }
-    return meshes;
+bool Offers(const SolverSlot& slot, std::int32_t meshKind) {
+    return std::ranges::any_of(slot.meshTypes, [meshKind](const std::string& label) {
+        return Find(label, meshKinds) == meshKind;
+    });
 }
 
 std::filesystem::path ControlFilePath(const Recipe& recipe) {

@@ -38,6 +38,9 @@ public:
 
     const CZorbI2Engine& Engine() const { return *manager_.engine; }
 
+    /// The solvers that are offered for the project.
+    std::vector<const SolverSlot*> Solvers() const;
+
     /// Makes a solver and mesh kind the current ones. Returns what is offered then, in the order
     /// of the dialog.
     const std::vector<OfferedItem>& Offer(std::int32_t solver, std::int32_t meshKind);
@@ -66,8 +69,7 @@ private:
 /// The names of items and solvers; asks the engine for its titles and display names.
 Names AskNames();
 
-/// The mesh kinds that a solver offers, by number; the words are the engine's labels.
-Vocabulary MeshesOf(const SolverSlot& slot);
+bool Offers(const SolverSlot& slot, std::int32_t meshKind);
 
 /// Where the engine puts the recipe's control file. Looks at no file.
 std::filesystem::path ControlFilePath(const Recipe& recipe);

@@ -2,28 +2,34 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iostream>
 #include <sstream>
 
 #include "host/HostPlatform.h"
 
 namespace host {
 
-Terminal::Terminal() {
-    constexpr std::size_t withoutTerminal = 80;
+namespace {
+
+/// Letters of a UTF-8 text.
+std::size_t WidthOf(const std::string& text) {
+    return std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
+}
+
+}  // namespace
+
+Terminal::Terminal(const Options& options)
+    : isTerminal(TerminalColumns() > 0),
+      columns(isTerminal ? TerminalColumns() : 80),
+      out(options.json ? nullptr : std::cout.rdbuf()),
+      news(options.quiet ? nullptr : out.rdbuf()) {
     const char* noColour = std::getenv("NO_COLOR");
-    columns = TerminalColumns();
-    isTerminal = columns > 0;
     hasColour = isTerminal && (noColour == nullptr || *noColour == '\0');
-    columns = isTerminal ? columns : withoutTerminal;
 }
 
 std::string Terminal::Coloured(const std::string& text, Colour colour) const {
     return hasColour ? "\033[" + std::to_string(static_cast<int>(colour)) + "m" + text + "\033[0m"
                      : text;
-}
-
-std::size_t WidthOf(const std::string& text) {
-    return std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
 }
 
 std::string Padded(const std::string& text, std::size_t width) {

@@ -1,17 +1,19 @@
-// Text for people: colour, width and line breaks.
+// Text for people: where it goes, colour, width and line breaks.
 #pragma once
 
 #include <cstddef>
+#include <ostream>
 #include <string>
-#include <vector>
+
+#include "host/CommandLine.h"
 
 namespace host {
 
-enum class Colour { strong = 1, faint = 2, bad = 31, good = 32 };
+enum class Colour { strong = 1, faint = 2, bad = 31 };
 
 /// What standard output goes to.
 struct Terminal {
-    Terminal();
+    explicit Terminal(const Options& options);
 
     /// Coloured on a terminal only, and never with NO_COLOR.
     std::string Coloured(const std::string& text, Colour colour) const;
@@ -19,12 +21,11 @@ struct Terminal {
     bool isTerminal;
     bool hasColour;
     std::size_t columns;  ///< 80 where there is no terminal
+    std::ostream out;     ///< for what was asked for; leads nowhere with --json
+    std::ostream news;    ///< for what was done; leads nowhere with --json and --quiet
 };
 
-/// Letters of a UTF-8 text.
-std::size_t WidthOf(const std::string& text);
-
-/// The text, filled with blanks up to a width.
+/// The text, filled with blanks up to a width in letters.
 std::string Padded(const std::string& text, std::size_t width);
 
 /// The text broken between words into lines of at most a width, all but the first indented.

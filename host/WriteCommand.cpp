@@ -6,7 +6,6 @@
 #include <cstring>
 #include <fstream>
 #include <functional>
-#include <iostream>
 #include <map>
 
 #include "host/Commands.h"
@@ -181,22 +180,19 @@ void CheckOpenFileLimit(std::size_t recipes) {
     }
 }
 
-/// Called before and after the work on a job: one line for each, or one line for all on a terminal.
-void ShowProgress(const Surroundings& host, const Job& job, std::size_t number, bool isAfter) {
-    const Options& options = host.options;
+/// A line for each job, on a terminal one for all of them.
+void Show(const Job& job, const std::string& counter, const Options& options, Terminal& terminal) {
+    const bool isDone = job.problems.empty();
     const bool isSingle = options.files.size() == 1;
-    if (options.json || (options.quiet && !options.dryRun)) {
-        return;
-    }
-    if (host.terminal.isTerminal && !isSingle && !options.dryRun) {
-        std::cout << "\r[" << number << "/" << options.files.size() << "]" << std::flush;
-    } else if (isAfter && !job.problems.empty()) {
-        std::cout << (isSingle ? "" : "failed   " + InOneLine(job.problems[0]) + "\n")
-                  << std::flush;
-    } else if (isAfter && options.dryRun) {
-        std::cout << (isSingle ? "" : "==> " + Utf8Of(job.controlFile) + " <==\n") << job.text;
-    } else if (isAfter) {
-        std::cout << "wrote    " << Utf8Of(job.controlFile) << std::endl;
+    const std::string file = Utf8Of(job.controlFile);
+    if (isDone && options.dryRun) {
+        terminal.out << (isSingle ? "" : "==> " + file + " <==\n") << job.text;
+    } else if (terminal.isTerminal && !isSingle && !options.dryRun) {
+        terminal.news << "\r[" << counter << "]" << std::flush;
+    } else if (isDone) {
+        terminal.news << "wrote    " << file << std::endl;
+    } else if (!isSingle) {
+        terminal.news << "failed   " << InOneLine(job.problems[0]) << std::endl;
     }
 }
 
@@ -217,39 +213,40 @@ Json JsonOf(const Job& job, bool isDryRun) {
 }  // namespace
 
 ExitCode RunWrite(const Surroundings& host) {
+    const Options& options = host.options;
     std::vector<Job> jobs = ReadJobs(host);
     RefuseSameFile(jobs);
     CheckOpenFileLimit(jobs.size());
     std::signal(SIGINT, [](int) { isInterrupted = 1; });  // the files stay whole
     std::signal(SIGTERM, [](int) { isInterrupted = 1; });
+    const std::string total = "/" + std::to_string(jobs.size());
     Problems all;
     std::size_t number = 0;
     std::size_t done = 0;
     Json list = Json::array();
     for (Job& job : jobs) {
-        ShowProgress(host, job, ++number, false);
         Attempt(job, [&] {
             if (isInterrupted != 0) {
                 throw Problem(Place{}, "interrupted before its turn", ExitCode::fileTrouble);
             }
             WriteControlFile(host, job);
         });
-        ShowProgress(host, job, number, true);
+        Show(job, std::to_string(++number) + total, options, host.terminal);
         done += job.problems.empty() ? 1 : 0;
         all.insert(all.end(), job.problems.begin(), job.problems.end());
-        if (host.options.json) {
-            list.push_back(JsonOf(job, host.options.dryRun));
+        if (options.json) {
+            list.push_back(JsonOf(job, options.dryRun));
         }
         job = Job();  // thousands of them need not stay
     }
-    if (jobs.size() > 1 && !host.options.quiet && !host.options.json) {
-        std::cout << (host.terminal.isTerminal ? "\r\033[K" : "") << done
-                  << (host.options.dryRun ? " shown, " : " written, ") << jobs.size() - done
-                  << " failed" << std::endl;
+    if (jobs.size() > 1) {
+        host.terminal.news << (host.terminal.isTerminal ? "\r\033[K" : "") << done
+                           << (options.dryRun ? " shown, " : " written, ") << jobs.size() - done
+                           << " failed" << std::endl;
     }
-    Json document = JsonDocument(host.options);
+    Json document = JsonDocument(options);
     document["recipes"] = std::move(list);
-    return Report(all, host.options, std::move(document));
+    return Report(all, options, std::move(document));
 }
 
 }  // namespace host

@@ -1,6 +1,7 @@
 // zorbi2, the headless counterpart of the desktop dialog: a host like any other, built on the
 // engine's public headers.
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <exception>
 #include <iostream>
@@ -15,21 +16,22 @@ namespace host {
 
 namespace {
 
-ExitCode WorkOnRuns(const Options& options) {
+ExitCode WorkOnRuns(const Options& options, Terminal& terminal) {
     const ScratchFolder scratch;
-    const Surroundings surroundings{options, AskNames(), scratch, {}};
+    const Surroundings surroundings{options, AskNames(), scratch, terminal};
     if (options.trace) {
         ShowTraceLines();
     }
-    if (options.command == "init") {
-        return RunInit(surroundings);
-    }
-    return options.command == "items" ? RunItems(surroundings) : RunWrite(surroundings);
+    return options.command == "init"    ? RunInit(surroundings)
+           : options.command == "items" ? RunItems(surroundings)
+                                        : RunWrite(surroundings);
 }
 
 ExitCode Run(const Options& options) {
+    Terminal terminal(options);
     try {
-        return options.command == "check" ? RunCheck(options) : WorkOnRuns(options);
+        return options.command == "check" ? RunCheck(options, terminal)
+                                          : WorkOnRuns(options, terminal);
     } catch (const Problem& problem) {
         return Report({problem}, options);
     } catch (const std::exception& error) {
@@ -41,17 +43,14 @@ int Main(int argc, char** argv) {
     Options options;
     const std::optional<ExitCode> early = ParseCommandLine(PrepareProcess(argc, argv), options);
     const ExitCode code = early ? *early : Run(options);
-    const bool isWhole = !std::cout.fail();
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
+        return static_cast<int>(code);
+    }
     errno = 0;
-    std::cout.clear();
-    if (!isWhole) {
-        std::cout << ' ';  // once more, for the system's reason
-    }
-    if (!std::cout.flush() || !isWhole) {
-        std::cerr << "zorbi2: standard output cannot be written: " << std::strerror(errno) << '\n';
-        return static_cast<int>(ExitCode::fileTrouble);
-    }
-    return static_cast<int>(code);
+    std::putchar(' ');  // once more, for the system's reason
+    std::fflush(stdout);
+    std::cerr << "zorbi2: standard output cannot be written: " << std::strerror(errno) << '\n';
+    return static_cast<int>(ExitCode::fileTrouble);
 }
 
 }  // namespace
