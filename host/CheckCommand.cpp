@@ -4,7 +4,6 @@
 #include "ZorbI2Types.h"
 #include "host/Commands.h"
 #include "host/ControlFile.h"
-#include "host/ControlFileLayout.h"
 #include "host/HostPlatform.h"
 #include "host/Names.h"
 #include "host/Paths.h"
@@ -19,84 +18,76 @@ const Vocabulary compositeModels = {{kOptionResultsMissing, "results missing"},
                                     {1, "Halpin-Tsai"},
                                     {2, "Mori-Tanaka"}};
 
-std::string ItemsWith(std::int32_t flag, const ControlFile& file) {
+std::string ItemsWith(const char* flag, const ControlFile& file) {
     Vocabulary items;
-    for (const std::int32_t id : file.itemIds) {
-        if (file.values.OutputFlags[id] == flag) {
-            items.emplace_back(id, NameOf(id, shortNames));
+    for (const auto& [itemId, key] : itemKeys) {
+        if (file.contains(key) && file.at(key) == flag) {
+            items.emplace_back(itemId, NameOf(itemId, shortNames));
         }
     }
     return items.empty() ? "none" : Listed(items);
 }
 
-std::string MeshOf(const Values& values) {
-    const std::int32_t isKind[] = {values.IsOriginalMesh, values.IsDeformedMesh,
-                                   values.IsMappedMesh, values.Is3DMappingShell};
-    const auto kind = std::ranges::find(isKind, 1) - std::begin(isKind);
-    return IsAnnealedMesh(values) ? "deformed after annealing" : meshKinds[kind].second;
+std::string MeshOf(const ControlFile& file) {
+    const char* const keys[] = {"IsOriginalMesh", "IsDeformedMesh", "IsMappedMesh",
+                                "Is3DMappingShell"};
+    const auto isOn = [&file](const char* key) { return file.at(key) == "1"; };
+    const auto kind = std::ranges::find_if(keys, isOn) - std::begin(keys);
+    return IsAnnealedMesh(file) ? "deformed after annealing" : meshKinds.at(kind).second;
 }
 
-std::string WeldLinesOf(Values values) {
+std::string WeldLinesOf(const ControlFile& file) {
     std::string words;
-    for (std::size_t i = 0; i < std::size(values.WeldlineAngles); ++i) {
-        words += Printed(&values.ReductionRates[i]) + " at " + Printed(&values.WeldlineAngles[i]) +
-                 " degrees, ";
+    for (const char* const number : {"1", "2", "3"}) {
+        const std::string angle(1, static_cast<char>(*number + 1));  // the first one is always 0
+        words += file.at(std::string("[REDUCTION RATE] ReductionRate") + number) + " at " +
+                 file.at("[WELDLINE ANGLE] WeldlineAngle" + angle) + " degrees, ";
     }
-    return words + "Digimat " + Printed(&values.DigimatWeldlineAngle) + " degrees";
+    return words + "Digimat " + file.at("[DIGIMAT WELDLINE ANGLE] WeldlineAngle") + " degrees";
 }
 
 /// What a file asks for: labels, and words for them.
-std::vector<std::pair<std::string, std::string>> InWords(const ControlFile& file) {
-    const Values& v = file.values;
-    const auto when = [](std::int32_t flag, const std::string& unit, std::int32_t number) {
-        return flag == 1 ? unit + std::to_string(number) : "off";
+Json InWords(const ControlFile& file) {
+    const auto isOn = [&file](const char* key) {
+        return file.contains(key) && file.at(key) == "1";
+    };
+    const auto onOff = [isOn](const char* key) { return isOn(key) ? "on" : "off"; };
+    const auto when = [&](const char* flag, const std::string& unit, const char* key) {
+        return isOn(flag) ? unit + file.at(key) : "off";
     };
     return {
-        {"Solver", v.SolverName.empty() ? "none" : v.SolverName},
-        {"Mesh", MeshOf(v) + (v.QuadraticElement == 1 ? ", quadratic" : ", linear") + " elements"},
-        {"Mapped mesh", UsesMapFile(v) ? Quoted(v.MapFile) : "none"},
-        {"Output folder", Quoted(v.OutFolder)},
-        {"Project", std::string(v.SolverType == kShellProject ? "shell" : "solid") + ", type " +
-                        std::to_string(v.ProjectType)},
-        {"Items on", ItemsWith(1, file)},
-        {"Items off", ItemsWith(0, file)},
-        {"Micro mechanics", NameOf(v.IDCompositeModel, compositeModels)},
-        {"Fiber reduction", when(v.OutputFlags[0], "angle segments ", v.FiberThetaXSegment)},
-        {"Insert reduction",
-         when(v.OutputFlags[12], "angle segments ", v.InsertFiberThetaXSegment)},
-        {"Density reduction", when(v.IsDoDensityReduction, "factor ", v.DensityReduction)},
-        {"Distributed model", v.IsDistributeModel == 1 ? "on" : "off"},
-        {"View-edit mapping", v.IsViewEditModelMapping == 1 ? "on" : "off"},
-        {"Weld lines", WeldLinesOf(v)},
+        {"Solver", file.at("SolverName").empty() ? "none" : file.at("SolverName")},
+        {"Mesh",
+         MeshOf(file) + (isOn("QuadraticElement") ? ", quadratic" : ", linear") + " elements"},
+        {"Mapped mesh", file.at("MapFile") == " " ? "none" : Quoted(file.at("MapFile"))},
+        {"Output folder", Quoted(file.at("OutFolder"))},
+        {"Project",
+         (isOn("SolverType") ? "shell, type " : "solid, type ") + file.at("ProjectType")},
+        {"Items on", ItemsWith("1", file)},
+        {"Items off", ItemsWith("0", file)},
+        {"Micro mechanics", NameOf(std::stoi(file.at("IDCompositeModel")), compositeModels)},
+        {"Fiber reduction", when("IsDoMaterialReduction", "angle segments ",
+                                 "[MATERIAL REDUCTION] FiberThetaXSegment")},
+        {"Insert reduction", when("IsPartInsertMaterialReduction", "angle segments ",
+                                  "[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment")},
+        {"Density reduction",
+         when("IsDoDensityReduction", "factor ", "[DENSITY REDUCTION] DensityReduction")},
+        {"Distributed model", onOff("IsDistributeModel")},
+        {"View-edit mapping", onOff("IsViewEditModelMapping")},
+        {"Weld lines", WeldLinesOf(file)},
     };
 }
 
 void PrintWords(const ControlFile& file, Terminal& terminal) {
     constexpr std::size_t column = 21;
-    for (const auto& [label, words] : InWords(file)) {
+    const Json lines = InWords(file);
+    for (const auto& [label, value] : lines.items()) {
+        const auto words = value.get<std::string>();
         const bool isPath = words.starts_with('"');
         terminal.out << Padded("  " + label + ":", column)
                      << (isPath ? words : Wrapped(words, terminal.columns - column, column))
                      << '\n';
     }
-}
-
-/// The keys of a file with their values; a key stands behind its section except in the header.
-Json ValuesOf(ControlFile file) {
-    Json values = Json::object();
-    std::string section;
-    for (const Row& row : rows) {
-        const std::string key(KeyOf(row.format));
-        const Field field = row.field(file.values);
-        if (std::holds_alternative<std::string*>(field)) {
-            values[key.starts_with('[') ? "SolverName" : key] = Printed(field);
-        } else if (std::holds_alternative<std::monostate>(field)) {
-            section = !key.starts_with('[') ? section : key != "[HEADER]" ? key + " " : "";
-        } else if (!row.IsItem() || std::ranges::count(file.itemIds, row.itemId) > 0) {
-            values[section + key] = Json::parse(Printed(field));
-        }
-    }
-    return values;
 }
 
 }  // namespace
@@ -106,31 +97,22 @@ ExitCode RunCheck(const Options& options, Terminal& terminal) {
     Json list = Json::array();
     std::size_t fine = 0;
     for (const std::string& name : options.files) {
-        std::vector<Fault> faults;
-        ControlFile file;
-        const std::size_t before = problems.size();
+        Json entry = {{"file", name}, {"ok", false}, {"asks", nullptr}};
         try {
-            file = ReadControlFile(FromEngineText(ReadFile(PathOf(name), {name})), faults);
-        } catch (const Problem& problem) {
-            problems.push_back(problem);
-        }
-        for (const Fault& fault : faults) {
-            problems.emplace_back(Place{name, fault.line}, fault.message, ExitCode::notAvailable);
-        }
-        const bool isFine = problems.size() == before;
-        fine += isFine ? 1 : 0;
-        list.push_back(
-            {{"file", name}, {"ok", isFine}, {"values", isFine ? ValuesOf(file) : Json()}});
-        if (isFine) {
+            const ControlFile file =
+                ReadControlFile(name, FromEngineText(ReadFile(PathOf(name), {name})));
             (options.show ? terminal.out : terminal.news) << name << ": no faults\n";
+            if (options.show) {
+                PrintWords(file, terminal);
+            }
+            entry.update({{"ok", true}, {"asks", InWords(file)}});
+            ++fine;
+        } catch (const Problems& faults) {
+            problems.insert(problems.end(), faults.begin(), faults.end());
         }
-        if (isFine && options.show) {
-            PrintWords(file, terminal);
-        }
+        list.push_back(std::move(entry));
     }
-    Json document = JsonDocument(options);
-    document["files"] = std::move(list);
-    const ExitCode code = Report(problems, options, std::move(document));
+    const ExitCode code = Report(problems, options, {{"files", list}});
     if (options.files.size() > 1) {
         terminal.news << fine << " of " << options.files.size() << " files without faults\n";
     }

@@ -18,11 +18,11 @@ constexpr const char* exitCodes =
     "  zorbi2 init Run02 && zorbi2 items Cover02.toml && zorbi2 write Cover02.toml";
 
 CLI::App& AddCommand(CLI::App& app, const char* name, const char* purpose, const char* example) {
-    CLI::App& command = *app.add_subcommand(name, purpose);
-    command.footer(std::string("--json, --trace and --quiet: see zorbi2 --help\n\nExample:\n  ") +
-                   example);
-    command.fallthrough();  // --json and its like may stand behind the command
-    return command;
+    return *app.add_subcommand(name, purpose)
+                ->footer(
+                    std::string("--json, --trace, --quiet: see zorbi2 --help\n\nExample:\n  ") +
+                    example)
+                ->fallthrough();  // --json and its like may stand behind the command
 }
 
 void AddInit(CLI::App& app, Options& options) {

@@ -2,45 +2,25 @@
 // it. Never touches the file system, the terminal or the engine.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
-#include <vector>
-
-#include "cmi/CZorbI2CMIData.h"
 
 namespace host {
 
-/// Something in a text that the engine would not have written.
-struct Fault {
-    std::uint32_t line;  ///< from 1; where something is missing, the line that stands in its place
-    std::string message;
-};
+/// What a control parameter file says: its values as printed, by their keys. A key stands behind
+/// its section except in the header: "QuadraticElement", "[MAP DOMAIN] SegmentX", "SolverName".
+/// Items without a line are left out.
+using ControlFile = std::map<std::string, std::string>;
 
-/// What a control parameter file says.
-struct ControlFile {
-    CZorbI2CMIData values;              ///< of the items, those that have a line
-    std::vector<std::int32_t> itemIds;  ///< of the item lines in their order; one may stand twice
-};
+/// Reads the text of a file. Throws all that the engine would not have written, in the order of the
+/// lines; what is missing stands at the line in its place. `name` is the file's, for the problems.
+ControlFile ReadControlFile(const std::string& name, std::string_view text);
 
-/// The lines of a text without their ends, which are LF or CR LF.
-std::vector<std::string> SplitLines(std::string_view text);
+/// A number as the file prints it, with three decimals.
+std::string Printed(double number);
 
-/// The lines of the file that the engine writes for its data block and the offered items.
-std::vector<std::string> LinesOf(const ControlFile& file);
-
-/// What a line has that differs from the expected one.
-std::string Expected(std::string_view line, std::string_view found);
-
-/// Reads a text and lists its faults by line. Without faults the text is one that the engine
-/// writes; with faults the result means nothing.
-ControlFile ReadControlFile(std::string_view text, std::vector<Fault>& faults);
-
-/// The mesh is a mapped one; for other kinds the file names no mapped mesh.
-bool UsesMapFile(const CZorbI2CMIData& values);
-
-/// The deformed mesh after annealing: its line stands instead of the deformed mesh's 1.
-bool IsAnnealedMesh(const CZorbI2CMIData& values);
+/// The deformed mesh after annealing, which is none of the other mesh kinds.
+bool IsAnnealedMesh(const ControlFile& file);
 
 }  // namespace host

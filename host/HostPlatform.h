@@ -18,9 +18,6 @@ std::vector<std::string> PrepareProcess(int argc, char** argv);
 std::optional<std::string> ToEngineText(const std::string& utf8);
 std::string FromEngineText(const std::string& text);
 
-/// The path with this system's separators, whichever it was written with.
-std::string WithOwnSeparators(std::string path);
-
 /// The same text for two paths of the same file.
 std::string FileIdentity(const std::filesystem::path& file);
 

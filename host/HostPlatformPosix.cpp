@@ -49,11 +49,6 @@ std::string FromEngineText(const std::string& text) {
     return text;
 }
 
-std::string WithOwnSeparators(std::string path) {
-    std::ranges::replace(path, '\\', '/');
-    return path;
-}
-
 std::string FileIdentity(const std::filesystem::path& file) {
     std::error_code unknown;
     return (std::filesystem::weakly_canonical(file.parent_path(), unknown) / file.filename())

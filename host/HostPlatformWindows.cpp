@@ -8,18 +8,17 @@
 #include <fcntl.h>
 #include <io.h>
 
-#include <algorithm>
 #include <cstdio>
 
 #include "host/HostPlatform.h"
 
 namespace {
 
-std::string Narrow(const std::wstring& text, UINT codePage) {
+std::string Utf8Text(const std::wstring& text) {
     const int length = static_cast<int>(text.size());
     std::string bytes(
-        WideCharToMultiByte(codePage, 0, text.data(), length, nullptr, 0, nullptr, nullptr), '\0');
-    WideCharToMultiByte(codePage, 0, text.data(), length, bytes.data(),
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
                         static_cast<int>(bytes.size()), nullptr, nullptr);
     return bytes;
 }
@@ -38,15 +37,14 @@ LONG CALLBACK PrintTraceLine(EXCEPTION_POINTERS* exception) {
     constexpr DWORD wideLine = 0x4001000A;
     constexpr DWORD narrowLine = 0x40010006;
     const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
-    std::wstring line;
-    if (record.ExceptionCode == wideLine) {
-        line = reinterpret_cast<const wchar_t*>(record.ExceptionInformation[1]);
-    } else if (record.ExceptionCode == narrowLine) {
-        line = Wide(reinterpret_cast<const char*>(record.ExceptionInformation[1]), CP_ACP);
-    } else {
+    const auto* text = reinterpret_cast<const void*>(record.ExceptionInformation[1]);
+    if (record.ExceptionCode != wideLine && record.ExceptionCode != narrowLine) {
         return EXCEPTION_CONTINUE_SEARCH;
     }
-    std::fprintf(stderr, "%s\n", Narrow(line, CP_UTF8).c_str());
+    const std::wstring line = record.ExceptionCode == wideLine
+                                  ? static_cast<const wchar_t*>(text)
+                                  : Wide(static_cast<const char*>(text), CP_ACP);
+    std::fprintf(stderr, "%s\n", Utf8Text(line).c_str());
     return EXCEPTION_CONTINUE_EXECUTION;
 }
 
@@ -62,7 +60,7 @@ std::vector<std::string> PrepareProcess(int /*argc*/, char** /*argv*/) {
     wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> arguments;
     for (int number = 1; number < count; ++number) {
-        arguments.push_back(Narrow(wide[number], CP_UTF8));
+        arguments.push_back(Utf8Text(wide[number]));
     }
     LocalFree(wide);
     return arguments;
@@ -83,12 +81,7 @@ std::optional<std::string> ToEngineText(const std::string& utf8) {
 }
 
 std::string FromEngineText(const std::string& text) {
-    return Narrow(Wide(text, CP_ACP), CP_UTF8);
-}
-
-std::string WithOwnSeparators(std::string path) {
-    std::ranges::replace(path, '/', '\\');
-    return path;
+    return Utf8Text(Wide(text, CP_ACP));
 }
 
 std::string FileIdentity(const std::filesystem::path& file) {
@@ -97,7 +90,7 @@ std::string FileIdentity(const std::filesystem::path& file) {
         (std::filesystem::weakly_canonical(file.parent_path(), unknown) / file.filename())
             .wstring();
     CharLowerW(name.data());
-    return Narrow(name, CP_UTF8);
+    return Utf8Text(name);
 }
 
 std::size_t RaiseOpenFileLimit() {

@@ -1,7 +1,6 @@
 // The command "init": looks at the names of a run folder's files and writes a recipe from them.
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <map>
 #include <regex>
@@ -9,9 +8,9 @@
 #include <string_view>
 
 #include "host/Commands.h"
-#include "host/RecipeText.h"
 #include "host/Report.h"
 #include "host/Session.h"
+#include "host/Texts.h"
 
 namespace host {
 
@@ -22,52 +21,44 @@ namespace fs = std::filesystem;
 /// A run as its files tell it.
 struct Run {
     std::string name;
-    std::string tag;                ///< the run number as file names have it
-    std::set<std::string> endings;  ///< what follows the tag: ".k5f", "_vox.k5o"
+    std::string number;             ///< as file names have it
+    std::set<std::string> endings;  ///< what follows the number: ".k5f", "_vox.k5o"
 
     bool Has(std::initializer_list<const char*> wanted) const {
         return std::ranges::any_of(wanted,
-                                   [this](const char* ending) { return endings.contains(ending); });
+                                   [this](auto ending) { return endings.contains(ending); });
     }
 };
 
-/// The runs of a folder whose files end in a number of a form, by name and number.
-std::map<std::string, Run> FindRuns(const fs::path& folder, const std::string& number) {
-    const std::regex pattern("(.+)(" + number + ")((_medi|_vox)?\\.[^.]+)");
-    std::map<std::string, Run> runs;
+/// The run that most files of a folder belong to. Its number is the one in which the folder's name
+/// ends, or else has two digits.
+Run FindRun(const fs::path& folder) {
     std::smatch match;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-        const std::string file = Utf8Of(entry.path().filename());
-        if (std::regex_match(file, match, pattern)) {
-            Run& run = runs[match.str(1) + match.str(2)];
-            run.name = match.str(1);
-            run.tag = match.str(2);
-            run.endings.insert(match.str(3));
+    std::vector<std::string> numbers = {"[0-9]{2}"};
+    const std::string folderName = Utf8Of(folder.filename());
+    if (std::regex_search(folderName, match, std::regex("[0-9]{2,9}$"))) {
+        numbers.insert(numbers.begin(), match.str());
+    }
+    for (const std::string& number : numbers) {
+        const std::regex pattern("(.+)(" + number + ")((_medi|_vox)?\\.[^.]+)");
+        std::map<std::string, Run> runs;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+            const std::string file = Utf8Of(entry.path().filename());
+            if (std::regex_match(file, match, pattern)) {
+                Run& run = runs[match.str(1) + match.str(2)];
+                run.name = match.str(1);
+                run.number = match.str(2);
+                run.endings.insert(match.str(3));
+            }
+        }
+        if (!runs.empty()) {
+            return std::ranges::max_element(
+                       runs, {}, [](const auto& entry) { return entry.second.endings.size(); })
+                ->second;
         }
     }
-    return runs;
-}
-
-/// The run that most files belong to. Its number is the one in which the folder's name ends, or
-/// else has two digits.
-Run FindRun(const fs::path& folder) {
-    std::smatch number;
-    const std::string name = Utf8Of(folder.filename());
-    std::map<std::string, Run> runs;
-    if (std::regex_search(name, number, std::regex("[0-9]{2,9}$"))) {
-        runs = FindRuns(folder, number.str());
-    }
-    if (runs.empty()) {
-        runs = FindRuns(folder, "[0-9]{2}");
-    }
-    if (runs.empty()) {
-        throw Problem(Place{Utf8Of(folder)},
-                      "no file is named after a project and a run, as Cover02.k5o is",
-                      ExitCode::fileTrouble);
-    }
-    return std::ranges::max_element(runs, {},
-                                    [](const auto& entry) { return entry.second.endings.size(); })
-        ->second;
+    Fail({Utf8Of(folder)}, "no file is named after a project and a run, as Cover02.k5o is",
+         ExitCode::fileTrouble);
 }
 
 Recipe RecipeOf(const Run& run, const std::string& folder) {
@@ -75,7 +66,7 @@ Recipe RecipeOf(const Run& run, const std::string& folder) {
     Recipe recipe;
     Info& project = recipe.project;
     project.projectName = run.name;
-    project.runNumber = std::stoi(run.tag);
+    project.runNumber = std::stoi(run.number);
     project.projectFolder = folder;
     const bool isShell = run.Has({".rso", ".rsp", ".rsg", ".rsr", ".rsc"}) &&
                          !run.Has({".k5o", "_vox.k5o", ".k5f", ".k5p", ".k5c", ".k5w"});
@@ -129,8 +120,7 @@ std::string TextOf(const Recipe& recipe, const fs::path& home) {
             .append(values.at(std::string(rest.substr(brace + 1, end - brace - 1))));
         rest.remove_prefix(end + 1);
     }
-    text.append(rest);
-    return text;
+    return text.append(rest);
 }
 
 }  // namespace
@@ -141,23 +131,21 @@ ExitCode RunInit(const Surroundings& host) {
     CheckFolder(folder, {});
     const Run run = FindRun(PathOf(folder));
     const Recipe recipe = RecipeOf(run, folder);
-    const std::string file = AbsolutePath(options.recipeFile.value_or(run.name + run.tag + ".toml"),
-                                          host.scratch.Start());
+    const std::string file = AbsolutePath(
+        options.recipeFile.value_or(run.name + run.number + ".toml"), host.scratch.Start());
     const fs::path path = PathOf(file);
     if (fs::exists(path) && !options.force) {
-        throw Problem(Place{file}, "exists already; --force replaces it", ExitCode::fileTrouble);
+        Fail({file}, "exists already; --force replaces it", ExitCode::fileTrouble);
     }
     const std::string text = TextOf(recipe, path.parent_path());
     errno = 0;
     if (!(std::ofstream(path, std::ios::binary) << text << std::flush)) {
-        throw Problem(Place{file}, std::string("cannot be written: ") + std::strerror(errno),
-                      ExitCode::fileTrouble);
+        FailFor(errno, {file}, "cannot be written");
     }
     host.terminal.news << "wrote    " << file << " for " << run.name << ", run "
                        << recipe.project.runNumber << '\n';
-    Json document = JsonDocument(options);
-    document.update({{"recipe", file}, {"project", run.name}, {"run", recipe.project.runNumber}});
-    return Report({}, options, document);
+    return Report({}, options,
+                  {{"recipe", file}, {"project", run.name}, {"run", recipe.project.runNumber}});
 }
 
 }  // namespace host

@@ -5,7 +5,6 @@
 
 #include "engine/CZorbI2Engine.h"
 #include "host/Commands.h"
-#include "host/ControlFileLayout.h"
 #include "host/Report.h"
 #include "host/Session.h"
 
@@ -17,8 +16,7 @@ constexpr const char* groupNames[] = {"Part", "Part insert", "Moldbase"};
 
 /// The items without a title are known by their key in the file.
 std::string TitleOf(const CZorbI2Item& item) {
-    const auto row = std::ranges::find(rows, item.itemId, &Row::itemId);
-    return item.title.empty() ? std::string(KeyOf(row->format)) : item.title;
+    return item.title.empty() ? NameOf(item.itemId, itemKeys) : item.title;
 }
 
 /// The item's id and short name, filled to the width of a column.
@@ -193,18 +191,13 @@ Json ShowMatrix(Session& session, Terminal& terminal) {
 ExitCode RunItems(const Surroundings& host) {
     Problems problems;
     const Options& options = host.options;
-    const Recipe recipe =
-        ReadRecipe(options.files[0], options, host.names, host.scratch.Start(), problems);
-    if (!problems.empty()) {
-        return Report(problems, options);
-    }
+    const Recipe recipe = ReadRecipe(options.files[0], options, host.names, host.scratch.Start());
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
-    Json document = JsonDocument(options);
-    document.update(options.solvers  ? ShowSolvers(session, host.terminal)
-                    : options.matrix ? ShowMatrix(session, host.terminal)
-                                     : ShowDialog(recipe, session, host.terminal, problems));
-    return Report(problems, options, document);
+    const Json content = options.solvers  ? ShowSolvers(session, host.terminal)
+                         : options.matrix ? ShowMatrix(session, host.terminal)
+                                          : ShowDialog(recipe, session, host.terminal, problems);
+    return Report(problems, options, content);
 }
 
 }  // namespace host

@@ -19,6 +19,15 @@ const Vocabulary meshKinds = {
 const Vocabulary solverKeywords = {
     {0, "ANSYS"}, {1, "ABAQUS"}, {2, "MSCNASTRAN"}, {3, "NENASTRAN"}, {4, "LSDYNA"}, {5, "MARC"},
     {6, "NXNASTRAN"}, {7, "RADIOSS"}, {8, "WORKBENCH"}};
+const Vocabulary itemKeys = {
+    {0, "IsDoMaterialReduction"}, {1, "IsRunnerOutput"}, {2, "IsMoldbaseOutput"},
+    {3, "IsFlowResidualstressOutput"}, {4, "IsThermalResidualstressOutput"},
+    {5, "IsInitialstrainOutput"}, {6, "IsFlowPressureOutput"}, {7, "IsMoldbasePressureOutput"},
+    {8, "IsPackTempOutput"}, {9, "IsCoolTempOutput"}, {10, "IsMoldbaseTempOutput"},
+    {11, "DigimatOutput"}, {12, "IsPartInsertMaterialReduction"}, {13, "IsDensityOutput"},
+    {14, "IsWeldlineOutput"}, {16, "DigimatWeldlineOutput"}, {17, "DigimatMucellOutput"},
+    {18, "DigimatFiberOutput"}, {19, "DigimatStressOutput"}, {20, "DigimatTemperatureOutput"},
+    {21, "IsAnnealingstressOutput"}};
 // clang-format on
 
 namespace {

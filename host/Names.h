@@ -31,6 +31,7 @@ std::string Listed(const std::vector<std::string>& words);
 extern const Vocabulary shortNames;      ///< of the items
 extern const Vocabulary meshKinds;       ///< the engine's labels are the same words
 extern const Vocabulary solverKeywords;  ///< as in the control file
+extern const Vocabulary itemKeys;        ///< as in the control file, where 15 has no line
 
 /// The names by which users may call items and solvers: those above and the engine's.
 struct Names {

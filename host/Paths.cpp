@@ -1,8 +1,8 @@
 #include "host/Paths.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <random>
 
@@ -16,6 +16,11 @@ fs::path PathOf(const std::string& utf8) {
     return std::u8string(utf8.begin(), utf8.end());
 }
 
+fs::path PathOfAny(std::string utf8) {
+    std::ranges::replace(utf8, '\\', '/');
+    return PathOf(utf8).make_preferred();
+}
+
 std::string Utf8Of(const fs::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};
@@ -27,21 +32,15 @@ std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
     if (hasDrive || path.rfind("\\\\", 0) == 0) {
         return path;
     }
-    const fs::path absolute = (relativeTo / PathOf(WithOwnSeparators(path))).lexically_normal();
+    const fs::path absolute = (relativeTo / PathOfAny(path)).lexically_normal();
     const bool endsInSeparator = !absolute.has_filename() && absolute.has_relative_path();
     return Utf8Of(endsInSeparator ? absolute.parent_path() : absolute);
 }
 
 std::string ReadFile(const fs::path& file, const Place& place) {
     constexpr std::size_t largest = 1 << 18;  // a file may have no end
-    const auto fail = [&place](int reason) {
-        throw Problem(place, std::string("cannot be read: ") + std::strerror(reason),
-                      ExitCode::fileTrouble);
-    };
     std::error_code unknown;
-    if (fs::is_directory(file, unknown)) {
-        fail(EISDIR);
-    }
+    const bool isFolder = fs::is_directory(file, unknown);
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
     std::string bytes;
@@ -49,8 +48,9 @@ std::string ReadFile(const fs::path& file, const Place& place) {
     while (bytes.size() <= largest && (stream.read(block, sizeof block), stream.gcount() > 0)) {
         bytes.append(block, static_cast<std::size_t>(stream.gcount()));
     }
-    if (!stream.eof()) {
-        fail(bytes.size() > largest ? EFBIG : errno);
+    if (!stream.eof() || isFolder) {
+        const int reason = isFolder ? EISDIR : bytes.size() > largest ? EFBIG : errno;
+        FailFor(reason, place, "cannot be read");
     }
     return bytes;
 }
@@ -67,8 +67,7 @@ ScratchFolder::ScratchFolder() {
         fs::current_path(path_, error);
     }
     if (error) {
-        throw Problem(Place{}, "no temporary folder can be made: " + error.message(),
-                      ExitCode::fileTrouble);
+        Fail({}, "no temporary folder can be made: " + error.message(), ExitCode::fileTrouble);
     }
 }
 
@@ -81,9 +80,8 @@ ScratchFolder::~ScratchFolder() {
 std::string ForEngine(const std::string& utf8) {
     const std::optional<std::string> text = ToEngineText(utf8);
     if (!text) {
-        throw Problem(Place{},
-                      "\"" + utf8 + "\" has letters that the system's code page does not have",
-                      ExitCode::fileTrouble);
+        Fail({}, "\"" + utf8 + "\" has letters that the system's code page does not have",
+             ExitCode::fileTrouble);
     }
     return *text;
 }

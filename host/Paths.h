@@ -9,6 +9,10 @@
 namespace host {
 
 std::filesystem::path PathOf(const std::string& utf8);
+
+/// With this system's separators, whichever the path was written with.
+std::filesystem::path PathOfAny(std::string utf8);
+
 std::string Utf8Of(const std::filesystem::path& path);
 
 /// The absolute path of a path that may be relative to a folder, with the system's separators. A
@@ -16,14 +20,14 @@ std::string Utf8Of(const std::filesystem::path& path);
 /// the text that it is: the translator may run on another machine.
 std::string AbsolutePath(const std::string& path, const std::filesystem::path& relativeTo);
 
-/// The whole file as bytes, up to 256 KiB. Throws Problem, of a place.
+/// The whole file as bytes, up to 256 KiB. Throws Problems, of a place.
 std::string ReadFile(const std::filesystem::path& file, const Place& place);
 
 /// A temporary folder that is the current one while the host runs: the engine leaves two debug
 /// files in the current folder, and a batch must not litter the user's. Removed with the object.
 class ScratchFolder {
 public:
-    /// Throws Problem when no folder can be made.
+    /// Throws Problems when no folder can be made.
     ScratchFolder();
     ~ScratchFolder();
     ScratchFolder(const ScratchFolder&) = delete;
@@ -38,7 +42,7 @@ private:
     std::filesystem::path path_;
 };
 
-/// The text for the engine. Throws Problem when the system's character set has no such letters.
+/// The text for the engine. Throws Problems when the system's character set has no such letters.
 std::string ForEngine(const std::string& utf8);
 
 }  // namespace host

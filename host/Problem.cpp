@@ -1,6 +1,12 @@
 #include "host/Problem.h"
 
+#include <cstring>
+
 namespace host {
+
+void FailFor(int reason, const Place& place, const std::string& text) {
+    Fail(place, text + ": " + std::strerror(reason), ExitCode::fileTrouble);
+}
 
 std::string InOneLine(const Problem& problem) {
     const auto& [file, line, column, name] = problem.place;

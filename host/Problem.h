@@ -24,7 +24,6 @@ struct Place {
     std::string name = {};  ///< of the value there: "target.solver", "--set 4=on"
 };
 
-/// Thrown where nobody nearer can report it.
 struct Problem {
     Problem(Place where, const std::string& text, ExitCode leadsTo)
         : place(std::move(where)),
@@ -36,7 +35,21 @@ struct Problem {
     ExitCode code;
 };
 
+/// Thrown where nobody nearer can report them.
 using Problems = std::vector<Problem>;
+
+[[noreturn]] inline void Fail(const Place& place, const std::string& text, ExitCode code) {
+    throw Problems{{place, text, code}};
+}
+
+inline void ThrowAny(const Problems& problems) {
+    if (!problems.empty()) {
+        throw problems;
+    }
+}
+
+/// The system's reason, an errno, why a file or folder cannot be used.
+[[noreturn]] void FailFor(int reason, const Place& place, const std::string& text);
 
 /// "RECIPE:LINE:COLUMN: message", as far as the place is known.
 std::string InOneLine(const Problem& problem);

@@ -81,14 +81,11 @@ struct Reader {
             }));
     }
 
-    double Angle() const {
-        return Take<double>("a number of degrees from 0 to 180",
-                            [](double angle) { return angle >= 0.0 && angle <= 180.0; });
-    }
-
-    double Fraction() const {
-        return Take<double>("a fraction from 0 to 1",
-                            [](double rate) { return rate >= 0.0 && rate <= 1.0; });
+    double Angle() const { return Number("a number of degrees from 0 to 180", 180.0); }
+    double Fraction() const { return Number("a fraction from 0 to 1", 1.0); }
+    double Number(const char* wanted, double highest) const {
+        return Take<double>(
+            wanted, [highest](double number) { return number >= 0.0 && number <= highest; });
     }
 
     std::string Text() const {
@@ -143,12 +140,11 @@ using Info = CZorbFEAInformation;
 
 template <Info::FlagPosition position>
 void ReadFact(Recipe& recipe, const Reader& value) {
-    recipe.project.flags[position] = value.Flag() ? 1 : 0;
+    recipe.project.flags[position] = value.Flag();
 }
 
 struct Key {
-    const char* section;
-    const char* name;
+    std::string_view name;
     const char* neededAs;  ///< what a recipe without it lacks; null: it has a default
     void (*read)(Recipe& recipe, const Reader& value);
 };
@@ -156,59 +152,56 @@ struct Key {
 // clang-format off
 const Vocabulary analyses = {{kSolidProject, "solid"}, {kShellProject, "shell"}};
 constexpr Key keys[] = {
-    {"project", "name", "the base name of the run's files", [](Recipe& r, const Reader& v) { r.project.projectName = v.FileName(); }},
-    {"project", "run", "the number of the run", [](Recipe& r, const Reader& v) { r.project.runNumber = v.Integer(); }},
-    {"project", "folder", "the folder of the run's files", [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
-    {"project", "analysis", nullptr, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
-    {"project", "type", nullptr, [](Recipe& r, const Reader& v) { r.project.projectType = v.Integer(); }},
-    {"project", "voxel_mesh", nullptr, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag() ? 1 : 0; }},
-    {"project", "fiber_results", nullptr, ReadFact<Info::kHasFiber>},
-    {"project", "runners", nullptr, ReadFact<Info::kHasRunners>},
-    {"project", "moldbase", nullptr, ReadFact<Info::kHasMoldbase>},
-    {"project", "inserted_part", nullptr, ReadFact<Info::kHasInsertedPart>},
-    {"project", "meeting_angles", nullptr, ReadFact<Info::kHasMeetingAngle>},
-    {"project", "view_edit", nullptr, ReadFact<Info::kViewEditAtStart>},
-    {"target", "solver", "the structural solver", [](Recipe& r, const Reader& v) { r.solver = v.OneOf(v.names.solvers); }},
-    {"target", "mesh", "the mesh kind", [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(meshKinds); }},
-    {"target", "quadratic_elements", nullptr, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
-    {"target", "annealing", nullptr, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
-    {"target", "mapped_mesh", nullptr, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
-    {"control_file", "folder", nullptr, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
-    {"control_file", "name", nullptr, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
-    {"control_file", "extension", nullptr, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
-    {"output", "folder", nullptr, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
-    {"weld_lines", "angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Three(&Reader::Angle); }},
-    {"weld_lines", "reduction_rates", nullptr, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
-    {"weld_lines", "digimat_angle", nullptr, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
+    {"project.name", "the base name of the run's files", [](Recipe& r, const Reader& v) { r.project.projectName = v.FileName(); }},
+    {"project.run", "the number of the run", [](Recipe& r, const Reader& v) { r.project.runNumber = v.Integer(); }},
+    {"project.folder", "the folder of the run's files", [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
+    {"project.analysis", nullptr, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
+    {"project.type", nullptr, [](Recipe& r, const Reader& v) { r.project.projectType = v.Integer(); }},
+    {"project.voxel_mesh", nullptr, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag(); }},
+    {"project.fiber_results", nullptr, ReadFact<Info::kHasFiber>},
+    {"project.runners", nullptr, ReadFact<Info::kHasRunners>},
+    {"project.moldbase", nullptr, ReadFact<Info::kHasMoldbase>},
+    {"project.inserted_part", nullptr, ReadFact<Info::kHasInsertedPart>},
+    {"project.meeting_angles", nullptr, ReadFact<Info::kHasMeetingAngle>},
+    {"project.view_edit", nullptr, ReadFact<Info::kViewEditAtStart>},
+    {"target.solver", "the structural solver", [](Recipe& r, const Reader& v) { r.solver = v.OneOf(v.names.solvers); }},
+    {"target.mesh", "the mesh kind", [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(meshKinds); }},
+    {"target.quadratic_elements", nullptr, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
+    {"target.annealing", nullptr, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
+    {"target.mapped_mesh", nullptr, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
+    {"control_file.folder", nullptr, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
+    {"control_file.name", nullptr, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
+    {"control_file.extension", nullptr, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
+    {"output.folder", nullptr, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
+    {"weld_lines.angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Three(&Reader::Angle); }},
+    {"weld_lines.reduction_rates", nullptr, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
+    {"weld_lines.digimat_angle", nullptr, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
 };
-const Vocabulary topLevelNames = {{0, "project"}, {0, "target"}, {0, "control_file"}, {0, "output"},
-                                  {0, "choices"}, {0, "weld_lines"}, {0, "require"}};
 // clang-format on
 
 std::string Unknown(const std::string& kind, const std::string& name, const Vocabulary& known) {
     return "unknown " + kind + " " + Quoted(name) + "; nearest: " + Nearest(name, known);
 }
 
-void ReadSection(const Reader& reader, const std::string& section, const toml::table& table) {
-    for (const auto& [key, node] : table) {
-        const std::string name(key.str());
-        Vocabulary known;
-        const Key* found = nullptr;
-        for (const Key& row : keys) {
-            if (section == row.section) {
-                known.emplace_back(0, row.name);
-                found = name == row.name ? &row : found;
-            }
-        }
-        std::string fullName = section;
-        fullName.append(".").append(name);
-        const Reader value = reader.At(node, fullName);
-        if (found == nullptr) {
-            reader.Refuse(reader.PlaceOf(key.source(), section), Unknown("key", name, known));
-        } else if (!node.is_string() || !value.Word().empty()) {
-            reader.recipe.places[fullName] = value.place;
-            found->read(reader.recipe, value);
-        }  // an empty text counts as not given
+void RefuseKey(const Reader& reader, const Place& place, const std::string& name) {
+    Vocabulary known = {{0, "project"}, {0, "target"},     {0, "control_file"}, {0, "output"},
+                        {0, "choices"}, {0, "weld_lines"}, {0, "require"}};
+    for (const Key& key : keys) {
+        known.emplace_back(0, key.name);
+    }
+    reader.Refuse(place, Unknown("key", name, known));
+}
+
+void ReadKey(const Reader& reader, const Place& place, const std::string& name,
+             const toml::node& node) {
+    const Key* const key = std::ranges::find(keys, name, &Key::name);
+    if (key == std::end(keys)) {
+        return RefuseKey(reader, place, name);
+    }
+    const Reader value = reader.At(node, name);
+    if (!node.is_string() || !value.Word().empty()) {  // an empty text counts as not given
+        reader.recipe.places[name] = value.place;
+        key->read(reader.recipe, value);
     }
 }
 
@@ -253,39 +246,40 @@ void ReadRequired(const Reader& reader) {
     }
 }
 
-void ReadTopLevel(const Reader& reader, const toml::table& document) {
+void ReadDocument(const Reader& reader, const toml::table& document) {
     for (const auto& [key, node] : document) {
         const std::string name(key.str());
         const Place place = reader.PlaceOf(key.source(), {});
-        const toml::table* table = node.as_table();
         const bool isSection = name == "choices" || std::ranges::any_of(keys, [&](const Key& row) {
-                                   return name == row.section;
+                                   return row.name.starts_with(name + ".");
                                });
         if (name == "require") {
             ReadRequired(reader.At(node, name));
         } else if (!isSection) {
-            reader.Refuse(place, Unknown("name", name, topLevelNames));
-        } else if (table == nullptr) {
+            RefuseKey(reader, place, name);
+        } else if (!node.is_table()) {
             reader.Refuse(place, Quoted(name) + " is a section: [" + name + "]");
         } else if (name == "choices") {
-            ReadChoices(reader, *table);
+            ReadChoices(reader, *node.as_table());
         } else {
-            ReadSection(reader, name, *table);
+            for (const auto& [inner, value] : *node.as_table()) {
+                ReadKey(reader, reader.PlaceOf(inner.source(), {}),
+                        name + "." + std::string(inner.str()), value);
+            }
         }
     }
 }
 
 /// The command line beats the recipe.
 void ReadCommandLine(const Reader& reader, const Options& options) {
-    const auto read = [&](const char* section, const char* key,
-                          const std::optional<std::string>& value) {
-        if (value) {
-            ReadSection(reader, section, toml::table{{key, *value}});
+    const auto read = [&](const char* name, const std::optional<std::string>& text) {
+        if (text) {
+            ReadKey(reader, {}, name, toml::value(*text));
         }
     };
-    read("target", "solver", options.solver);
-    read("target", "mesh", options.mesh);
-    read("control_file", "folder", options.outFolder);
+    read("target.solver", options.solver);
+    read("target.mesh", options.mesh);
+    read("control_file.folder", options.outFolder);
     for (const std::string& choice : options.choices) {
         std::vector<Choice>& choices = reader.recipe.choices;
         const Place place{reader.recipe.file, 0, 0, "--set " + choice};
@@ -299,15 +293,20 @@ void ReadCommandLine(const Reader& reader, const Options& options) {
     }
 }
 
-void RefuseMissing(const Reader& reader, const toml::table& document) {
+void RefuseMissing(const Reader& reader, const toml::table& document, const Options& options) {
+    const Recipe& recipe = reader.recipe;
     for (const Key& key : keys) {
-        const std::string name = std::string(key.section) + "." + key.name;
-        const toml::node* section = document.get(key.section);
-        if (key.neededAs != nullptr && !reader.recipe.places.contains(name)) {
+        const std::string name(key.name);
+        const toml::node* section = document.get(name.substr(0, name.find('.')));
+        if (key.neededAs != nullptr && !recipe.places.contains(name)) {
             reader.Refuse(section != nullptr ? reader.PlaceOf(section->source(), name)
-                                             : Place{reader.recipe.file, 1, 1, name},
+                                             : Place{recipe.file, 1, 1, name},
                           std::string("missing: ") + key.neededAs);
         }
+    }
+    if (options.command == "write" && recipe.meshKind >= kMeshMapped && recipe.mappedMesh.empty()) {
+        reader.Refuse(recipe.PlaceOf("target.mesh"), Quoted(NameOf(recipe.meshKind, meshKinds)) +
+                                                         " needs target.mapped_mesh, its path");
     }
 }
 
@@ -323,34 +322,36 @@ Place Recipe::PlaceOf(const std::string& name) const {
 }
 
 Recipe ReadRecipe(const std::string& file, const Options& options, const Names& names,
-                  const fs::path& folder, Problems& problems) {
+                  const fs::path& folder) {
     Recipe recipe;
     recipe.file = file;
+    Problems problems;
     const fs::path path = PathOf(AbsolutePath(file, folder));
     const Reader reader{recipe, path.parent_path(), names, problems};
     const toml::parse_result parsed = toml::parse(ReadFile(path, {file}));
-    if (!parsed) {
+    if (parsed) {
+        ReadDocument(reader, parsed.table());
+        ReadCommandLine({recipe, folder, names, problems}, options);
+        RefuseMissing(reader, parsed.table(), options);
+    } else {
         reader.Refuse(reader.PlaceOf(parsed.error().source(), {}),
                       std::string(parsed.error().description()));
-        return recipe;
     }
-    ReadTopLevel(reader, parsed.table());
-    ReadCommandLine({recipe, folder, names, problems}, options);
-    RefuseMissing(reader, parsed.table());
-    SetDefault(recipe.controlFolder, Utf8Of(reader.folder));
-    SetDefault(recipe.controlName, recipe.project.projectName);
-    SetDefault(recipe.outFolder, recipe.controlFolder);
     std::ranges::stable_sort(problems, {}, [](const Problem& problem) {
         return std::tuple(problem.place.line, problem.place.column);
     });
+    ThrowAny(problems);
+    SetDefault(recipe.controlFolder, Utf8Of(reader.folder));
+    SetDefault(recipe.controlName, recipe.project.projectName);
+    SetDefault(recipe.outFolder, recipe.controlFolder);
     return recipe;
 }
 
 void CheckFolder(const std::string& folder, const Place& place) {
     std::error_code error;
     if (!fs::is_directory(PathOf(folder), error)) {
-        throw Problem(place, folder + ": " + (error ? error.message() : "not a folder"),
-                      ExitCode::fileTrouble);
+        Fail(place, folder + ": " + (error ? error.message() : "not a folder"),
+             ExitCode::fileTrouble);
     }
 }
 

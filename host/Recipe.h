@@ -45,13 +45,12 @@ struct Recipe {
     Place PlaceOf(const std::string& name) const;
 };
 
-/// Reads a recipe whole, as changed by the command line, and adds all that is wrong with it to
-/// `problems`, in the order of its lines. With problems the result is not complete. The paths of
-/// recipe and command line start at `folder`.
+/// Reads a recipe whole, as changed by the command line. Throws all that is wrong with it, in the
+/// order of its lines. The paths of recipe and command line start at `folder`.
 Recipe ReadRecipe(const std::string& file, const Options& options, const Names& names,
-                  const std::filesystem::path& folder, Problems& problems);
+                  const std::filesystem::path& folder);
 
-/// Throws Problem unless a path of a recipe is a folder.
+/// Throws Problems unless a path of a recipe is a folder.
 void CheckFolder(const std::string& folder, const Place& place);
 
 }  // namespace host

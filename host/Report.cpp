@@ -5,11 +5,6 @@
 
 namespace host {
 
-Json JsonDocument(const Options& options) {
-    constexpr int version = 1;
-    return {{"version", version}, {"command", options.command}};
-}
-
 Json JsonOf(const Problems& problems) {
     Json list = Json::array();
     for (const Problem& problem : problems) {
@@ -22,7 +17,7 @@ Json JsonOf(const Problems& problems) {
     return list;
 }
 
-ExitCode Report(const Problems& problems, const Options& options, Json document) {
+ExitCode Report(const Problems& problems, const Options& options, const Json& content) {
     ExitCode gravest = ExitCode::done;
     for (const Problem& problem : problems) {
         gravest = std::max(gravest, problem.code);
@@ -31,15 +26,13 @@ ExitCode Report(const Problems& problems, const Options& options, Json document)
         }
     }
     if (options.json) {
+        Json document = {{"version", 1}, {"command", options.command}};
+        document.update(content);
         document["problems"] = JsonOf(problems);
         // Bytes that are not UTF-8 become U+FFFD.
         std::cout << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
     }
     return gravest;
-}
-
-ExitCode Report(const Problems& problems, const Options& options) {
-    return Report(problems, options, JsonDocument(options));
 }
 
 }  // namespace host

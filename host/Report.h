@@ -2,7 +2,6 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <string>
 
 #include "host/CommandLine.h"
 #include "host/Problem.h"
@@ -11,13 +10,11 @@ namespace host {
 
 using Json = nlohmann::ordered_json;
 
-/// A document with its version number, for the command to fill.
-Json JsonDocument(const Options& options);
 Json JsonOf(const Problems& problems);
 
-/// Tells problems on standard error, or prints the document with them. Returns the exit code: that
-/// of the gravest, which is the highest.
-ExitCode Report(const Problems& problems, const Options& options, Json document);
-ExitCode Report(const Problems& problems, const Options& options);
+/// Tells problems on standard error, or prints the document with the content and them. Returns the
+/// exit code: that of the gravest, which is the highest.
+ExitCode Report(const Problems& problems, const Options& options,
+                const Json& content = Json::object());
 
 }  // namespace host

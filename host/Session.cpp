@@ -4,6 +4,7 @@
 #include <new>
 
 #include "CZorbI2WeldlineDataStatus.h"
+#include "cmi/CZorbI2CMIData.h"
 #include "engine/CZorbI2Engine.h"
 #include "host/HostPlatform.h"
 #include "host/Paths.h"
@@ -17,20 +18,32 @@ using Info = CZorbFEAInformation;
 
 const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}};
 
-/// What the recipe itself says, put over what the engine's data block says.
-void PutRecipe(const Recipe& recipe, CZorbI2CMIData& values) {
-    values.SolverName = NameOf(recipe.solver, solverKeywords);
-    values.SolverType = recipe.project.solverType;
-    values.ProjectType = recipe.project.projectType;
-    values.QuadraticElement = recipe.quadraticElements ? 1 : 0;
-    values.IsOriginalMesh = recipe.meshKind == kMeshOriginal;
-    values.IsMappedMesh = recipe.meshKind == kMeshMapped;
-    values.Is3DMappingShell = recipe.meshKind == kMesh3DMappingShell;
-    values.OutFolder = ForEngine(recipe.outFolder);
-    values.IsViewEditModelMapping = recipe.project.flags[Info::kViewEditAtStart];
-    values.DigimatWeldlineAngle = recipe.digimatAngle.value_or(values.DigimatWeldlineAngle);
-    std::ranges::copy(recipe.weldlineAngles, values.WeldlineAngles);  // perhaps none
-    std::ranges::copy(recipe.reductionRates, values.ReductionRates);
+/// What the recipe asks for, as the file prints it.
+ControlFile AskedBy(const Recipe& recipe) {
+    const auto flag = [](bool isOn) { return std::string(isOn ? "1" : "0"); };
+    ControlFile asked = {
+        {"SolverName", NameOf(recipe.solver, solverKeywords)},
+        {"SolverType", std::to_string(recipe.project.solverType)},
+        {"ProjectType", std::to_string(recipe.project.projectType)},
+        {"QuadraticElement", flag(recipe.quadraticElements)},
+        {"IsOriginalMesh", flag(recipe.meshKind == kMeshOriginal)},
+        {"IsMappedMesh", flag(recipe.meshKind == kMeshMapped)},
+        {"Is3DMappingShell", flag(recipe.meshKind == kMesh3DMappingShell)},
+        {"OutFolder", recipe.outFolder},
+        {"MapFile", recipe.meshKind < kMeshMapped ? " " : recipe.mappedMesh},
+        {"IsViewEditModelMapping", flag(recipe.project.flags[Info::kViewEditAtStart] != 0)}};
+    for (std::size_t i = 0; i < recipe.weldlineAngles.size(); ++i) {
+        asked["[WELDLINE ANGLE] WeldlineAngle" + std::to_string(i + 2)] =
+            Printed(recipe.weldlineAngles[i]);
+    }
+    for (std::size_t i = 0; i < recipe.reductionRates.size(); ++i) {
+        asked["[REDUCTION RATE] ReductionRate" + std::to_string(i + 1)] =
+            Printed(recipe.reductionRates[i]);
+    }
+    if (recipe.digimatAngle) {
+        asked["[DIGIMAT WELDLINE ANGLE] WeldlineAngle"] = Printed(*recipe.digimatAngle);
+    }
+    return asked;
 }
 
 }  // namespace
@@ -159,10 +172,12 @@ ControlFile Session::Write(const std::filesystem::path& folder, const std::strin
     manager_.SetCMIFileFullPath(ForEngine(Utf8Of(folder)), ForEngine(recipe_.controlName),
                                 recipe_.project.runNumber, ForEngine(extension));
     manager_.WriteCMIFile(0);
-    ControlFile asked{*manager_.GetZorbCMIData(), {}};
-    PutRecipe(recipe_, asked.values);
-    for (const OfferedItem& offered : offered_) {
-        asked.itemIds.push_back(offered.item.itemId);
+    ControlFile asked = AskedBy(recipe_);
+    const auto& flags = manager_.GetZorbCMIData()->OutputFlags;
+    for (const auto& [itemId, key] : itemKeys) {
+        if (FindOffered(itemId) != nullptr) {
+            asked[key] = std::to_string(flags[itemId]);
+        }
     }
     return asked;
 }
@@ -212,7 +227,7 @@ std::filesystem::path ControlFilePath(const Recipe& recipe) {
     manager.CreateCMIAccess();
     manager.SetCMIFileFullPath(ForEngine(recipe.controlFolder), ForEngine(recipe.controlName),
                                recipe.project.runNumber, ForEngine(recipe.controlExtension));
-    return PathOf(WithOwnSeparators(FromEngineText(manager.engine->cmiFileFullPath)));
+    return PathOfAny(FromEngineText(manager.engine->cmiFileFullPath));
 }
 
 }  // namespace host

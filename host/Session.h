@@ -32,7 +32,7 @@ struct OfferedItem {
 
 class Session {
 public:
-    /// Creates the engine, which looks for the run's result files. Throws Problem for texts that
+    /// Creates the engine, which looks for the run's result files. Throws Problems for texts that
     /// cannot be handed to the engine.
     explicit Session(const Recipe& recipe);
 

@@ -39,9 +39,8 @@ struct TemporaryFile {
     fs::path path;
 };
 
-Problem CannotWrite(const Job& job, const std::string& reason) {
-    return {Place{}, Utf8Of(job.controlFile) + ": cannot be written: " + reason,
-            ExitCode::fileTrouble};
+[[noreturn]] void FailToWrite(const Job& job, const std::string& reason) {
+    Fail({}, Utf8Of(job.controlFile) + ": cannot be written: " + reason, ExitCode::fileTrouble);
 }
 
 /// Tries what the engine did not manage, for the system's reason; empty when it goes well.
@@ -53,68 +52,66 @@ std::string ReasonAgainstWriting(const fs::path& file) {
     return stream ? std::string() : std::strerror(errno);
 }
 
+/// What the text of the file says differently from what was asked for, if anything.
+std::string DifferenceFrom(const ControlFile& asked, const std::string& text) try {
+    const ControlFile found = ReadControlFile({}, text);
+    for (const auto& [key, value] : asked) {
+        const auto line = found.find(key);
+        if (line == found.end() || line->second != value) {
+            return key + " is " + (line == found.end() ? "missing" : Quoted(line->second)) +
+                   ", asked for was " + Quoted(value);
+        }
+    }
+    return {};
+} catch (const Problems& faults) {
+    return "line " + std::to_string(faults[0].place.line) + ": " + faults[0].message;
+}
+
 /// Reads the file back. Throws unless it says what was asked for.
 void ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     std::error_code missing;
     const Place place{{}, 0, 0, Utf8Of(job.controlFile)};
     job.text = fs::exists(file, missing) ? ReadFile(file, place) : std::string();
-    const std::vector<std::string> found = SplitLines(job.text);
-    const std::vector<std::string> expected = LinesOf(asked);
-    if (found == expected && job.text.ends_with('\n')) {
-        return;
-    }
-    const std::string reason = ReasonAgainstWriting(file);
-    const auto [line, other] = std::ranges::mismatch(expected, found);
-    throw CannotWrite(job, !reason.empty() ? reason
-                           : line == expected.end() || other == found.end()
-                               ? "not whole"
-                               : "not what was asked for: " + Expected(*line, *other));
-}
-
-void CheckMappedMesh(const Recipe& recipe) {
-    const bool isMapped = recipe.meshKind == kMeshMapped || recipe.meshKind == kMesh3DMappingShell;
-    if (isMapped && recipe.mappedMesh.empty()) {
-        throw Problem(
-            recipe.PlaceOf("target.mesh"),
-            Quoted(NameOf(recipe.meshKind, meshKinds)) + " needs target.mapped_mesh, its path",
-            ExitCode::badUsage);
+    const std::string difference = DifferenceFrom(asked, FromEngineText(job.text));
+    if (!difference.empty()) {
+        const std::string reason = ReasonAgainstWriting(file);
+        FailToWrite(job, reason.empty() ? "not what was asked for: " + difference : reason);
     }
 }
 
-void CheckRequired(Job& job, const Session& session, const ControlFile& file) {
-    for (const Choice& required : job.recipe.required) {
-        if (std::ranges::count(file.itemIds, required.itemId) == 0 ||
-            file.values.OutputFlags[required.itemId] != 1) {
-            job.problems.emplace_back(required.place,
-                                      NameOf(required.itemId, shortNames) + " is not output: " +
-                                          session.ReasonAgainst(required.itemId),
-                                      ExitCode::notAvailable);
+void CheckRequired(const Recipe& recipe, const Session& session, const ControlFile& file) {
+    Problems problems;
+    for (const auto& [place, itemId, none] : recipe.required) {
+        const auto line = file.find(NameOf(itemId, itemKeys));
+        if (line == file.end() || line->second != "1") {
+            problems.emplace_back(
+                place,
+                NameOf(itemId, shortNames) + " is not output: " + session.ReasonAgainst(itemId),
+                ExitCode::notAvailable);
         }
     }
+    ThrowAny(problems);
 }
 
 void WriteControlFile(const Surroundings& host, Job& job) {
-    CheckFolder(job.recipe.project.projectFolder, job.recipe.PlaceOf("project.folder"));
-    CheckMappedMesh(job.recipe);
-    Session session(job.recipe);
-    job.problems = session.ApplyRecipe();
-    if (!job.problems.empty()) {
-        return;
-    }
+    const Recipe& recipe = job.recipe;
+    CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
+    Session session(recipe);
+    ThrowAny(session.ApplyRecipe());
     const std::string mark = "." + Utf8Of(host.scratch.Path().filename());
     const fs::path name = job.controlFile.filename() += mark;
     const fs::path folder =
         host.options.dryRun ? "." : job.controlFile.parent_path();  // the scratch folder
     const TemporaryFile file{folder / name};
-    const ControlFile asked = session.Write(folder, job.recipe.controlExtension + mark);
+    const ControlFile asked = session.Write(folder, recipe.controlExtension + mark);
     ReadBack(job, file.path, asked);
-    CheckRequired(job, session, asked);
-    if (job.problems.empty() && !host.options.dryRun) {
-        std::error_code error;
+    CheckRequired(recipe, session, asked);
+    std::error_code error;
+    if (!host.options.dryRun) {
         fs::rename(file.path, job.controlFile, error);
-        if (error) {
-            throw CannotWrite(job, error.message());
-        }
+    }
+    if (error) {
+        FailToWrite(job, error.message());
     }
 }
 
@@ -124,8 +121,8 @@ void Attempt(Job& job, const std::function<void()>& step) {
         if (job.problems.empty()) {
             step();
         }
-    } catch (const Problem& problem) {
-        job.problems.push_back(problem);
+    } catch (const Problems& problems) {
+        job.problems = problems;
     } catch (const std::exception& error) {
         job.problems.emplace_back(Place{}, error.what(), ExitCode::fileTrouble);
     }
@@ -140,9 +137,8 @@ std::vector<Job> ReadJobs(const Surroundings& host) {
         Job& job = jobs.emplace_back();
         job.recipe.file = file;
         Attempt(job, [&] {
-            job.recipe =
-                ReadRecipe(file, host.options, host.names, host.scratch.Start(), job.problems);
-            job.controlFile = job.problems.empty() ? ControlFilePath(job.recipe) : fs::path();
+            job.recipe = ReadRecipe(file, host.options, host.names, host.scratch.Start());
+            job.controlFile = ControlFilePath(job.recipe);
         });
     }
     return jobs;
@@ -171,12 +167,12 @@ void RefuseSameFile(std::vector<Job>& jobs) {
 void CheckOpenFileLimit(std::size_t recipes) {
     const std::size_t possible = RaiseOpenFileLimit();
     if (recipes > possible) {
-        throw Problem(Place{},
-                      std::to_string(recipes) +
-                          " recipes are too many for one call, because each "
-                          "leaves a file open; nothing was written; possible are " +
-                          std::to_string(possible),
-                      ExitCode::fileTrouble);
+        Fail({},
+             std::to_string(recipes) +
+                 " recipes are too many for one call, because each leaves a file open; nothing "
+                 "was written; possible are " +
+                 std::to_string(possible),
+             ExitCode::fileTrouble);
     }
 }
 
@@ -227,7 +223,7 @@ ExitCode RunWrite(const Surroundings& host) {
     for (Job& job : jobs) {
         Attempt(job, [&] {
             if (isInterrupted != 0) {
-                throw Problem(Place{}, "interrupted before its turn", ExitCode::fileTrouble);
+                Fail({}, "interrupted before its turn", ExitCode::fileTrouble);
             }
             WriteControlFile(host, job);
         });
@@ -244,9 +240,7 @@ ExitCode RunWrite(const Surroundings& host) {
                            << (options.dryRun ? " shown, " : " written, ") << jobs.size() - done
                            << " failed" << std::endl;
     }
-    Json document = JsonDocument(options);
-    document["recipes"] = std::move(list);
-    return Report(all, options, std::move(document));
+    return Report(all, options, {{"recipes", list}});
 }
 
 }  // namespace host

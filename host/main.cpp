@@ -32,8 +32,8 @@ ExitCode Run(const Options& options) {
     try {
         return options.command == "check" ? RunCheck(options, terminal)
                                           : WorkOnRuns(options, terminal);
-    } catch (const Problem& problem) {
-        return Report({problem}, options);
+    } catch (const Problems& problems) {
+        return Report(problems, options);
     } catch (const std::exception& error) {
         return Report({{Place{}, error.what(), ExitCode::fileTrouble}}, options);
     }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -12,94 +13,70 @@
 
 namespace {
 
+using samples::FaultsIn;
+using samples::FaultsOf;
 using samples::Joined;
 using samples::Lines;
 using samples::SampleLines;
 
 using Texts = std::vector<std::string>;
 
-Texts FaultsOf(const std::string& text) {
-    std::vector<host::Fault> faults;
-    host::ReadControlFile(text, faults);
-    Texts found;
-    for (const host::Fault& fault : faults) {
-        found.push_back(std::to_string(fault.line) + ": " + fault.message);
-    }
-    return found;
+TEST(ControlFile, GivesAllValuesByTheirKeys) {
+    const host::ControlFile expected = {
+        {"OutFolder", "D:\\Handover\\Cover"},
+        {"MapFile", " "},
+        {"SolverType", "0"},
+        {"ProjectType", "6"},
+        {"QuadraticElement", "1"},
+        {"IDCompositeModel", "1"},
+        {"SolverName", "MSCNASTRAN"},
+        {"IsOriginalMesh", "0"},
+        {"IsDeformedMesh", "1"},
+        {"IsMappedMesh", "0"},
+        {"Is3DMappingShell", "0"},
+        {"IsDistributeModel", "0"},
+        {"IsViewEditModelMapping", "1"},
+        {"IsDoMaterialReduction", "1"},
+        {"IsRunnerOutput", "0"},
+        {"DigimatOutput", "1"},
+        {"IsDensityOutput", "1"},
+        {"IsWeldlineOutput", "0"},
+        {"DigimatWeldlineOutput", "0"},
+        {"DigimatFiberOutput", "1"},
+        {"DigimatStressOutput", "0"},
+        {"DigimatTemperatureOutput", "0"},
+        {"IsDoDensityReduction", "1"},
+        {"[MAP DOMAIN] SegmentX", "80"},
+        {"[MAP DOMAIN] SegmentY", "70"},
+        {"[MAP DOMAIN] SegmentZ", "60"},
+        {"[MATERIAL REDUCTION] FiberThetaXSegment", "15"},
+        {"[MATERIAL REDUCTION] FiberThetaYSegment", "15"},
+        {"[MATERIAL REDUCTION] FiberThetaZSegment", "15"},
+        {"[MATERIAL REDUCTION] FiberStrengthXSegment", "10"},
+        {"[MATERIAL REDUCTION] FiberStrengthYSegment", "3"},
+        {"[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment", "8"},
+        {"[PARTINSERT MATERIAL REDUCTION] FiberThetaYSegment", "8"},
+        {"[PARTINSERT MATERIAL REDUCTION] FiberThetaZSegment", "8"},
+        {"[PARTINSERT MATERIAL REDUCTION] FiberStrengthXSegment", "5"},
+        {"[PARTINSERT MATERIAL REDUCTION] FiberStrengthYSegment", "2"},
+        {"[DENSITY REDUCTION] DensityReduction", "4"},
+        {"[WELDLINE ANGLE] WeldlineAngle2", "30.000"},
+        {"[WELDLINE ANGLE] WeldlineAngle3", "60.000"},
+        {"[WELDLINE ANGLE] WeldlineAngle4", "90.500"},
+        {"[DIGIMAT WELDLINE ANGLE] WeldlineAngle", "135.000"},
+        {"[REDUCTION RATE] ReductionRate1", "0.800"},
+        {"[REDUCTION RATE] ReductionRate2", "0.900"},
+        {"[REDUCTION RATE] ReductionRate3", "0.950"},
+    };
+    EXPECT_EQ(expected, host::ReadControlFile("sample.cmi", Joined(SampleLines())));
 }
 
-host::ControlFile Sample() {
-    std::vector<host::Fault> faults;
-    return host::ReadControlFile(Joined(SampleLines()), faults);
-}
-
-TEST(ControlFile, GivesTheValuesOfTheHeader) {
-    const CZorbI2CMIData values = Sample().values;
-    EXPECT_EQ(9064, values.FileVersion);
-    EXPECT_EQ("D:\\Handover\\Cover", values.OutFolder);
-    EXPECT_EQ(" ", values.MapFile);
-    EXPECT_EQ(0, values.SolverType);
-    EXPECT_EQ(6, values.ProjectType);
-    EXPECT_EQ(1, values.QuadraticElement);
-    EXPECT_EQ(1, values.IDCompositeModel);
-    EXPECT_EQ("MSCNASTRAN", values.SolverName);
-    EXPECT_EQ(0, values.IsOriginalMesh);
-    EXPECT_EQ(1, values.IsDeformedMesh);
-    EXPECT_EQ(0, values.IsMappedMesh);
-    EXPECT_EQ(0, values.Is3DMappingShell);
-    EXPECT_EQ(0, values.IsAnnealingDeformedMesh);
-    EXPECT_EQ(0, values.IsDistributeModel);
-    EXPECT_EQ(1, values.IsViewEditModelMapping);
-    EXPECT_EQ(1, values.IsDoDensityReduction);
-}
-
-TEST(ControlFile, GivesTheValuesOfTheOtherSections) {
-    const CZorbI2CMIData values = Sample().values;
-    EXPECT_EQ(80, values.SegmentX);
-    EXPECT_EQ(70, values.SegmentY);
-    EXPECT_EQ(60, values.SegmentZ);
-    EXPECT_EQ(15, values.FiberThetaXSegment);
-    EXPECT_EQ(15, values.FiberThetaYSegment);
-    EXPECT_EQ(15, values.FiberThetaZSegment);
-    EXPECT_EQ(10, values.FiberStrengthXSegment);
-    EXPECT_EQ(3, values.FiberStrengthYSegment);
-    EXPECT_EQ(8, values.InsertFiberThetaXSegment);
-    EXPECT_EQ(8, values.InsertFiberThetaYSegment);
-    EXPECT_EQ(8, values.InsertFiberThetaZSegment);
-    EXPECT_EQ(5, values.InsertFiberStrengthXSegment);
-    EXPECT_EQ(2, values.InsertFiberStrengthYSegment);
-    EXPECT_EQ(4, values.DensityReduction);
-    EXPECT_EQ(30.0, values.WeldlineAngles[0]);
-    EXPECT_EQ(60.0, values.WeldlineAngles[1]);
-    EXPECT_EQ(90.5, values.WeldlineAngles[2]);
-    EXPECT_EQ(135.0, values.DigimatWeldlineAngle);
-    EXPECT_EQ(0.8, values.ReductionRates[0]);
-    EXPECT_EQ(0.9, values.ReductionRates[1]);
-    EXPECT_EQ(0.95, values.ReductionRates[2]);
-}
-
-TEST(ControlFile, GivesTheItemsInTheirOrder) {
-    const host::ControlFile file = Sample();
-    EXPECT_EQ((std::vector<std::int32_t>{0, 1, 11, 13, 14, 16, 18, 19, 20}), file.itemIds);
-    EXPECT_EQ(1, file.values.OutputFlags[0]);
-    EXPECT_EQ(0, file.values.OutputFlags[1]);
-    EXPECT_EQ(1, file.values.OutputFlags[18]);
-    EXPECT_EQ(0, file.values.OutputFlags[20]);
-}
-
-TEST(ControlFile, AnItemMayStandTwice) {
-    Lines lines = SampleLines();
-    lines.insert(lines.begin() + 18, lines[17]);
-    std::vector<host::Fault> faults;
-    const host::ControlFile file = host::ReadControlFile(Joined(lines), faults);
-    EXPECT_TRUE(faults.empty());
-    EXPECT_EQ((std::vector<std::int32_t>{0, 1, 1, 11, 13, 14, 16, 18, 19, 20}), file.itemIds);
-}
-
-TEST(ControlFile, TheListOfFaultsStartsEmpty) {
-    std::vector<host::Fault> faults = {{1, "from another file"}};
-    host::ReadControlFile(Joined(SampleLines()), faults);
-    EXPECT_TRUE(faults.empty());
+TEST(ControlFile, FaultsCarryTheFileAndTheExitCode) {
+    const host::Problems faults = FaultsIn("");
+    ASSERT_EQ(1U, faults.size());
+    EXPECT_EQ("sample.cmi", faults[0].place.file);
+    EXPECT_EQ(0U, faults[0].place.column);
+    EXPECT_EQ(host::ExitCode::notAvailable, faults[0].code);
 }
 
 // ---- Line ends, and texts that are no control files ---------------------------------------------
@@ -109,9 +86,8 @@ TEST(ControlFile, LineEndsOfWindowsAreNoFault) {
 }
 
 TEST(ControlFile, LineEndsOfWindowsAreNoPartOfAPath) {
-    std::vector<host::Fault> faults;
-    EXPECT_EQ("D:\\Handover\\Cover",
-              host::ReadControlFile(Joined(SampleLines(), "\r\n"), faults).values.OutFolder);
+    const std::string text = Joined(SampleLines(), "\r\n");
+    EXPECT_EQ("D:\\Handover\\Cover", host::ReadControlFile("sample.cmi", text).at("OutFolder"));
 }
 
 TEST(ControlFile, MissingLastLineEndIsAFault) {
@@ -210,6 +186,10 @@ std::string Mutated(std::string text, std::mt19937& random) {
     return text;
 }
 
+std::uint32_t LineOf(const host::Problem& fault) {
+    return fault.place.line;
+}
+
 TEST(ControlFile, RandomDamageGivesFewFaultsWithinTheFile) {
     std::seed_seq seed{9064};
     std::mt19937 random(seed);
@@ -217,15 +197,14 @@ TEST(ControlFile, RandomDamageGivesFewFaultsWithinTheFile) {
     for (int round = 0; round < 3000; ++round) {
         const std::string text = Mutated(sample, random);
         const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1;
-        std::vector<host::Fault> faults;
-        host::ReadControlFile(text, faults);
+        const host::Problems faults = FaultsIn(text);
         ASSERT_LE(faults.size(), 21U) << text;
-        for (const host::Fault& fault : faults) {
-            ASSERT_GE(fault.line, 1U) << text;
-            ASSERT_LE(fault.line, lines) << text;
+        for (const host::Problem& fault : faults) {
+            ASSERT_GE(fault.place.line, 1U) << text;
+            ASSERT_LE(fault.place.line, lines) << text;
             ASSERT_FALSE(fault.message.empty()) << text;
         }
-        ASSERT_TRUE(std::ranges::is_sorted(faults, {}, &host::Fault::line)) << text;
+        ASSERT_TRUE(std::ranges::is_sorted(faults, {}, LineOf)) << text;
     }
 }
 
@@ -237,59 +216,19 @@ TEST(ControlFile, EveryChangedByteIsFoundOnItsLine) {
         text[place] = '\x01';
         const bool isFreeText = line == 4 && place >= sample.find("D:\\Handover");
         if (sample[place] != '\n' && !isFreeText) {
-            std::vector<host::Fault> faults;
-            host::ReadControlFile(text, faults);
+            const host::Problems faults = FaultsIn(text);
             ASSERT_EQ(1U, faults.size()) << text;
-            ASSERT_EQ(line, faults[0].line) << text;
+            ASSERT_EQ(line, faults[0].place.line) << text;
         }
         line += sample[place] == '\n' ? 1 : 0;
     }
 }
 
-// ---- Lines --------------------------------------------------------------------------------------
-
-TEST(ControlFile, TextsAreSplitAtBothLineEnds) {
-    EXPECT_EQ((Lines{"a", "", "b "}), host::SplitLines("a\n\r\nb \r\n"));
-    EXPECT_EQ((Lines{"a", "b"}), host::SplitLines("a\nb"));
-    EXPECT_EQ(Lines{}, host::SplitLines(""));
-}
-
-TEST(ControlFile, LinesOfAFileAreThoseThatWereRead) {
-    EXPECT_EQ(SampleLines(), host::LinesOf(Sample()));
-}
-
-TEST(ControlFile, LinesFollowTheValues) {
-    host::ControlFile file = Sample();
-    file.values.OutFolder = std::string("D:\\E\0F", 6);  // printed up to the NUL byte
-    file.values.MapFile = "D:\\mesh.inp";
-    file.values.SolverName = "ANSYS";
-    file.values.IsDeformedMesh = 0;
-    file.values.IsMappedMesh = 1;
-    file.values.IsAnnealingDeformedMesh = 1;
-    file.values.OutputFlags[21] = 1;
-    file.itemIds = {21, 0, 15, 0};
-    file.values.WeldlineAngles[0] = 30.0006;
-    Lines expected = SampleLines();
-    expected[53 - 1] = "WeldlineAngle2 = 30.001";
-    expected[27 - 1] = "[ANSYS_EOF]";
-    expected.erase(expected.begin() + 17, expected.begin() + 25);
-    expected.insert(expected.begin() + 17, "IsAnnealingstressOutput =\t1   (0:off,1:on)");
-    expected.insert(expected.begin() + 17, expected[16]);
-    expected.insert(expected.begin() + 16, "IsAnnealingDeformedMesh = 1 (0:off,1:on)");
-    expected[13 - 1] = "IsMappedMesh = 1 (0:off,1:on)";
-    expected[12 - 1] = "IsDeformedMesh = 0 (0:off,1:on)";
-    expected[10 - 1] = "[ANSYS] ";
-    expected[5 - 1] = "MapFile = D:\\mesh.inp";
-    expected[4 - 1] = "OutFolder = D:\\E";
-    EXPECT_EQ(expected, host::LinesOf(file));
-}
-
-TEST(ControlFile, AMeshThatIsNotMappedHasNoMapFile) {
-    host::ControlFile file = Sample();
-    file.values.MapFile = "D:\\mesh.inp";
-    EXPECT_EQ("MapFile =  ", host::LinesOf(file)[4]);
-    file.values.Is3DMappingShell = 1;
-    EXPECT_EQ("MapFile = D:\\mesh.inp", host::LinesOf(file)[4]);
+TEST(ControlFile, NumbersArePrintedWithThreeDecimals) {
+    EXPECT_EQ("30.001", host::Printed(30.0006));
+    EXPECT_EQ("0.000", host::Printed(0.0));
+    EXPECT_EQ("-0.500", host::Printed(-0.5));
+    EXPECT_EQ(313U, host::Printed(std::numeric_limits<double>::max()).size());
 }
 
 }  // namespace

@@ -4,11 +4,14 @@
 #include <cstdint>
 #include <limits>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "cmi/CZorbI2CMIData.h"
 #include "host/ControlFile.h"
+#include "host/Names.h"
+#include "tests/host/SampleControlFile.h"
 #include "tests/support/SampleProject.h"
 
 namespace {
@@ -59,32 +62,57 @@ public:
         return project_.files.written.at("D:\\Out\\Cover03.cmi");
     }
 
-    host::ControlFile Asked() {
-        host::ControlFile file{*Manager().GetZorbCMIData(), {}};
-        for (const auto* list :
-             {&project_.Selector().partPopItems, &project_.Selector().partInsertPopItems,
-              &project_.Selector().moldbasePopItems}) {
-            file.itemIds.insert(file.itemIds.end(), list->begin(), list->end());
-        }
-        return file;
-    }
-
-    /// The faults of the file, and the file where it is not what was asked for.
+    /// The faults of the file, and the values that are not those of the data block.
     std::vector<std::string> Complaints() {
-        std::vector<host::Fault> faults;
         const std::string text = Write();
-        host::ReadControlFile(text, faults);
-        std::vector<std::string> complaints;
-        if (host::SplitLines(text) != host::LinesOf(Asked()) || !faults.empty()) {
-            complaints.push_back(text);
+        std::vector<std::string> complaints = samples::FaultsOf(text);
+        if (complaints.empty()) {
+            const host::ControlFile file = host::ReadControlFile("engine.cmi", text);
+            const CZorbI2CMIData& block = *Manager().GetZorbCMIData();
+            Compare(block.SolverName, file.at("SolverName"), complaints);
+            Compare(block.OutFolder, file.at("OutFolder"), complaints);
+            Compare(std::to_string(block.QuadraticElement), file.at("QuadraticElement"),
+                    complaints);
+            Compare(std::to_string(block.IDCompositeModel), file.at("IDCompositeModel"),
+                    complaints);
+            Compare(std::to_string(block.InsertFiberThetaXSegment),
+                    file.at("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment"), complaints);
+            Compare(std::to_string(block.DensityReduction),
+                    file.at("[DENSITY REDUCTION] DensityReduction"), complaints);
+            Compare(host::Printed(block.WeldlineAngles[2]),
+                    file.at("[WELDLINE ANGLE] WeldlineAngle4"), complaints);
+            CompareItems(block, file, complaints);
         }
-        for (const host::Fault& fault : faults) {
-            complaints.push_back(std::to_string(fault.line) + ": " + fault.message);
+        if (!complaints.empty()) {
+            complaints.push_back(text);
         }
         return complaints;
     }
 
 private:
+    static void Compare(const std::string& expected, const std::string& found,
+                        std::vector<std::string>& complaints) {
+        if (expected != found) {
+            complaints.push_back(expected + " is " + found);
+        }
+    }
+
+    void CompareItems(const CZorbI2CMIData& block, const host::ControlFile& file,
+                      std::vector<std::string>& complaints) {
+        std::set<std::int32_t> offered;
+        for (const auto* list :
+             {&project_.Selector().partPopItems, &project_.Selector().partInsertPopItems,
+              &project_.Selector().moldbasePopItems}) {
+            offered.insert(list->begin(), list->end());
+        }
+        for (const auto& [id, key] : host::itemKeys) {
+            const auto line = file.find(key);
+            const bool isOffered = offered.contains(id);
+            Compare(isOffered ? std::to_string(block.OutputFlags[id]) : "no line",
+                    line != file.end() ? line->second : "no line", complaints);
+        }
+    }
+
     support::OpenProject project_;
 };
 

@@ -5,6 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "host/ControlFile.h"
+#include "host/Problem.h"
+
 namespace samples {
 
 using Lines = std::vector<std::string>;
@@ -85,6 +88,25 @@ inline std::string Joined(const Lines& lines, const std::string& lineEnd = "\n")
         text += line + lineEnd;
     }
     return text;
+}
+
+/// The faults of a text, as the reader throws them.
+inline host::Problems FaultsIn(const std::string& text) {
+    try {
+        host::ReadControlFile("sample.cmi", text);
+        return {};
+    } catch (const host::Problems& faults) {
+        return faults;
+    }
+}
+
+/// "LINE: message" for each.
+inline std::vector<std::string> FaultsOf(const std::string& text) {
+    std::vector<std::string> found;
+    for (const host::Problem& fault : FaultsIn(text)) {
+        found.push_back(std::to_string(fault.place.line) + ": " + fault.message);
+    }
+    return found;
 }
 
 }  // namespace samples
