@@ -10,6 +10,7 @@
 
 using support::OpenProject;
 using support::ResultFiles;
+using testing::Contains;
 using testing::ElementsAre;
 
 namespace {
@@ -82,6 +83,13 @@ TEST(CatalogueChecks, OfItemsThatFollowTheNormalisedFolderReadTheShotFileThere) 
     OpenProject project(record, ResultFiles::none);
     EXPECT_THAT(project.files.EventsOf("open"),
                 ElementsAre("r " + base + ".cmx", "w ThermalTest.txt"));
+}
+
+TEST(CatalogueChecks, OfAnUnknownKindOfProjectReadTheShotFileBeforeTheFolderIsNormalised) {
+    CZorbFEAInformation record = support::PlainProject(2);
+    record.projectFolder = "D:\\Proj\\Run03";
+    OpenProject project(record, ResultFiles::none);
+    EXPECT_THAT(project.files.EventsOf("open"), Contains("r D:\\Proj\\Run03Cover03.cmx"));
 }
 
 TEST(CatalogueChecks, AreNotMadeAgainWhenFilesAppearLater) {
