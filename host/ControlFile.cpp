@@ -85,11 +85,13 @@ std::string ValueIn(const std::string& line, std::string_view row) {
 }
 
 bool IsOfKind(char kind, const std::string& value) {
-    static const std::regex threeDecimals("-?[0-9]+\\.[0-9]{3}");
-    std::int32_t number = 0;
-    std::from_chars(value.data(), value.data() + value.size(), number);
-    return kind == 'd'   ? value == std::to_string(number)
-           : kind == 'f' ? std::regex_match(value, threeDecimals)
+    const auto read = [&value](auto number) {
+        std::from_chars(value.data(), value.data() + value.size(), number);
+        return number;
+    };
+    const bool hasLetters = value.find_first_not_of("-.0123456789") != std::string::npos;
+    return kind == 'd'   ? value == std::to_string(read(std::int32_t{0}))
+           : kind == 'f' ? !hasLetters && value == Printed(read(0.0))
                          : value.find('\0') == std::string::npos;
 }
 
@@ -212,9 +214,8 @@ private:
             Add(line, Quoted(key) + " is " + value + "; allowed is " + range);
         } else {
             const bool isSolver = row == solverHead || row == solverTail;
-            const auto [found, isNew] =
-                file_.emplace(isSolver ? "SolverName" : section_ + key, value);
-            if (!isNew && found->second != value) {
+            const auto found = file_.emplace(isSolver ? "SolverName" : section_ + key, value).first;
+            if (isSolver && found->second != value) {
                 Add(line, Expected(Filled(row, found->second), lines_[line]));
             }
         }

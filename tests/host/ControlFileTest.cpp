@@ -151,6 +151,25 @@ TEST(ControlFile, OneHugeLineGivesShortFaults) {
     EXPECT_EQ("65: \"" + std::string(160, 'x') + "...\" does not belong here", faults[0]);
 }
 
+TEST(ControlFile, AHugeNumberIsAFaultAsAnyOther) {
+    Lines lines = SampleLines();
+    lines[53 - 1] = "WeldlineAngle2 = " + std::string(200'000, '1') + ".000";
+    lines[54 - 1] = "WeldlineAngle3 = inf";
+    EXPECT_EQ((Texts{"53: expected \"WeldlineAngle2 = N.NNN\", found \"WeldlineAngle2 = " +
+                         std::string(160 - 17, '1') + "...\"",
+                     "54: expected \"WeldlineAngle3 = N.NNN\", found \"WeldlineAngle3 = inf\""}),
+              FaultsOf(Joined(lines)));
+}
+
+TEST(ControlFile, SectionsWithoutTheirTagsDoNotMixTheirKeys) {
+    Lines lines = SampleLines();
+    lines[40 - 1] = "#";
+    lines[41 - 1] = "#";
+    EXPECT_EQ((Texts{R"(40: expected "[\MATERIAL REDUCTION] ", found "#")",
+                     R"(41: expected "[PARTINSERT MATERIAL REDUCTION]", found "#")"}),
+              FaultsOf(Joined(lines)));
+}
+
 TEST(ControlFile, NoMoreThanTwentyFaultsAreListed) {
     const Texts faults = FaultsOf(Joined(SampleLines()) + std::string(100'000, '\n'));
     ASSERT_EQ(21U, faults.size());
