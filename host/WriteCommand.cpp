@@ -53,8 +53,13 @@ std::string ReasonAgainstWriting(const fs::path& file) {
 }
 
 /// What the text of the file says differently from what was asked for, if anything.
-std::string DifferenceFrom(const ControlFile& asked, const std::string& text) try {
-    const ControlFile found = ReadControlFile({}, text);
+std::string DifferenceFrom(const ControlFile& asked, const std::string& text) {
+    ControlFile found;
+    try {
+        found = ReadControlFile({}, text);
+    } catch (const Problems& faults) {
+        return "line " + std::to_string(faults[0].place.line) + ": " + faults[0].message;
+    }
     for (const auto& [key, value] : asked) {
         const auto line = found.find(key);
         if (line == found.end() || line->second != value) {
@@ -63,8 +68,6 @@ std::string DifferenceFrom(const ControlFile& asked, const std::string& text) tr
         }
     }
     return {};
-} catch (const Problems& faults) {
-    return "line " + std::to_string(faults[0].place.line) + ": " + faults[0].message;
 }
 
 /// Reads the file back. Throws unless it says what was asked for.

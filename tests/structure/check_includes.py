@@ -96,11 +96,13 @@ def source_files(root):
 
 
 def find_target(root, file, name):
-    """Looks where the compiler looks: beside the including file, then in include/ and the root."""
+    """Looks where the compiler looks: beside the including file, then in include/ and the root. A
+    header may be one that the build makes from its template, NAME.in."""
     for place in [PurePosixPath(file).parent, PurePosixPath("include"), PurePosixPath(".")]:
-        path = (root / place / name).resolve()
-        if path.is_file() and path.is_relative_to(root):
-            return path.relative_to(root).as_posix()
+        for ending in ["", ".in"]:
+            path = (root / place / (name + ending)).resolve()
+            if path.is_file() and path.is_relative_to(root):
+                return path.relative_to(root).as_posix()
     return None
 
 

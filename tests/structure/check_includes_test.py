@@ -162,6 +162,11 @@ class IncludeRules(unittest.TestCase):
             self.assert_fault({file: '#include "items/NoSuchFile.h"\n'},
                               f'{file}:1: there is no "items/NoSuchFile.h"')
 
+    def test_headers_that_the_build_makes_are_those_of_their_templates(self):
+        self.assert_fault(
+            {"host/Texts.h.in": "", "examples/New.cpp": '#include "host/Texts.h"\n'},
+            "examples/New.cpp:1: a host may include installed headers only, not host/Texts.h.in")
+
     def test_includes_of_macros_are_refused(self):
         self.assert_fault(
             {"items/New.cpp": "#include HEADER\n"},
