@@ -148,20 +148,19 @@ std::vector<Job> ReadJobs(const Surroundings& host) {
 }
 
 void RefuseSameFile(std::vector<Job>& jobs) {
-    const auto refuse = [](Job& job, const Job& other) {
-        job.problems.emplace_back(
-            Place{job.recipe.file},
-            Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write it too",
-            ExitCode::badUsage);
-    };
-    std::map<std::string, Job*> writers;
+    std::map<std::string, std::vector<Job*>> writers;
     for (Job& job : jobs) {
         if (job.problems.empty()) {
-            const auto [first, isFirst] = writers.emplace(FileIdentity(job.controlFile), &job);
-            if (!isFirst) {
-                refuse(job, *first->second);
-                refuse(*first->second, job);
-            }
+            writers[FileIdentity(job.controlFile)].push_back(&job);
+        }
+    }
+    for (const auto& [file, same] : writers) {
+        for (std::size_t i = 0; same.size() > 1 && i < same.size(); ++i) {
+            const Job& other = *same[i == 0 ? 1 : 0];
+            same[i]->problems.emplace_back(
+                Place{same[i]->recipe.file},
+                Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write it too",
+                ExitCode::badUsage);
         }
     }
 }

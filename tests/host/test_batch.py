@@ -68,6 +68,15 @@ class Batch(ProgramTest):
         self.assertIn("Cover01.cmi", self.files())
         self.assertNotIn("Cover02.cmi", self.files())
 
+    def test_each_of_many_recipes_of_the_same_file_is_refused_once(self):
+        for name in ("a.toml", "b.toml", "c.toml"):
+            self.make_recipe(PROJECT + TARGET, name)
+        done = self.run_program("write", "a.toml", "b.toml", "c.toml")
+        path = own_path(self.folder / "Cover02.cmi")
+        self.check(done, 2, None, f"a.toml: {path}: b.toml would write it too\n"
+                   f"b.toml: {path}: a.toml would write it too\n"
+                   f"c.toml: {path}: a.toml would write it too\n")
+
     def test_the_same_file_is_known_under_two_paths(self):
         (self.folder / "one").mkdir()
         self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "one"\n', "a.toml")
