@@ -38,7 +38,7 @@ void AddTargetOptions(CLI::App& command, Options& options) {
     command.add_option("--solver", options.solver, "Solver instead of the recipe's")
         ->type_name("S");
     command.add_option("--mesh", options.mesh, "Mesh kind instead of the recipe's")->type_name("M");
-    command.add_option("--set", options.choices, "Choice instead of the recipe's; repeatable")
+    command.add_option("--set", options.choices, "Choices instead of the recipe's")
         ->type_name("ITEM=CHOICE")
         ->allow_extra_args(false);
 }
@@ -71,6 +71,22 @@ void AddCheck(CLI::App& app, Options& options) {
     command.add_flag("--show", options.show, "Tell in words what each file asks for");
 }
 
+/// "--set A=1 B=2" as "--set A=1 --set B=2", which leaves recipes behind it alone.
+std::vector<std::string> WithSingleChoices(const std::vector<std::string>& arguments) {
+    std::vector<std::string> single;
+    bool mayFollow = false;
+    for (const std::string& argument : arguments) {
+        const bool isChoice =
+            mayFollow && !argument.starts_with('-') && argument.find('=') != std::string::npos;
+        if (isChoice && single.back() != "--set") {
+            single.emplace_back("--set");
+        }
+        single.push_back(argument);
+        mayFollow = isChoice || argument.starts_with("--set");
+    }
+    return single;
+}
+
 void AddGeneralOptions(CLI::App& app, Options& options) {
     app.add_flag("--json", options.json, "Print one JSON document instead of text");
     app.add_flag("--trace", options.trace, "Print the engine's trace lines on standard error");
@@ -90,6 +106,7 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Opt
     AddWrite(app, options);
     AddCheck(app, options);
     try {
+        arguments = WithSingleChoices(arguments);
         std::ranges::reverse(arguments);  // as CLI11 wants them
         app.parse(std::move(arguments));
         if (app.get_subcommands().empty()) {

@@ -206,6 +206,16 @@ class Write(ProgramTest):
             'cover.toml: --set foo=1: unknown item "foo"; nearest: runner, density, flow-stress\n'
             "cover.toml: --set bar: not of the form ITEM=CHOICE\n"))
 
+    def test_choices_of_the_command_line_may_follow_each_other(self):
+        expected = self.write("--set", "density=4", "--set", "thermal-stress=on",
+                              "--set", "fiber-orientation=2")
+        self.assertIn("DensityReduction = 8 (2~10)", expected)
+        for arguments in (["--set", "density=4", "thermal-stress=on", "fiber-orientation=2"],
+                          ["--set=density=4", "4=on", "--set", "0=2", "--mesh=original"]):
+            self.assertEqual(self.write(*arguments), expected)
+        done = self.run_program("write", "--set", "density=4", "4=on", "0=2", "cover.toml")
+        self.check(done, 0)
+
     def test_a_refused_choice_of_the_command_line_carries_the_engines_reason(self):
         self.write("--set", "runner=1", code=1,
                    stderr="cover.toml: --set runner=1: results missing: No runners\n")
