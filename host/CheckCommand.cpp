@@ -38,10 +38,10 @@ std::string MeshOf(const ControlFile& file) {
 
 std::string WeldLinesOf(const ControlFile& file) {
     std::string words;
-    for (const char* const number : {"1", "2", "3"}) {
-        const std::string angle(1, static_cast<char>(*number + 1));  // the first one is always 0
-        words += file.at(std::string("[REDUCTION RATE] ReductionRate") + number) + " at " +
-                 file.at("[WELDLINE ANGLE] WeldlineAngle" + angle) + " degrees, ";
+    for (int number = 1; number <= 3; ++number) {  // angle 1 is always 0
+        words += file.at("[REDUCTION RATE] ReductionRate" + std::to_string(number)) + " at " +
+                 file.at("[WELDLINE ANGLE] WeldlineAngle" + std::to_string(number + 1)) +
+                 " degrees, ";
     }
     return words + "Digimat " + file.at("[DIGIMAT WELDLINE ANGLE] WeldlineAngle") + " degrees";
 }

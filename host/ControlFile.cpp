@@ -109,8 +109,14 @@ std::string RangeAgainst(const std::string& value, const std::string& row) {
     return fits ? "" : range.str(1);
 }
 
+/// A line for a message, which a file that is none of the engine's may have endless ones for.
+std::string QuotedLine(const std::string& line) {
+    constexpr std::size_t longest = 160;
+    return Quoted(line.size() > longest ? line.substr(0, longest) + "..." : line);
+}
+
 std::string Expected(const std::string& line, const std::string& found) {
-    return "expected " + Quoted(line) + ", found " + Quoted(found);
+    return "expected " + QuotedLine(line) + ", found " + QuotedLine(found);
 }
 
 class Reader {
@@ -177,7 +183,7 @@ private:
             } else {
                 const std::string& text = lines_[line];
                 Add(line++,
-                    (text.empty() ? "an empty line" : Quoted(text)) + " does not belong here");
+                    (text.empty() ? "an empty line" : QuotedLine(text)) + " does not belong here");
             }
         }
     }

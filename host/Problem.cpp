@@ -18,14 +18,13 @@ std::string InOneLine(const Problem& problem) {
 }
 
 std::string Quoted(std::string_view text) {
-    constexpr std::size_t longest = 160;
     std::string quoted = "\"";
-    for (const char letter : text.substr(0, longest)) {
+    for (const char letter : text) {
         const auto byte = static_cast<unsigned char>(letter);
         const bool isControl = byte < 0x20 || byte == 0x7F;
         quoted += letter == '\t' ? "\\t" : std::string(1, isControl ? '?' : letter);
     }
-    return quoted + (text.size() > longest ? "...\"" : "\"");
+    return quoted + '"';
 }
 
 }  // namespace host

@@ -54,8 +54,7 @@ inline void ThrowAny(const Problems& problems) {
 /// "RECIPE:LINE:COLUMN: message", as far as the place is known.
 std::string InOneLine(const Problem& problem);
 
-/// In quotes, for a message: without control characters, which a terminal would obey, and not
-/// endless.
+/// In quotes, whole, but without control characters, which a terminal would obey.
 std::string Quoted(std::string_view text);
 
 }  // namespace host

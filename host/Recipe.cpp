@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <set>
 #include <sstream>
 #include <tuple>
 
@@ -184,12 +185,16 @@ std::string Unknown(const std::string& kind, const std::string& name, const Voca
 }
 
 void RefuseKey(const Reader& reader, const Place& place, const std::string& name) {
-    Vocabulary known = {{0, "project"}, {0, "target"},     {0, "control_file"}, {0, "output"},
-                        {0, "choices"}, {0, "weld_lines"}, {0, "require"}};
+    std::set<std::string> known = {"choices", "require"};
     for (const Key& key : keys) {
-        known.emplace_back(0, key.name);
+        known.emplace(key.name);
+        known.emplace(key.name.substr(0, key.name.find('.')));  // its section
     }
-    reader.Refuse(place, Unknown("key", name, known));
+    Vocabulary words;
+    for (const std::string& word : known) {
+        words.emplace_back(0, word);
+    }
+    reader.Refuse(place, Unknown("key", name, words));
 }
 
 void ReadKey(const Reader& reader, const Place& place, const std::string& name,

@@ -104,7 +104,7 @@ class Check(ProgramTest):
         self.assertEqual(words["Mesh"].strip(), "deformed after annealing, quadratic elements")
 
     def test_paths_are_never_broken(self):
-        path = "D:\\" + "a  long folder " * 10 + "\\Cover"
+        path = "D:\\" + "a  long folder " * 40 + "\\Cover"
         name = self.damage(("D:\\Handover\\Cover", path))
         self.assertIn(f'"{path}"\n', self.run_program("check", "--show", name).stdout)
 

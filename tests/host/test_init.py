@@ -81,6 +81,12 @@ class Init(ProgramTest):
         self.assertEqual(recipe["project"]["folder"], ".")
         self.assertEqual(tomllib.loads(self.init("Run02/"))["project"]["folder"], "Run02")
 
+    def test_a_long_folder_stands_whole_in_the_recipe(self):
+        folder = "a" * 90 + "/" + "b" * 80 + "/Run02"
+        self.make_run(folder=folder)
+        self.assertEqual(tomllib.loads(self.init(folder))["project"]["folder"], folder)
+        self.check(self.run_program("write", "Cover02.toml"), 0)
+
     def test_nothing_is_overwritten_without_force(self):
         self.make_run()
         self.make_recipe("mine", "Cover02.toml")
