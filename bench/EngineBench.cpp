@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "ZorbI2Engine.h"
+#include <zorbi2/ZorbI2Engine.h>
+
 #include "platform/PlatformCalls.h"
 
 extern std::atomic<long> allocations;  // CountedAllocations.cpp

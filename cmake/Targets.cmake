@@ -35,7 +35,7 @@ function(zorbi2_settings target)
             ${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow
                               -Wconversion -Wno-sign-conversion>)
         if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-            # Finds overlaps in optimised string concatenations where there are none.
+            # Finds overlaps in optimized string concatenations where there are none.
             target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
         endif()
     endif()

@@ -2,41 +2,25 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
+
+#include <zorbi2/ControlFileFormat.h>
 
 #include "cmi/WeldlineData.h"
 #include "platform/CheckedElement.h"
 
 using platform::CheckedElement;
 
+namespace cmi {
+
 namespace {
 
 constexpr std::int32_t fileVersion = 9064;
 
-constexpr std::int32_t materialReductionItem = 0;
-constexpr std::int32_t runnerItem = 1;
-constexpr std::int32_t digimatItem = 11;
-constexpr std::int32_t insertReductionItem = 12;
-constexpr std::int32_t densityItem = 13;
-constexpr std::int32_t compositeModelItem = 15;
-
-/// Keywords by solver: the file's own, not the display names.
-constexpr auto solverKeywords = std::to_array<const char*>({
-    "ANSYS",
-    "ABAQUS",
-    "MSCNASTRAN",
-    "NENASTRAN",
-    "LSDYNA",
-    "MARC",
-    "NXNASTRAN",
-    "RADIOSS",
-    "WORKBENCH",
-});
-static_assert(solverKeywords.size() == kSolverCount);
-
 const char* KeywordOf(SolverIndex solver) {
     const auto row = static_cast<std::uint32_t>(solver);
-    return row < solverKeywords.size() ? solverKeywords[row] : "";
+    return row < std::size(kSolverKeywords) ? kSolverKeywords[row] : "";
 }
 
 /// Segments by material reduction level; the same number for the three angle axes.
@@ -82,12 +66,12 @@ bool IsOutput(const ItemArray& items, std::int32_t itemId) {
         return false;
     }
     switch (itemId) {
-        case materialReductionItem:
-        case insertReductionItem:
+        case kItemFiberOrientation:
+        case kItemInsertFiberMaterial:
             return option != reductionNone;
-        case runnerItem:
+        case kItemRunner:
             return option == includeRunner;
-        case densityItem:
+        case kItemDensity:
             return option != constantDensity;
         default:
             return option >= 0 || items[itemId]->checkState == 1;
@@ -95,9 +79,8 @@ bool IsOutput(const ItemArray& items, std::int32_t itemId) {
 }
 
 void FillMeshKind(CZorbI2CMIData& data, const CMIDataSource& source) {
-    constexpr std::int32_t annealingProject = 3;
-    const bool isAnnealed =
-        source.offeredProjectType == annealingProject && source.annealingMode == 1;
+    const bool isAnnealed = source.offeredProjectType == kProjectTypeAnnealing &&
+                            source.annealingMode == kAnnealingDeformedMesh;
     data.IsOriginalMesh = source.meshKind == kMeshOriginal;
     data.IsDeformedMesh = source.meshKind == kMeshDeformed && !isAnnealed;
     data.IsMappedMesh = source.meshKind == kMeshMapped;
@@ -107,7 +90,7 @@ void FillMeshKind(CZorbI2CMIData& data, const CMIDataSource& source) {
 
 void FillOutputFlags(CZorbI2CMIData& data, const ItemArray& items) {
     for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
-        if (itemId != compositeModelItem) {
+        if (itemId != kItemMicroMechanics) {
             data.OutputFlags[itemId] = IsOutput(items, itemId);
         }
     }
@@ -119,14 +102,14 @@ void FillSegments(CZorbI2CMIData& data, const ItemArray& items) {
     data.SegmentY = mapDomainSegments;
     data.SegmentZ = mapDomainSegments;
 
-    const ReductionLevel part = ReductionLevelOf(OptionOf(items, materialReductionItem));
+    const ReductionLevel part = ReductionLevelOf(OptionOf(items, kItemFiberOrientation));
     data.FiberThetaXSegment = part.theta;
     data.FiberThetaYSegment = part.theta;
     data.FiberThetaZSegment = part.theta;
     data.FiberStrengthXSegment = part.strengthX;
     data.FiberStrengthYSegment = part.strengthY;
 
-    const ReductionLevel insert = ReductionLevelOf(OptionOf(items, insertReductionItem));
+    const ReductionLevel insert = ReductionLevelOf(OptionOf(items, kItemInsertFiberMaterial));
     data.InsertFiberThetaXSegment = insert.theta;
     data.InsertFiberThetaYSegment = insert.theta;
     data.InsertFiberThetaZSegment = insert.theta;
@@ -149,10 +132,11 @@ void ResetCMIData(CZorbI2CMIData& data) {
     CZorbI2CMIData fresh;
     fresh.FileVersion = fileVersion;
     fresh.DigimatWeldlineAngle = kDefaultDigimatWeldlineAngle;
-    // Kept on purpose; the fill assigns them all but OutputFlags[15].
+    // Kept on purpose; the fill assigns them all but the flag of the composite model.
     fresh.SolverName = std::move(data.SolverName);
     fresh.IsDistributeModel = data.IsDistributeModel;
-    std::copy(data.OutputFlags + 15, data.OutputFlags + 21, fresh.OutputFlags + 15);
+    std::copy(data.OutputFlags + kItemMicroMechanics, data.OutputFlags + kItemAnnealingStress,
+              fresh.OutputFlags + kItemMicroMechanics);
     fresh.IsViewEditModelMapping = data.IsViewEditModelMapping;
     data = std::move(fresh);
 }
@@ -161,7 +145,7 @@ void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source) {
     constexpr std::int32_t distributeModel = 6;
     constexpr std::int32_t densityReductionNone = 6;
     const ItemArray& items = source.items;
-    const std::int32_t densityOption = OptionOf(items, densityItem);
+    const std::int32_t densityOption = OptionOf(items, kItemDensity);
 
     FillMeshKind(data, source);
     data.SolverName = KeywordOf(source.currentSolver);
@@ -169,11 +153,11 @@ void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source) {
     data.SolverType = source.solverType;
     data.ProjectType = source.projectType;
     data.QuadraticElement = source.quadraticElement != 0;
-    data.IDCompositeModel = OptionOf(items, compositeModelItem);
+    data.IDCompositeModel = OptionOf(items, kItemMicroMechanics);
     data.MapFile = source.mapFile;
     data.OutFolder = source.outFolder;
     // These two follow the options alone, whether or not the item's results exist.
-    data.IsDistributeModel = OptionOf(items, materialReductionItem) == distributeModel;
+    data.IsDistributeModel = OptionOf(items, kItemFiberOrientation) == distributeModel;
     FillOutputFlags(data, items);
     data.IsDoDensityReduction = densityOption > 0 && densityOption != densityReductionNone;
     FillSegments(data, items);
@@ -181,5 +165,7 @@ void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source) {
     FillWeldlineData(data, source.weldlineData);
     data.DigimatWeldlineAngle = source.digimatWeldlineAngle;
     data.IsViewEditModelMapping = source.viewEdit;
-    data.DigimatOption = OptionOf(items, digimatItem);
+    data.DigimatOption = OptionOf(items, kItemDigimatExport);
 }
+
+}  // namespace cmi

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <string>
 
-#include "CZorbI2Item.h"
-#include "CZorbI2WeldlineDataStatus.h"
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2Item.h>
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
+namespace cmi {
 
 /// All that the data block is filled from; the engine hands it over.
 struct CMIDataSource {
@@ -25,10 +27,12 @@ struct CMIDataSource {
     bool viewEdit;
 };
 
-/// Sets the fields to their starting values. Leaves SolverName, IsDistributeModel,
-/// OutputFlags[15..20] and IsViewEditModelMapping as they are.
+/// Sets the fields to their starting values. Leaves SolverName, IsDistributeModel, the output flags
+/// from the composite model to the Digimat temperature, and IsViewEditModelMapping as they are.
 void ResetCMIData(CZorbI2CMIData& data);
 
 /// Fills a block that was reset. Weld-line lists with fewer than three elements raise
 /// std::out_of_range("invalid vector<T> subscript").
 void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source);
+
+}  // namespace cmi

@@ -1,6 +1,4 @@
-#include "cmi/CZorbI2AccessCMIFile.h"
-
-#include <algorithm>
+#include <zorbi2/CZorbI2AccessCMIFile.h>
 
 #include "cmi/CMIFileText.h"
 #include "platform/Files.h"
@@ -12,8 +10,7 @@ void CZorbI2AccessCMIFile::Write(const std::vector<std::int32_t>& partItems,
     std::vector<std::int32_t> itemIds = partItems;
     itemIds.insert(itemIds.end(), partInsertItems.begin(), partInsertItems.end());
     itemIds.insert(itemIds.end(), moldbaseItems.begin(), moldbaseItems.end());
-    std::sort(itemIds.begin(), itemIds.end());  // an id in two lists prints twice: meant
     // The text first: without memory for it, the old file stays whole.
-    const std::string text = CMIFileText(data, itemIds);
+    const std::string text = cmi::CMIFileText(data, itemIds);
     platform::TextFile(filePath).Write(text);
 }

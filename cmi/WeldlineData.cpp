@@ -4,6 +4,8 @@
 
 using platform::CheckedElement;
 
+namespace cmi {
+
 CZorbI2WeldlineDataStatus DefaultWeldlineData() {
     CZorbI2WeldlineDataStatus data;
     data.WeldlineAngles = {30.0, 60.0, 90.0};
@@ -44,3 +46,5 @@ void TakeWeldlineValues(const std::vector<CZorbI2WeldlineDataStatus>& table, Sol
         workingData.ReductionRates.push_back(CheckedElement(record.ReductionRates, position));
     }
 }
+
+}  // namespace cmi

@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "CZorbI2WeldlineDataStatus.h"
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
+namespace cmi {
 
 /// Number of angles and of rates that the control parameter file takes.
 constexpr std::int32_t kWeldlineValueCount = 3;
@@ -27,3 +29,5 @@ void StoreWeldlineValues(std::vector<CZorbI2WeldlineDataStatus>& table, SolverIn
 /// leaves the working data as it was.
 void TakeWeldlineValues(const std::vector<CZorbI2WeldlineDataStatus>& table, SolverIndex solver,
                         CZorbI2WeldlineDataStatus& workingData);
+
+}  // namespace cmi

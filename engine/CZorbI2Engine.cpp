@@ -1,9 +1,8 @@
-#include "engine/CZorbI2Engine.h"
+#include <zorbi2/CZorbI2Engine.h>
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "cmi/CMIDataFill.h"
 #include "cmi/WeldlineData.h"
 #include "items/ItemCatalogue.h"
 #include "items/SolverSlots.h"
@@ -53,10 +52,10 @@ CZorbI2Engine::~CZorbI2Engine() {
 void CZorbI2Engine::BuildCatalogue() {
     const CZorbFEAInformation& info = *feaInformation;
     solverOffered = OfferedSolvers(info.solverType);
-    BuildSolverSlots(solverSlots, solverOffered, info.solverType, info.voxelFlag);
-    BuildItemCatalogue(items, info.solverType,
-                       [this](std::int32_t itemId) { return GetProjectResults(itemId); });
-    weldlineAngleSet = std::make_unique<CZorbI2WeldlineDataStatus>(DefaultWeldlineData());
+    items::BuildSolverSlots(solverSlots, solverOffered, info.solverType, info.voxelFlag);
+    items::BuildItemCatalogue(items, info.solverType,
+                              [this](std::int32_t itemId) { return GetProjectResults(itemId); });
+    weldlineAngleSet = std::make_unique<CZorbI2WeldlineDataStatus>(cmi::DefaultWeldlineData());
     popItemSelector = std::make_unique<PopItemSelector>(info.solverType, items, *weldlineAngleSet,
                                                         info.voxelFlag, info.projectType);
 }
@@ -114,7 +113,7 @@ bool CZorbI2Engine::GetItem(ItemCategory category, std::int32_t itemId, CZorbI2I
 
 bool CZorbI2Engine::GetItemAllOptions(std::int32_t itemId,
                                       std::map<std::int32_t, std::string>& options) const {
-    // The id is not checked, on purpose.
+    // The id is not checked: deliberate.
     if (!items[itemId]) {
         options.clear();
         return false;
@@ -136,39 +135,21 @@ void CZorbI2Engine::SetItemsValue() {
 }
 
 ResultCode CZorbI2Engine::GetProjectResults(std::int32_t itemId) {
-    return results::CheckResults({*feaInformation, flagPrevShot, valueShotRunID}, itemId);
+    results::Run run{*feaInformation, flagPrevShot, valueShotRunID};
+    return results::CheckResults(run, itemId);
 }
 
 void CZorbI2Engine::SetWeldlineDataStatus(SolverIndex solver, const std::vector<double>& angles,
                                           const std::vector<double>& rates) {
-    StoreWeldlineValues(popItemSelector->weldlineTable, solver, angles, rates);
+    cmi::StoreWeldlineValues(popItemSelector->weldlineTable, solver, angles, rates);
 }
 
 void CZorbI2Engine::SetWeldlineDataValue() {
-    TakeWeldlineValues(popItemSelector->weldlineTable, popItemSelector->currentWeldlineIndex,
-                       *weldlineAngleSet);
+    cmi::TakeWeldlineValues(popItemSelector->weldlineTable, popItemSelector->currentWeldlineIndex,
+                            *weldlineAngleSet);
 }
 
 void CZorbI2Engine::GetWeldlinePopData(SolverIndex solver,
                                        CZorbI2WeldlineDataStatus& record) const {
     record = CheckedElement(popItemSelector->weldlineTable, solver);
-}
-
-CMIDataSource CZorbI2Engine::SourceOfCMIData() const {
-    const PopItemSelector& selector = *popItemSelector;
-    return {
-        items,
-        selector.currentSolver,
-        selector.meshKind,
-        selector.quadraticElement,
-        selector.annealingMode,
-        selector.projectType,
-        feaInformation->solverType,
-        feaInformation->projectType,
-        mappedMeshFilePath,
-        outFolder,
-        *weldlineAngleSet,
-        digimatWeldlineAngle,
-        viewEdit,
-    };
 }

@@ -1,15 +1,16 @@
 // Forwards to the engine, the data block and the writer. No logic of its own.
-#include "CZorbI2EngineManager.h"
+#include <zorbi2/CZorbI2EngineManager.h>
 
 #include <cassert>
 #include <new>
 #include <utility>
 
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2Engine.h>
+#include <zorbi2/PopItemSelector.h>
+
 #include "cmi/CMIDataFill.h"
-#include "cmi/CZorbI2AccessCMIFile.h"
-#include "cmi/CZorbI2CMIData.h"
-#include "engine/CZorbI2Engine.h"
-#include "engine/PopItemSelector.h"
 
 namespace {
 
@@ -35,6 +36,25 @@ CZorbI2Engine& WithCatalogue(CZorbI2Engine* engine) {
 
 PopItemSelector& SelectorOf(CZorbI2Engine* engine) {
     return *WithCatalogue(engine).popItemSelector;
+}
+
+cmi::CMIDataSource SourceOfCMIData(const CZorbI2Engine& engine) {
+    const PopItemSelector& selector = *engine.popItemSelector;
+    return {
+        .items = engine.items,
+        .currentSolver = selector.currentSolver,
+        .meshKind = selector.meshKind,
+        .quadraticElement = selector.quadraticElement,
+        .annealingMode = selector.annealingMode,
+        .offeredProjectType = selector.projectType,
+        .solverType = engine.feaInformation->solverType,
+        .projectType = engine.feaInformation->projectType,
+        .mapFile = engine.mappedMeshFilePath,
+        .outFolder = engine.outFolder,
+        .weldlineData = *engine.weldlineAngleSet,
+        .digimatWeldlineAngle = engine.digimatWeldlineAngle,
+        .viewEdit = engine.viewEdit,
+    };
 }
 
 }  // namespace
@@ -65,7 +85,7 @@ bool CZorbI2EngineManager::CreateCMIDataBlock() {
     if (cmiData == nullptr) {
         return false;
     }
-    ResetCMIData(*cmiData);
+    cmi::ResetCMIData(*cmiData);
     return true;
 }
 
@@ -208,11 +228,11 @@ bool CZorbI2EngineManager::GetWeldlinePopData(int solver, CZorbI2WeldlineDataSta
 bool CZorbI2EngineManager::WriteCMIFile(int /*ignored*/) {
     CZorbI2CMIData& data = Created(cmiData);
     const CZorbI2AccessCMIFile& writer = Created(accessCmiFile);
-    ResetCMIData(data);
+    cmi::ResetCMIData(data);
     if (!Created(engine).popItemSelector) {
         return true;  // a bare engine has nothing to hand over
     }
-    FillCMIData(data, engine->SourceOfCMIData());
+    cmi::FillCMIData(data, SourceOfCMIData(*engine));
     const PopItemSelector& selector = *engine->popItemSelector;
     writer.Write(selector.partPopItems, selector.partInsertPopItems, selector.moldbasePopItems,
                  data);

@@ -1,23 +1,13 @@
 #include "engine/OfferedItemTables.h"
 
-#include <algorithm>
 #include <array>
-#include <initializer_list>
+#include <span>
+
+namespace engine {
 
 namespace {
 
-/// Item ids in a row of a table.
-class Ids {
-public:
-    constexpr Ids(std::initializer_list<std::int32_t> ids) : count_(ids.size()) {
-        std::copy(ids.begin(), ids.end(), ids_.begin());
-    }
-    constexpr operator std::span<const std::int32_t>() const { return {ids_.data(), count_}; }
-
-private:
-    std::array<std::int32_t, 16> ids_{};
-    std::size_t count_;
-};
+using Ids = std::span<const std::int32_t>;
 
 struct OfferTable {
     Ids part;
@@ -25,24 +15,68 @@ struct OfferTable {
     Ids moldbase;
 };
 
-// 4 stands before 3, and 15 before 0, on purpose.
+// ---- The groups of the dialog -------------------------------------------------------------------
+
+// Short words, so that a row stays a row.
+constexpr std::int32_t model = kItemMicroMechanics;
+constexpr std::int32_t fiber = kItemFiberOrientation;
+constexpr std::int32_t runner = kItemRunner;
+constexpr std::int32_t thermal = kItemThermalStress;
+constexpr std::int32_t flow = kItemFlowInducedStress;
+constexpr std::int32_t strain = kItemInitialStrain;
+constexpr std::int32_t packing = kItemPackingTemperature;
+constexpr std::int32_t cooling = kItemEndOfCoolingTemperature;
+constexpr std::int32_t digimat = kItemDigimatExport;
+constexpr std::int32_t digiWeld = kItemDigimatWeldLine;
+constexpr std::int32_t mucell = kItemDigimatMucell;
+constexpr std::int32_t digiFiber = kItemDigimatFiber;
+constexpr std::int32_t digiStress = kItemDigimatStress;
+constexpr std::int32_t digiTemp = kItemDigimatTemperature;
+constexpr std::int32_t density = kItemDensity;
+constexpr std::int32_t weld = kItemWeldLine;
+constexpr std::int32_t annealing = kItemAnnealingStress;
+
+// Thermal before flow-induced stress, and the model before all: deliberate.
 // clang-format off
-constexpr OfferTable nothing{{}, {}, {}};
-constexpr OfferTable t1 {{15, 0, 1, 4, 3, 5, 8, 9, 11, 16, 17, 18, 19, 20, 13, 14}, {6, 12}, {2, 7, 10}};
-constexpr OfferTable t2 {{15, 0, 1,       5, 8, 9, 11, 16, 17, 18, 19, 20, 13, 14}, {6, 12}, {2, 7, 10}};
-constexpr OfferTable t3 {{15, 0, 1,       5, 8, 9,                         13, 14}, {6, 12}, {2, 7, 10}};
-constexpr OfferTable t4 {{15, 0, 1,                11, 16, 17, 18, 19, 20, 13, 14},    {12}, {}};
-constexpr OfferTable t5 {{15, 0, 1,                11, 16, 17, 18, 19, 20, 13, 14},      {}, {}};
-constexpr OfferTable t6 {{15, 0, 1,            11, 16, 17, 18, 19, 20, 13, 14, 21},      {}, {}};
-constexpr OfferTable t7 {{15, 0, 1,            11, 16, 17, 18, 19, 20, 13, 14, 21},    {12}, {}};
-constexpr OfferTable t8 {{15, 0, 1,                                        13, 14},      {}, {}};
-constexpr OfferTable t9 {{15, 0, 1, 4, 3, 5, 8, 9,                         13, 14},      {}, {}};
-constexpr OfferTable t10{{5, 8, 9},                                                      {}, {}};
-constexpr OfferTable t11{{0, 5, 8},                                                      {}, {}};
-constexpr OfferTable t12{{0},                                                            {}, {}};
-constexpr OfferTable t13{{0, 5, 8, 11},                                                  {}, {}};
-constexpr OfferTable t14{{0, 11},                                                        {}, {}};
-constexpr OfferTable t15{{0, 5, 8, 9, 11},                                               {}, {}};
+constexpr std::int32_t fullPart[]                = {model, fiber, runner, thermal, flow, strain, packing, cooling, digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
+constexpr std::int32_t partWithoutStress[]       = {model, fiber, runner,                strain, packing, cooling, digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
+constexpr std::int32_t partWithoutStressAndDigimat[] = {model, fiber, runner,            strain, packing, cooling,                                                               density, weld};
+constexpr std::int32_t partWithoutDigimat[]      = {model, fiber, runner, thermal, flow, strain, packing, cooling,                                                               density, weld};
+constexpr std::int32_t deformedPart[]            = {model, fiber, runner,                                          digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
+constexpr std::int32_t annealedPart[]            = {model, fiber, runner,                                          digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld, annealing};
+constexpr std::int32_t deformedPartWithoutDigimat[] = {model, fiber, runner,                                                                                                     density, weld};
+
+constexpr std::int32_t mappedToShell[]           = {strain, packing, cooling};
+
+constexpr std::int32_t fiberAlone[]              = {fiber};
+constexpr std::int32_t fiberAndDigimat[]         = {fiber,                           digimat};
+constexpr std::int32_t fiberAndStrain[]          = {fiber, strain, packing};
+constexpr std::int32_t fiberStrainAndDigimat[]   = {fiber, strain, packing,          digimat};
+constexpr std::int32_t fullShell[]               = {fiber, strain, packing, cooling, digimat};
+
+constexpr std::int32_t fullInsert[]              = {kItemInsertFlowPressure, kItemInsertFiberMaterial};
+constexpr std::int32_t insertFiber[]             = {kItemInsertFiberMaterial};
+
+constexpr std::int32_t fullMoldbase[]            = {kItemMoldbaseMesh, kItemMoldbasePressure, kItemMoldbaseTemperature};
+
+// ---- What is offered together -------------------------------------------------------------------
+
+constexpr OfferTable nothing                {{},                          {},          {}};
+constexpr OfferTable everything             {fullPart,                    fullInsert,  fullMoldbase};
+constexpr OfferTable withoutStress          {partWithoutStress,           fullInsert,  fullMoldbase};
+constexpr OfferTable withoutStressAndDigimat{partWithoutStressAndDigimat, fullInsert,  fullMoldbase};
+constexpr OfferTable workbench              {partWithoutDigimat,          {},          {}};
+constexpr OfferTable deformed               {deformedPart,                {},          {}};
+constexpr OfferTable deformedWithInsert     {deformedPart,                insertFiber, {}};
+constexpr OfferTable annealed               {annealedPart,                {},          {}};
+constexpr OfferTable annealedWithInsert     {annealedPart,                insertFiber, {}};
+constexpr OfferTable deformedWithoutDigimat {deformedPartWithoutDigimat,  {},          {}};
+constexpr OfferTable shellMapping           {mappedToShell,               {},          {}};
+constexpr OfferTable shell                  {fiberAlone,                  {},          {}};
+constexpr OfferTable shellDigimat           {fiberAndDigimat,             {},          {}};
+constexpr OfferTable shellStrain            {fiberAndStrain,              {},          {}};
+constexpr OfferTable shellStrainDigimat     {fiberStrainAndDigimat,       {},          {}};
+constexpr OfferTable shellEverything        {fullShell,                   {},          {}};
 // clang-format on
 
 /// What one solver offers for one mesh kind, by annealing mode.
@@ -57,6 +91,11 @@ struct Offer {
     const OfferTable& otherMode;
 };
 
+// In annealing modes other than 0 and 1 ANSYS offers nothing and ABAQUS does: deliberate.
+constexpr Offer deformedAnsys{deformedWithInsert, annealedWithInsert, nothing};
+constexpr Offer deformedAbaqus{deformedWithInsert, annealedWithInsert, deformedWithInsert};
+constexpr Offer deformedOrAnnealed{deformed, annealed, deformed};
+
 /// One solver's offers by mesh kind, and the one for mesh kinds that do not exist.
 struct SolverOffers {
     SolverIndex solver;
@@ -67,60 +106,84 @@ struct SolverOffers {
     Offer otherMesh;
 };
 
-// The two offers that depend on annealing. ANSYS offers nothing in modes other than 0 and 1,
-// ABAQUS does; that is meant.
-constexpr Offer t4Ansys{t4, t7, nothing};
-constexpr Offer t4Abaqus{t4, t7, t4};
-constexpr Offer t5Annealed{t5, t6, t5};
+using OffersBySolver = std::array<SolverOffers, kSolverCount>;
+
+// ---- The offers of the three families of projects -----------------------------------------------
 
 // clang-format off
-constexpr auto solidOffers = std::to_array<SolverOffers>({
-    //                  original  deformed    mapped   shell mapping  other mesh
-    {kSolverAnsys,      t1,       t4Ansys,    t1,      nothing,       nothing},
-    {kSolverAbaqus,     t1,       t4Abaqus,   t1,      nothing,       nothing},
-    {kSolverMscNastran, t2,       t5,         t2,      nothing,       nothing},
-    {kSolverNeNastran,  t3,       t8,         t3,      nothing,       nothing},
-    {kSolverLsDyna,     t1,       t5Annealed, t1,      t10,           nothing},
-    {kSolverMarc,       t1,       t5Annealed, t1,      nothing,       nothing},
-    {kSolverNxNastran,  t3,       t8,         t3,      nothing,       nothing},
-    {kSolverRadioss,    t2,       t5,         t2,      nothing,       nothing},
-    {kSolverWorkbench,  t9,       t9,         t9,      t9,            t9},
-});
+constexpr OffersBySolver solidOffers{{
+    //                  original                 deformed                mapped                   shell mapping  other mesh
+    {kSolverAnsys,      everything,              deformedAnsys,          everything,              nothing,       nothing},
+    {kSolverAbaqus,     everything,              deformedAbaqus,         everything,              nothing,       nothing},
+    {kSolverMscNastran, withoutStress,           deformed,               withoutStress,           nothing,       nothing},
+    {kSolverNeNastran,  withoutStressAndDigimat, deformedWithoutDigimat, withoutStressAndDigimat, nothing,       nothing},
+    {kSolverLsDyna,     everything,              deformedOrAnnealed,     everything,              shellMapping,  nothing},
+    {kSolverMarc,       everything,              deformedOrAnnealed,     everything,              nothing,       nothing},
+    {kSolverNxNastran,  withoutStressAndDigimat, deformedWithoutDigimat, withoutStressAndDigimat, nothing,       nothing},
+    {kSolverRadioss,    withoutStress,           deformed,               withoutStress,           nothing,       nothing},
+    {kSolverWorkbench,  workbench,               workbench,              workbench,               workbench,     workbench},
+}};
 
-constexpr auto solidVoxelOffers = std::to_array<SolverOffers>({
-    //                  original  deformed    mapped   shell mapping  other mesh
-    {kSolverAnsys,      nothing,  nothing,    t1,      nothing,       nothing},
-    {kSolverAbaqus,     nothing,  nothing,    t1,      nothing,       nothing},
-    {kSolverMscNastran, nothing,  nothing,    t2,      nothing,       nothing},
-    {kSolverNeNastran,  nothing,  nothing,    t3,      nothing,       nothing},
-    {kSolverLsDyna,     nothing,  nothing,    t1,      t10,           nothing},
-    {kSolverMarc,       nothing,  nothing,    t1,      nothing,       nothing},
-    {kSolverNxNastran,  nothing,  nothing,    t3,      nothing,       nothing},
-    {kSolverRadioss,    nothing,  nothing,    t2,      nothing,       nothing},
-    {kSolverWorkbench,  t9,       t9,         t9,      t9,            t9},
-});
+constexpr OffersBySolver solidVoxelOffers{{
+    //                  original   deformed   mapped                   shell mapping  other mesh
+    {kSolverAnsys,      nothing,   nothing,   everything,              nothing,       nothing},
+    {kSolverAbaqus,     nothing,   nothing,   everything,              nothing,       nothing},
+    {kSolverMscNastran, nothing,   nothing,   withoutStress,           nothing,       nothing},
+    {kSolverNeNastran,  nothing,   nothing,   withoutStressAndDigimat, nothing,       nothing},
+    {kSolverLsDyna,     nothing,   nothing,   everything,              shellMapping,  nothing},
+    {kSolverMarc,       nothing,   nothing,   everything,              nothing,       nothing},
+    {kSolverNxNastran,  nothing,   nothing,   withoutStressAndDigimat, nothing,       nothing},
+    {kSolverRadioss,    nothing,   nothing,   withoutStress,           nothing,       nothing},
+    {kSolverWorkbench,  workbench, workbench, workbench,               workbench,     workbench},
+}};
 
-constexpr auto shellOffers = std::to_array<SolverOffers>({
-    //                  original  deformed    mapped   shell mapping  other mesh
-    {kSolverAnsys,      t13,      t12,        t13,     nothing,       nothing},
-    {kSolverAbaqus,     t15,      t12,        t15,     nothing,       nothing},
-    {kSolverMscNastran, t12,      t12,        t12,     nothing,       nothing},
-    {kSolverNeNastran,  t12,      t12,        t12,     nothing,       nothing},
-    {kSolverLsDyna,     t14,      t12,        t14,     nothing,       nothing},
-    {kSolverMarc,       t11,      t12,        t11,     nothing,       nothing},
-    {kSolverNxNastran,  t12,      t12,        t12,     nothing,       nothing},
-    {kSolverRadioss,    t12,      t12,        t12,     nothing,       nothing},
-});
+constexpr OffersBySolver shellOffers{{
+    //                  original            deformed  mapped              shell mapping  other mesh
+    {kSolverAnsys,      shellStrainDigimat, shell,    shellStrainDigimat, nothing,       nothing},
+    {kSolverAbaqus,     shellEverything,    shell,    shellEverything,    nothing,       nothing},
+    {kSolverMscNastran, shell,              shell,    shell,              nothing,       nothing},
+    {kSolverNeNastran,  shell,              shell,    shell,              nothing,       nothing},
+    {kSolverLsDyna,     shellDigimat,       shell,    shellDigimat,       nothing,       nothing},
+    {kSolverMarc,       shellStrain,        shell,    shellStrain,        nothing,       nothing},
+    {kSolverNxNastran,  shell,              shell,    shell,              nothing,       nothing},
+    {kSolverRadioss,    shell,              shell,    shell,              nothing,       nothing},
+    {kSolverWorkbench,  nothing,            nothing,  nothing,            nothing,       nothing},
+}};
 // clang-format on
 
-std::span<const SolverOffers> OffersOf(ProjectFamily family) {
-    switch (family) {
-        case ProjectFamily::solid:
-            return solidOffers;
-        case ProjectFamily::solidVoxel:
-            return solidVoxelOffers;
+constexpr bool EachSolverHasItsRow(const OffersBySolver& offers) {
+    for (SolverIndex solver = 0; solver < kSolverCount; ++solver) {
+        if (offers[solver].solver != solver) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(EachSolverHasItsRow(solidOffers) && EachSolverHasItsRow(solidVoxelOffers) &&
+              EachSolverHasItsRow(shellOffers));
+
+/// The items that belong to one project type alone.
+struct ItemOfOneProjectType {
+    std::int32_t itemId;
+    std::int32_t projectType;
+};
+
+constexpr auto itemsOfOneProjectType = std::to_array<ItemOfOneProjectType>({
+    {kItemDigimatMucell, kProjectTypeMucell},
+    {kItemAnnealingStress, kProjectTypeAnnealing},
+});
+
+// ---- The walk through the tables ----------------------------------------------------------------
+
+/// Null for a project that is neither solid nor shell.
+const OffersBySolver* OffersOf(const OfferProject& project) {
+    switch (project.solverType) {
+        case kSolidProject:
+            return project.voxelFlag == 1 ? &solidVoxelOffers : &solidOffers;
+        case kShellProject:
+            return &shellOffers;
         default:
-            return shellOffers;
+            return nullptr;
     }
 }
 
@@ -143,33 +206,52 @@ const OfferTable& TableForMode(const Offer& offer, std::int32_t annealingMode) {
     switch (annealingMode) {
         case 0:
             return offer.mode0;
-        case 1:
+        case kAnnealingDeformedMesh:
             return offer.mode1;
         default:
             return offer.otherMode;
     }
 }
 
-}  // namespace
+const OfferTable& TableFor(const OffersBySolver& offers, const OfferStatus& status) {
+    if (static_cast<std::uint32_t>(status.solver) >= offers.size()) {
+        return nothing;
+    }
+    return TableForMode(OfferForMesh(offers[status.solver], status.meshKind), status.annealingMode);
+}
 
-OfferedItems OfferedItemsFor(ProjectFamily family, const OfferStatus& status) {
-    for (const SolverOffers& offers : OffersOf(family)) {
-        if (offers.solver == status.solver) {
-            const OfferTable& table =
-                TableForMode(OfferForMesh(offers, status.meshKind), status.annealingMode);
-            return {table.part, table.partInsert, table.moldbase};
+bool IsOfType(std::int32_t itemId, std::int32_t projectType) {
+    for (const ItemOfOneProjectType& row : itemsOfOneProjectType) {
+        if (row.itemId == itemId) {
+            return row.projectType == projectType;
         }
     }
-    return {};
+    return true;
 }
 
-bool IsOfferedForProjectType(std::int32_t itemId, std::int32_t projectType) {
-    switch (itemId) {
-        case 17:
-            return projectType == 9;
-        case 21:
-            return projectType == 3;
-        default:
-            return true;
+void Append(Ids ids, std::int32_t projectType, std::vector<std::int32_t>& list) {
+    for (const std::int32_t itemId : ids) {
+        if (IsOfType(itemId, projectType)) {
+            list.push_back(itemId);
+        }
     }
 }
+
+}  // namespace
+
+void ListOfferedItems(const OfferProject& project, const OfferStatus& status,
+                      const OfferLists& lists) {
+    const OffersBySolver* offers = OffersOf(project);
+    if (offers == nullptr) {
+        return;
+    }
+    lists.part.clear();
+    lists.partInsert.clear();
+    lists.moldbase.clear();
+    const OfferTable& table = TableFor(*offers, status);
+    Append(table.part, project.projectType, lists.part);
+    Append(table.partInsert, project.projectType, lists.partInsert);
+    Append(table.moldbase, project.projectType, lists.moldbase);
+}
+
+}  // namespace engine

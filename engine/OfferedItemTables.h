@@ -2,15 +2,17 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
+#include <vector>
 
-#include "ZorbI2Types.h"
+#include <zorbi2/ZorbI2Types.h>
 
-/// The items of the three groups in offering order, before the conditions on the project type.
-struct OfferedItems {
-    std::span<const std::int32_t> part;
-    std::span<const std::int32_t> partInsert;
-    std::span<const std::int32_t> moldbase;
+namespace engine {
+
+/// What of the project the offer depends on. The fields hold what the project record holds.
+struct OfferProject {
+    std::int32_t solverType;
+    std::uint8_t voxelFlag;
+    std::int32_t projectType;
 };
 
 /// The status that the offer depends on.
@@ -20,11 +22,16 @@ struct OfferStatus {
     std::int32_t annealingMode;
 };
 
-/// Kinds of project with an offer of their own.
-enum class ProjectFamily { solid, solidVoxel, shell };
+/// Item ids in offering order, one list for each group of the dialog.
+struct OfferLists {
+    std::vector<std::int32_t>& part;
+    std::vector<std::int32_t>& partInsert;
+    std::vector<std::int32_t>& moldbase;
+};
 
-/// The offer; empty groups for a solver or mesh kind without one.
-OfferedItems OfferedItemsFor(ProjectFamily family, const OfferStatus& status);
+/// Replaces the lists by the offer, which is empty for a solver or mesh kind without one. Projects
+/// that are neither solid nor shell leave the lists as they are.
+void ListOfferedItems(const OfferProject& project, const OfferStatus& status,
+                      const OfferLists& lists);
 
-/// Whether a project of this type takes part in the offer of an item.
-bool IsOfferedForProjectType(std::int32_t itemId, std::int32_t projectType);
+}  // namespace engine

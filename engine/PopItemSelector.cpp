@@ -1,6 +1,4 @@
-#include "engine/PopItemSelector.h"
-
-#include <span>
+#include <zorbi2/PopItemSelector.h>
 
 #include "cmi/WeldlineData.h"
 #include "engine/OfferedItemTables.h"
@@ -39,20 +37,12 @@ bool CopyEntry(const CZorbI2ItemStatus& entry, CZorbI2Item* item, CZorbI2ItemSta
     return true;
 }
 
-void AppendOffered(ItemIds& offered, std::span<const std::int32_t> ids, std::int32_t projectType) {
-    for (const std::int32_t itemId : ids) {
-        if (IsOfferedForProjectType(itemId, projectType)) {
-            offered.push_back(itemId);
-        }
-    }
-}
-
 }  // namespace
 
 PopItemSelector::PopItemSelector(std::int32_t projectSolverType, const ItemArray& items,
                                  const CZorbI2WeldlineDataStatus& weldlineAngleSet,
                                  std::int32_t projectVoxelFlag, std::int32_t kindOfProject)
-    : weldlineTable(BuildWeldlineTable(weldlineAngleSet)),
+    : weldlineTable(cmi::BuildWeldlineTable(weldlineAngleSet)),
       projectType(kindOfProject),
       solverType(projectSolverType),
       voxelFlag(static_cast<std::uint8_t>(projectVoxelFlag)) {
@@ -72,20 +62,9 @@ void PopItemSelector::SetCurrentStatus(SolverIndex solver, std::int32_t mesh,
 }
 
 void PopItemSelector::SetPopItems() {
-    if (solverType != kSolidProject && solverType != kShellProject) {
-        return;  // the lists keep their content
-    }
-    ProjectFamily family = ProjectFamily::shell;
-    if (solverType == kSolidProject) {
-        family = voxelFlag == 1 ? ProjectFamily::solidVoxel : ProjectFamily::solid;
-    }
-    const OfferedItems offered = OfferedItemsFor(family, {currentSolver, meshKind, annealingMode});
-    partPopItems.clear();
-    partInsertPopItems.clear();
-    moldbasePopItems.clear();
-    AppendOffered(partPopItems, offered.part, projectType);
-    AppendOffered(partInsertPopItems, offered.partInsert, projectType);
-    AppendOffered(moldbasePopItems, offered.moldbase, projectType);
+    engine::ListOfferedItems({solverType, voxelFlag, projectType},
+                             {currentSolver, meshKind, annealingMode},
+                             {partPopItems, partInsertPopItems, moldbasePopItems});
 }
 
 bool PopItemSelector::HasPopItem() {
@@ -127,7 +106,7 @@ bool PopItemSelector::GetMoldBasePopItem(std::int32_t position, CZorbI2Item* ite
 bool PopItemSelector::GetPartPopItemByID(std::int32_t itemId, CZorbI2Item* item,
                                          CZorbI2ItemStatus* status) const {
     const std::size_t length = currentItemStatusList != nullptr ? currentItemStatusList->size() : 0;
-    // "Greater than" is meant: the id just past the list raises the error of CurrentStatus.
+    // "Greater than" is deliberate: the id just past the list raises the error of CurrentStatus.
     if (item == nullptr || itemId < 0 || static_cast<std::size_t>(itemId) > length) {
         return false;
     }

@@ -1,13 +1,14 @@
 // The command "check": reads control parameter files from disk and reports their faults.
 #include <algorithm>
 
-#include "ZorbI2Types.h"
-#include "host/Commands.h"
-#include "host/ControlFile.h"
-#include "host/HostPlatform.h"
-#include "host/Names.h"
-#include "host/Paths.h"
-#include "host/Report.h"
+#include <zorbi2/ZorbI2Types.h>
+
+#include "Commands.h"
+#include "ControlFile.h"
+#include "HostPlatform.h"
+#include "Names.h"
+#include "Paths.h"
+#include "Report.h"
 
 namespace host {
 

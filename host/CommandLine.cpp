@@ -1,4 +1,4 @@
-#include "host/CommandLine.h"
+#include "CommandLine.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -97,7 +97,7 @@ void AddGeneralOptions(CLI::App& app, Options& options) {
 }  // namespace
 
 std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Options& options) {
-    CLI::App app("Prepares the hand-over of moulding results to structural solvers.", "zorbi2");
+    CLI::App app("Prepares the hand-over of molding results to structural solvers.", "zorbi2");
     app.allow_windows_style_options(false);  // a path may start with a slash
     app.footer(exitCodes);
     AddGeneralOptions(app, options);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Problem.h"
+#include "Problem.h"
 
 namespace host {
 

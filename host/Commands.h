@@ -1,11 +1,11 @@
 // The commands that work on runs. Each prints what it has to say and returns the exit code.
 #pragma once
 
-#include "host/CommandLine.h"
-#include "host/Paths.h"
-#include "host/Problem.h"
-#include "host/Recipe.h"
-#include "host/Terminal.h"
+#include "CommandLine.h"
+#include "Paths.h"
+#include "Problem.h"
+#include "Recipe.h"
+#include "Terminal.h"
 
 namespace host {
 

@@ -1,4 +1,4 @@
-#include "host/ControlFile.h"
+#include "ControlFile.h"
 
 #include <algorithm>
 #include <array>
@@ -6,10 +6,11 @@
 #include <limits>
 #include <regex>
 
-#include "ZorbI2Types.h"
-#include "host/Names.h"
-#include "host/Problem.h"
-#include "host/Texts.h"
+#include <zorbi2/ZorbI2Types.h>
+
+#include "Names.h"
+#include "Problem.h"
+#include "Texts.h"
 
 namespace host {
 

@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "host/HostPlatform.h"
+#include "HostPlatform.h"
 
 namespace {
 

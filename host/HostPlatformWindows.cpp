@@ -10,7 +10,7 @@
 
 #include <cstdio>
 
-#include "host/HostPlatform.h"
+#include "HostPlatform.h"
 
 namespace {
 

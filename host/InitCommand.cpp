@@ -7,10 +7,10 @@
 #include <set>
 #include <string_view>
 
-#include "host/Commands.h"
-#include "host/Report.h"
-#include "host/Session.h"
-#include "host/Texts.h"
+#include "Commands.h"
+#include "Report.h"
+#include "Session.h"
+#include "Texts.h"
 
 namespace host {
 

@@ -3,10 +3,11 @@
 #include <cctype>
 #include <utility>
 
-#include "engine/CZorbI2Engine.h"
-#include "host/Commands.h"
-#include "host/Report.h"
-#include "host/Session.h"
+#include <zorbi2/CZorbI2Engine.h>
+
+#include "Commands.h"
+#include "Report.h"
+#include "Session.h"
 
 namespace host {
 
@@ -37,14 +38,14 @@ void PrintItem(const OfferedItem& offered, Terminal& terminal) {
                              : !offered.IsSwitch()            ? ""
                              : offered.status.checkState == 1 ? "[x] "
                                                               : "[ ] ";
-    terminal.out << label << terminal.Coloured(mark + TitleOf(item), Colour::strong);
+    terminal.out << label << terminal.Colored(mark + TitleOf(item), Color::strong);
     if (!item.description.empty()) {
         const std::string text =
             Wrapped(item.description, terminal.columns - label.size(), label.size());
-        terminal.out << newLine << terminal.Coloured(text, Colour::faint);
+        terminal.out << newLine << terminal.Colored(text, Color::faint);
     }
     if (offered.IsMissing()) {
-        terminal.out << newLine << terminal.Coloured("missing: " + offered.Label(), Colour::bad);
+        terminal.out << newLine << terminal.Colored("missing: " + offered.Label(), Color::bad);
     }
     for (const auto& [key, option] : item.options) {
         if (key >= 0) {
@@ -96,7 +97,7 @@ Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Prob
     int group = -1;
     for (const OfferedItem& offered : session.Offer(recipe.solver, recipe.meshKind)) {
         if (std::exchange(group, offered.group) != offered.group) {
-            terminal.out << '\n' << terminal.Coloured(groupNames[group], Colour::strong) << '\n';
+            terminal.out << '\n' << terminal.Colored(groupNames[group], Color::strong) << '\n';
         }
         PrintItem(offered, terminal);
         list.push_back(JsonOf(offered));
@@ -113,7 +114,7 @@ Json ShowSolvers(const Session& session, Terminal& terminal) {
     Json list = Json::array();
     for (const SolverSlot* slot : session.Solvers()) {
         const std::string keyword = NameOf(slot->solverIndex, solverKeywords);
-        terminal.out << slot->solverIndex << "  " << terminal.Coloured(slot->name, Colour::strong)
+        terminal.out << slot->solverIndex << "  " << terminal.Colored(slot->name, Color::strong)
                      << (keyword == slot->name ? "" : "  (" + keyword + ")")
                      << "\n   mesh kinds:    " << Listed(slot->meshTypes)
                      << "\n   element types: " << Listed(slot->elementTypes) << '\n';

@@ -1,4 +1,4 @@
-#include "host/Names.h"
+#include "Names.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,4 +1,4 @@
-#include "host/Paths.h"
+#include "Paths.h"
 
 #include <algorithm>
 #include <cctype>
@@ -6,7 +6,7 @@
 #include <fstream>
 #include <random>
 
-#include "host/HostPlatform.h"
+#include "HostPlatform.h"
 
 namespace host {
 

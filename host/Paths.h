@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "host/Problem.h"
+#include "Problem.h"
 
 namespace host {
 

@@ -1,4 +1,4 @@
-#include "host/Problem.h"
+#include "Problem.h"
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "host/Recipe.h"
+#include "Recipe.h"
 
 #include <algorithm>
 #include <limits>
@@ -9,8 +9,9 @@
 #define TOML_EXCEPTIONS 0
 #include <toml++/toml.h>
 
-#include "ZorbI2Types.h"
-#include "host/Paths.h"
+#include <zorbi2/ZorbI2Types.h>
+
+#include "Paths.h"
 
 namespace host {
 

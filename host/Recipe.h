@@ -8,10 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "CZorbFEAInformation.h"
-#include "host/CommandLine.h"
-#include "host/Names.h"
-#include "host/Problem.h"
+#include <zorbi2/CZorbFEAInformation.h>
+
+#include "CommandLine.h"
+#include "Names.h"
+#include "Problem.h"
 
 namespace host {
 

@@ -1,4 +1,4 @@
-#include "host/Report.h"
+#include "Report.h"
 
 #include <algorithm>
 #include <iostream>

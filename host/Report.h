@@ -3,8 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/CommandLine.h"
-#include "host/Problem.h"
+#include "CommandLine.h"
+#include "Problem.h"
 
 namespace host {
 

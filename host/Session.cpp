@@ -1,13 +1,14 @@
-#include "host/Session.h"
+#include "Session.h"
 
 #include <algorithm>
 #include <new>
 
-#include "CZorbI2WeldlineDataStatus.h"
-#include "cmi/CZorbI2CMIData.h"
-#include "engine/CZorbI2Engine.h"
-#include "host/HostPlatform.h"
-#include "host/Paths.h"
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2Engine.h>
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
+#include "HostPlatform.h"
+#include "Paths.h"
 
 namespace host {
 

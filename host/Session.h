@@ -7,12 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "CZorbI2EngineManager.h"
-#include "CZorbI2Item.h"
-#include "CZorbI2ItemStatus.h"
-#include "host/ControlFile.h"
-#include "host/Problem.h"
-#include "host/Recipe.h"
+#include <zorbi2/CZorbI2EngineManager.h>
+#include <zorbi2/CZorbI2Item.h>
+#include <zorbi2/CZorbI2ItemStatus.h>
+
+#include "ControlFile.h"
+#include "Problem.h"
+#include "Recipe.h"
 
 class SolverSlot;
 

@@ -1,11 +1,11 @@
-#include "host/Terminal.h"
+#include "Terminal.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
 
-#include "host/HostPlatform.h"
+#include "HostPlatform.h"
 
 namespace host {
 
@@ -23,13 +23,13 @@ Terminal::Terminal(const Options& options)
       columns(isTerminal ? TerminalColumns() : 80),
       out(options.json ? nullptr : std::cout.rdbuf()),
       news(options.quiet ? nullptr : out.rdbuf()) {
-    const char* noColour = std::getenv("NO_COLOR");
-    hasColour = isTerminal && (noColour == nullptr || *noColour == '\0');
+    const char* noColor = std::getenv("NO_COLOR");
+    hasColor = isTerminal && (noColor == nullptr || *noColor == '\0');
 }
 
-std::string Terminal::Coloured(const std::string& text, Colour colour) const {
-    return hasColour ? "\033[" + std::to_string(static_cast<int>(colour)) + "m" + text + "\033[0m"
-                     : text;
+std::string Terminal::Colored(const std::string& text, Color color) const {
+    return hasColor ? "\033[" + std::to_string(static_cast<int>(color)) + "m" + text + "\033[0m"
+                    : text;
 }
 
 std::string Padded(const std::string& text, std::size_t width) {

@@ -1,25 +1,25 @@
-// Text for people: where it goes, colour, width and line breaks.
+// Text for people: where it goes, color, width and line breaks.
 #pragma once
 
 #include <cstddef>
 #include <ostream>
 #include <string>
 
-#include "host/CommandLine.h"
+#include "CommandLine.h"
 
 namespace host {
 
-enum class Colour { strong = 1, faint = 2, bad = 31 };
+enum class Color { strong = 1, faint = 2, bad = 31 };
 
 /// What standard output goes to.
 struct Terminal {
     explicit Terminal(const Options& options);
 
-    /// Coloured on a terminal only, and never with NO_COLOR.
-    std::string Coloured(const std::string& text, Colour colour) const;
+    /// Colored on a terminal only, and never with NO_COLOR.
+    std::string Colored(const std::string& text, Color color) const;
 
     bool isTerminal;
-    bool hasColour;
+    bool hasColor;
     std::size_t columns;  ///< 80 where there is no terminal
     std::ostream out;     ///< for what was asked for; leads nowhere with --json
     std::ostream news;    ///< for what was done; leads nowhere with --json and --quiet

@@ -8,11 +8,11 @@
 #include <functional>
 #include <map>
 
-#include "host/Commands.h"
-#include "host/HostPlatform.h"
-#include "host/Paths.h"
-#include "host/Report.h"
-#include "host/Session.h"
+#include "Commands.h"
+#include "HostPlatform.h"
+#include "Paths.h"
+#include "Report.h"
+#include "Session.h"
 
 namespace host {
 

@@ -1,14 +1,17 @@
 #include "items/ItemCatalogue.h"
 
+#include <algorithm>
 #include <array>
 #include <new>
 #include <span>
 
 #include "items/ResultMessages.h"
 
+namespace items {
+
 namespace {
 
-constexpr auto fibreReductionLevels = std::to_array<const char*>({
+constexpr auto fiberReductionLevels = std::to_array<const char*>({
     "Material reduction-Min",
     "Material reduction-Low",
     "Material reduction-Medium",
@@ -54,56 +57,86 @@ constexpr ItemCategory part = kCategoryPart;
 constexpr ItemCategory insert = kCategoryPartInsert;
 constexpr ItemCategory moldbase = kCategoryMoldbase;
 
-// Texts as hosts know them, slips included ("Mirco", "volumn", "retainded", uneven full stops,
-// item 0 with the sentence of item 10). That item 12 belongs to the part insert is meant as well.
+// Texts as hosts know them, slips included: "Mirco", "volumn", "retainded", uneven full stops, the
+// fiber orientation with the sentence of the moldbase temperature. That the insert's fiber material
+// belongs to the part insert is deliberate as well.
 // clang-format off
 constexpr auto catalogue = std::to_array<CatalogueRow>({
-    { 0, part,     fibreReductionLevels,  2, "Fiber orientation",                                 "The moldbase temperature after cooling"},
-    { 1, part,     runnerChoices,         0, "Runner output",                                     "Add runner mesh output in the part section."},
-    { 2, moldbase, noOptions,            -1, "Mesh output",                                       "Output moldbase model only."},
-    { 3, part,     noOptions,            -1, "Flow induced residual output.",                     "The part stress including xx, yy, zz, xy, yz, zx, six directivities which are caused by the viscous flow."},
-    { 4, part,     noOptions,            -1, "Thermal stress output",                             "The part stress including xx, yy, zz, xy, yz, zx, six directivities because of the temperature change."},
-    { 5, part,     noOptions,            -1, "Initial strain output (As temperature difference)", "The volumn shrinks because of the temperature change."},
-    { 6, insert,   noOptions,            -1, "Flow pressure output",                              "The flow pressure on the surface of the part insert."},
-    { 7, moldbase, noOptions,            -1, "Moldbase pressure output",                          "The flow pressure on the contact surface of the moldbase and part."},
-    { 8, part,     noOptions,            -1, "Packing phase temperature output",                  "The part temperature after packing."},
-    { 9, part,     noOptions,            -1, "End of cooling temperature output.",                "The part and part insert temperature after cooling."},
-    {10, moldbase, noOptions,            -1, "Moldbase temperature output",                       "The moldbase temperature after cooling."},
-    {11, part,     digimatTargets,        0, "Digimat option to export fiber orientation data.",  "Export the fiber orientation data for further analysis to view characteristics of fiber."},
-    {12, insert,   fibreReductionLevels,  2, "Fiber material property output",                    "Reduce the material quantity by collating the fiber direction. Min means minimal number of material will be retainded."},
-    {13, part,     densityLevels,         0, "Density output",                                    "Output the density of the part."},
-    {14, part,     noOptions,            -1, "Weld line output",                                  "Weld-lines (or knit-lines) are formed during the mold filling process when the split melt flow fronts meet at the same downstream location."},
-    {15, part,     compositeModels,       2, "Mirco mechanics model",                             ""},
-    {16, part,     noOptions,            -1, "",                                                  ""},
-    {17, part,     noOptions,            -1, "",                                                  ""},
-    {18, part,     noOptions,            -1, "",                                                  ""},
-    {19, part,     noOptions,            -1, "",                                                  ""},
-    {20, part,     noOptions,            -1, "",                                                  ""},
-    {21, part,     noOptions,            -1, "Annealing stress output",                           "Annealing stress including xx, yy, zz, xy, yz, zx six directivities which are caused by the post curing."},
+    {kItemFiberOrientation,        part,     fiberReductionLevels,  2, "Fiber orientation",                                 "The moldbase temperature after cooling"},
+    {kItemRunner,                  part,     runnerChoices,         0, "Runner output",                                     "Add runner mesh output in the part section."},
+    {kItemMoldbaseMesh,            moldbase, noOptions,            -1, "Mesh output",                                       "Output moldbase model only."},
+    {kItemFlowInducedStress,       part,     noOptions,            -1, "Flow induced residual output.",                     "The part stress including xx, yy, zz, xy, yz, zx, six directivities which are caused by the viscous flow."},
+    {kItemThermalStress,           part,     noOptions,            -1, "Thermal stress output",                             "The part stress including xx, yy, zz, xy, yz, zx, six directivities because of the temperature change."},
+    {kItemInitialStrain,           part,     noOptions,            -1, "Initial strain output (As temperature difference)", "The volumn shrinks because of the temperature change."},
+    {kItemInsertFlowPressure,      insert,   noOptions,            -1, "Flow pressure output",                              "The flow pressure on the surface of the part insert."},
+    {kItemMoldbasePressure,        moldbase, noOptions,            -1, "Moldbase pressure output",                          "The flow pressure on the contact surface of the moldbase and part."},
+    {kItemPackingTemperature,      part,     noOptions,            -1, "Packing phase temperature output",                  "The part temperature after packing."},
+    {kItemEndOfCoolingTemperature, part,     noOptions,            -1, "End of cooling temperature output.",                "The part and part insert temperature after cooling."},
+    {kItemMoldbaseTemperature,     moldbase, noOptions,            -1, "Moldbase temperature output",                       "The moldbase temperature after cooling."},
+    {kItemDigimatExport,           part,     digimatTargets,        0, "Digimat option to export fiber orientation data.",  "Export the fiber orientation data for further analysis to view characteristics of fiber."},
+    {kItemInsertFiberMaterial,     insert,   fiberReductionLevels,  2, "Fiber material property output",                    "Reduce the material quantity by collating the fiber direction. Min means minimal number of material will be retainded."},
+    {kItemDensity,                 part,     densityLevels,         0, "Density output",                                    "Output the density of the part."},
+    {kItemWeldLine,                part,     noOptions,            -1, "Weld line output",                                  "Weld-lines (or knit-lines) are formed during the mold filling process when the split melt flow fronts meet at the same downstream location."},
+    {kItemMicroMechanics,          part,     compositeModels,       2, "Mirco mechanics model",                             ""},
+    {kItemDigimatWeldLine,         part,     noOptions,            -1, "",                                                  ""},
+    {kItemDigimatMucell,           part,     noOptions,            -1, "",                                                  ""},
+    {kItemDigimatFiber,            part,     noOptions,            -1, "",                                                  ""},
+    {kItemDigimatStress,           part,     noOptions,            -1, "",                                                  ""},
+    {kItemDigimatTemperature,      part,     noOptions,            -1, "",                                                  ""},
+    {kItemAnnealingStress,         part,     noOptions,            -1, "Annealing stress output",                           "Annealing stress including xx, yy, zz, xy, yz, zx six directivities which are caused by the post curing."},
 });
 
 constexpr auto buildOrder = std::to_array<std::int32_t>({
-    15, 0, 1, 12, 13, 4, 3, 5, 8, 11, 16, 17, 18, 19, 20, 9, 14, 21, 6, 2, 7, 10,
+    kItemMicroMechanics,
+    kItemFiberOrientation,
+    kItemRunner,
+    kItemInsertFiberMaterial,
+    kItemDensity,
+    kItemThermalStress,
+    kItemFlowInducedStress,
+    kItemInitialStrain,
+    kItemPackingTemperature,
+    kItemDigimatExport,
+    kItemDigimatWeldLine,
+    kItemDigimatMucell,
+    kItemDigimatFiber,
+    kItemDigimatStress,
+    kItemDigimatTemperature,
+    kItemEndOfCoolingTemperature,
+    kItemWeldLine,
+    kItemAnnealingStress,
+    kItemInsertFlowPressure,
+    kItemMoldbaseMesh,
+    kItemMoldbasePressure,
+    kItemMoldbaseTemperature,
 });
 // clang-format on
 
-constexpr bool EachRowHasItsId() {
-    for (std::size_t row = 0; row < catalogue.size(); ++row) {
-        if (catalogue[row].itemId != static_cast<std::int32_t>(row)) {
+constexpr bool EachItemHasItsRow() {
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
+        if (catalogue[itemId].itemId != itemId) {
             return false;
         }
     }
-    return true;
+    return catalogue.size() == kItemCount;
 }
-static_assert(catalogue.size() == kItemCount && EachRowHasItsId());
-static_assert(buildOrder.size() == kItemCount);
+static_assert(EachItemHasItsRow());
+
+constexpr bool EachItemIsBuiltOnce() {
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
+        if (std::ranges::count(buildOrder, itemId) != 1) {
+            return false;
+        }
+    }
+    return buildOrder.size() == kItemCount;
+}
+static_assert(EachItemIsBuiltOnce());
 
 /// The catalogue's row, with the one difference that the kind of project makes: a shell project
 /// takes the Digimat export as a check item.
 CatalogueRow RowOf(std::int32_t itemId, std::int32_t solverType) {
-    constexpr std::int32_t digimatExport = 11;
     CatalogueRow row = catalogue[itemId];
-    if (itemId == digimatExport && solverType == kShellProject) {
+    if (itemId == kItemDigimatExport && solverType == kShellProject) {
         row.options = noOptions;
         row.defaultOption = kOptionNone;
     }
@@ -126,9 +159,9 @@ void BuildItem(ItemArray& items, std::int32_t solverType, std::int32_t itemId, R
 
 void BuildItemCatalogue(ItemArray& items, std::int32_t solverType,
                         const ResultCodeOf& resultCodeOf) {
-    constexpr std::int32_t neverChecked = 17;
     for (const std::int32_t itemId : buildOrder) {
-        const ResultCode code = itemId == neverChecked ? kResultAvailable : resultCodeOf(itemId);
+        const ResultCode code =
+            itemId == kItemDigimatMucell ? kResultAvailable : resultCodeOf(itemId);
         BuildItem(items, solverType, itemId, code);
     }
 }
@@ -149,3 +182,5 @@ std::int32_t BuildItemOptions(std::int32_t solverType, std::int32_t itemId, Resu
     }
     return row.defaultOption;
 }
+
+}  // namespace items

@@ -6,8 +6,10 @@
 #include <map>
 #include <string>
 
-#include "CZorbI2Item.h"
-#include "ZorbI2Types.h"
+#include <zorbi2/CZorbI2Item.h>
+#include <zorbi2/ZorbI2Types.h>
+
+namespace items {
 
 /// Answers the result code of an item id.
 using ResultCodeOf = std::function<ResultCode(std::int32_t itemId)>;
@@ -21,3 +23,5 @@ void BuildItemCatalogue(ItemArray& items, std::int32_t solverType,
 /// Fills `options`, which arrives empty, for one item; returns the default option key.
 std::int32_t BuildItemOptions(std::int32_t solverType, std::int32_t itemId, ResultCode resultCode,
                               bool available, std::map<std::int32_t, std::string>& options);
+
+}  // namespace items

@@ -3,7 +3,11 @@
 
 #include <string>
 
-#include "ZorbI2Types.h"
+#include <zorbi2/ZorbI2Types.h>
+
+namespace items {
 
 /// Assigns the message of a result code to `text`; "Unknown messages" for codes without one.
 void GetResultMessage(ResultCode code, std::string& text);
+
+}  // namespace items

@@ -4,6 +4,8 @@
 #include <new>
 #include <string>
 
+namespace items {
+
 namespace {
 
 using TextList = std::vector<std::string>;
@@ -77,3 +79,5 @@ void BuildSolverSlots(SolverSlotArray& slots, const std::vector<bool>& solverOff
         }
     }
 }
+
+}  // namespace items

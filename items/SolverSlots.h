@@ -4,9 +4,13 @@
 #include <cstdint>
 #include <vector>
 
-#include "items/SolverSlot.h"
+#include <zorbi2/SolverSlot.h>
+
+namespace items {
 
 /// Fills the slots of the offered solvers; the others stay null, and so does a slot for which
 /// there is no memory. Of `voxelFlag` only the low byte counts.
 void BuildSolverSlots(SolverSlotArray& slots, const std::vector<bool>& solverOffered,
                       std::int32_t solverType, std::int32_t voxelFlag);
+
+}  // namespace items

@@ -6,9 +6,6 @@
 
 namespace platform {
 
-/// The path as the system's file functions want it.
-std::string NativePath(const std::string& path);
-
 /// Whether a file or a folder exists at the path; any failure to find out counts as "no".
 bool PathExists(const std::string& path);
 

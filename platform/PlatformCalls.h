@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdio>
+#include <string>
 
 namespace platform {
 
@@ -22,7 +23,12 @@ struct Calls {
 /// The table in use. Not for use while an engine works on another thread.
 Calls& CurrentCalls();
 
-/// The system's own calls, defined by the one source of the system that is built for.
+// Defined by the one source of the system that is built for.
+
+/// The system's own calls.
 Calls SystemCalls();
+
+/// The path as the system's file functions want it.
+std::string NativePath(const std::string& path);
 
 }  // namespace platform

@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/Files.h"
 #include "platform/PlatformCalls.h"
 
 // Weak: a host process may define it. Without one, trace lines go nowhere.

@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/Files.h"
 #include "platform/PlatformCalls.h"
 
 namespace platform {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Files.h"
+#include "platform/PlatformCalls.h"
 #include "platform/Trace.h"
 #include "quenta/CQuentaResultReader_Manipulator.h"
 #include "results/RunFiles.h"
@@ -16,40 +17,15 @@ namespace {
 
 using Info = CZorbFEAInformation;
 
-enum Code : ResultCode {
-    codeNoFibreResultsNorO2w = 0,
-    codeNoFibreResults = -1,
-    codeNoO2w = -2,
-    codeNoRunners = -3,
-    codeNoK5w = -6,
-    codeNoRsf = -7,
-    codeNoK5f = -8,
-    codeNoK5p = -9,
-    codeNoMediCrp = -10,
-    codeNoCheck = -11,
-    codeNoInsertNorK5f = -13,
-    codeNoInsert = -14,
-    codeNoMoldbase = -15,
-    codeNoMoldbaseNorK5f = -16,
-    codeNoMoldbaseNorK5c = -17,
-    codeNoK5c = -18,
-    codeNoInsertFibreResults = -19,
-    codeNoDigimatInformation = -23,
-    codeNoMeetingAngle = -24,
-    codeNeitherRsfNorK5w = -25,
-    codeNeitherK5pNorK5c = -26,
-    codeNoK5s = -27,
-};
-
-bool Exists(const RunFacts& run, const char* extension) {
-    return ResultFileExists(run.info, extension);
+bool LookFor(Run& run, const char* extension) {
+    return LookForResultFile(run.info, extension);
 }
 
-bool HasFlag(const RunFacts& run, Info::FlagPosition position) {
+bool HasFlag(const Run& run, Info::FlagPosition position) {
     return run.info.flags[position] != 0;
 }
 
-bool HasVoxelResults(const RunFacts& run) {
+bool HasVoxelResults(const Run& run) {
     return run.info.voxelFlag == 1;
 }
 
@@ -57,9 +33,9 @@ ResultCode AvailableOr(bool available, ResultCode missing) {
     return available ? kResultAvailable : missing;
 }
 
-/// Whether the ".k5o" file is of a version that carries fibre orientation by itself. Looks at the
+/// Whether the ".k5o" file is of a version that carries fiber orientation by itself. Looks at the
 /// plain name, never at the "_vox" variant.
-bool ResultVersionSuffices(const RunFacts& run) {
+bool ResultVersionSuffices(Run& run) {
     constexpr long long firstSufficientVersion = 1004;
     EndInBackslash(run.info.projectFolder);
     const std::string path = platform::NativePath(ResultBasePath(run.info) + ".k5o");
@@ -70,10 +46,10 @@ bool ResultVersionSuffices(const RunFacts& run) {
     return failure == 0 && version >= firstSufficientVersion;
 }
 
-ResultCode CheckSolidFibreOrientation(const RunFacts& run) {
+ResultCode CheckSolidFiberOrientation(Run& run) {
     platform::Trace(L"@@@ I2Engine Fiber Orientation Results SOLID");
-    const bool hasO2w = Exists(run, ".o2w");
-    const bool hasK5o = Exists(run, ".k5o");
+    const bool hasO2w = LookFor(run, ".o2w");
+    const bool hasK5o = LookFor(run, ".k5o");
     const bool versionSuffices = ResultVersionSuffices(run);
     const bool hasFiles = hasO2w || (hasK5o && versionSuffices);
     if (HasFlag(run, Info::kHasFiber)) {
@@ -81,63 +57,63 @@ ResultCode CheckSolidFibreOrientation(const RunFacts& run) {
             return kResultAvailable;
         }
         platform::Trace(L"@@@ I2Engine .o2w/.k5 file not exist");
-        return codeNoO2w;
+        return kResultNoO2w;
     }
     if (hasFiles) {
-        platform::Trace(L"@@@ I2Engine  HasFiber=false");  // two blanks are meant
-        return codeNoFibreResults;
+        platform::Trace(L"@@@ I2Engine  HasFiber=false");  // two spaces: deliberate
+        return kResultNoFiberResults;
     }
     platform::Trace(L"@@@ I2Engine HasFiber=false and .o2w/.k5o file not exist");
-    return codeNoFibreResultsNorO2w;
+    return kResultNoFiberResultsNorO2w;
 }
 
-ResultCode CheckShellFibreOrientation(const RunFacts& run) {
-    const bool hasRso = Exists(run, ".rso");
-    return AvailableOr(HasFlag(run, Info::kHasFiber) && hasRso, codeNoFibreResults);
+ResultCode CheckShellFiberOrientation(Run& run) {
+    const bool hasRso = LookFor(run, ".rso");
+    return AvailableOr(HasFlag(run, Info::kHasFiber) && hasRso, kResultNoFiberResults);
 }
 
-ResultCode CheckFibreOrientation(const RunFacts& run) {
+ResultCode CheckFiberOrientation(Run& run) {
     switch (run.info.solverType) {
         case kSolidProject:
-            return CheckSolidFibreOrientation(run);
+            return CheckSolidFiberOrientation(run);
         case kShellProject:
-            return CheckShellFibreOrientation(run);
+            return CheckShellFiberOrientation(run);
         default:
             return kResultAvailable;
     }
 }
 
-ResultCode CheckRunners(const RunFacts& run) {
-    return AvailableOr(HasFlag(run, Info::kHasRunners), codeNoRunners);
+ResultCode CheckRunners(Run& run) {
+    return AvailableOr(HasFlag(run, Info::kHasRunners), kResultNoRunners);
 }
 
-ResultCode CheckMoldbase(const RunFacts& run) {
-    return AvailableOr(HasFlag(run, Info::kHasMoldbase), codeNoMoldbase);
+ResultCode CheckMoldbase(Run& run) {
+    return AvailableOr(HasFlag(run, Info::kHasMoldbase), kResultNoMoldbase);
 }
 
-ResultCode CheckFlowInducedStress(const RunFacts& run) {
-    return AvailableOr(Exists(run, ".rsf"), codeNoRsf);
+ResultCode CheckFlowInducedStress(Run& run) {
+    return AvailableOr(LookFor(run, ".rsf"), kResultNoRsf);
 }
 
-ResultCode CheckThermalStress(const RunFacts& run) {
-    // The doubled blank before "OstraMesh = true" is meant.
+ResultCode CheckThermalStress(Run& run) {
+    // The doubled space before "OstraMesh = true" is deliberate.
     platform::Trace(HasVoxelResults(run)
                         ? L"@@@ ZorbI2Engine GetThermalStressResults  OstraMesh = true"
                         : L"@@@ ZorbI2Engine GetThermalStressResults OstraMesh = false");
-    if (Exists(run, ".k5w")) {
+    if (LookFor(run, ".k5w")) {
         return kResultAvailable;
     }
     // Looked for once more, for the debug file only.
     platform::TextFile debugFile("ThermalTest.txt");
-    const bool secondTest = Exists(run, ".k5w");
+    const bool secondTest = LookFor(run, ".k5w");
     debugFile.Write("FileExt = .k5w\nChkResult = " + std::to_string(int{secondTest}));
-    return codeNoK5w;
+    return kResultNoK5w;
 }
 
 /// The three results of a shell project that stand for strain and packing temperature.
 struct ShellResults {
-    explicit ShellResults(const RunFacts& run)
-        : rsp(Exists(run, ".rsp")), rsg(Exists(run, ".rsg")), rsr(Exists(run, ".rsr")) {}
+    explicit ShellResults(Run& run)
+        : rsp(LookFor(run, ".rsp")), rsg(LookFor(run, ".rsg")), rsr(LookFor(run, ".rsr")) {}
 
     bool Any() const { return rsp || rsg || rsr; }
 
@@ -146,19 +122,19 @@ struct ShellResults {
     bool rsr;
 };
 
-ResultCode CheckShellInitialStrain(const RunFacts& run) {
+ResultCode CheckShellInitialStrain(Run& run) {
     const ShellResults shell(run);
     platform::TextFile debugFile("ShellIniStrain.txt");
     debugFile.Write(
         "RSP = " + std::to_string(int{shell.rsp}) + "RSG = " + std::to_string(int{shell.rsg}) +
         "RSR = " + std::to_string(int{shell.rsr}) + "File = " + std::to_string(int{shell.Any()}));
-    return AvailableOr(shell.Any(), codeNoK5f);
+    return AvailableOr(shell.Any(), kResultNoK5f);
 }
 
-ResultCode CheckInitialStrain(const RunFacts& run) {
+ResultCode CheckInitialStrain(Run& run) {
     switch (run.info.solverType) {
         case kSolidProject:
-            return AvailableOr(Exists(run, ".k5f"), codeNoK5f);
+            return AvailableOr(LookFor(run, ".k5f"), kResultNoK5f);
         case kShellProject:
             return CheckShellInitialStrain(run);
         default:
@@ -166,150 +142,166 @@ ResultCode CheckInitialStrain(const RunFacts& run) {
     }
 }
 
-ResultCode CheckInsertFlowPressure(const RunFacts& run) {
-    const bool hasFile = Exists(run, ".k5f");
+ResultCode CheckInsertFlowPressure(Run& run) {
+    const bool hasFile = LookFor(run, ".k5f");
     if (HasFlag(run, Info::kHasInsertedPart)) {
-        return AvailableOr(hasFile, codeNoInsert);  // says "no insert" without the file too: meant
+        return AvailableOr(hasFile,
+                           kResultNoInsert);  // says "no insert" without the file too: deliberate
     }
-    return hasFile ? codeNoInsert : codeNoInsertNorK5f;
+    return hasFile ? kResultNoInsert : kResultNoInsertNorK5f;
 }
 
-ResultCode CheckMoldbasePressure(const RunFacts& run) {
-    if (!Exists(run, ".k5f")) {
-        return codeNoMoldbaseNorK5f;  // even when the project has a moldbase: meant
+ResultCode CheckMoldbasePressure(Run& run) {
+    if (!LookFor(run, ".k5f")) {
+        return kResultNoMoldbaseNorK5f;  // even when the project has a moldbase: deliberate
     }
     return CheckMoldbase(run);
 }
 
-ResultCode CheckMoldbaseTemperature(const RunFacts& run) {
-    const bool hasFile = Exists(run, ".k5c");
+ResultCode CheckMoldbaseTemperature(Run& run) {
+    const bool hasFile = LookFor(run, ".k5c");
     if (HasFlag(run, Info::kHasMoldbase)) {
-        return AvailableOr(hasFile, codeNoK5c);
+        return AvailableOr(hasFile, kResultNoK5c);
     }
-    return hasFile ? codeNoMoldbase : codeNoMoldbaseNorK5c;
+    return hasFile ? kResultNoMoldbase : kResultNoMoldbaseNorK5c;
 }
 
-bool IsInjectionCompressionProject(const RunFacts& run) {
+bool IsInjectionCompressionProject(const Run& run) {
     constexpr auto types = std::to_array<std::int32_t>({4, 6, 7, 8, 9, 10, 11});
     return std::ranges::find(types, run.info.projectType) != types.end();
 }
 
-ResultCode CheckSolidPackingTemperature(const RunFacts& run) {
-    if (Exists(run, ".k5p")) {
+ResultCode CheckSolidPackingTemperature(Run& run) {
+    if (LookFor(run, ".k5p")) {
         return kResultAvailable;
     }
     if (!IsInjectionCompressionProject(run)) {
-        return codeNoK5p;
+        return kResultNoK5p;
     }
     platform::Trace(L"@@@ I2Engine ICM project \"Packing Temperature Results\" no .k5p file");
-    if (Exists(run, ".k5f")) {
+    if (LookFor(run, ".k5f")) {
         return kResultAvailable;
     }
     platform::Trace(L"@@@ I2Engine ICM project \"Packing Temperature Results\" no .k5f file");
-    return codeNoK5p;
+    return kResultNoK5p;
 }
 
-ResultCode CheckPackingTemperature(const RunFacts& run) {
+ResultCode CheckPackingTemperature(Run& run) {
     switch (run.info.solverType) {
         case kSolidProject:
             return CheckSolidPackingTemperature(run);
         case kShellProject:
-            return AvailableOr(ShellResults(run).Any(), codeNoK5p);
+            return AvailableOr(ShellResults(run).Any(), kResultNoK5p);
         default:
             return kResultAvailable;
     }
 }
 
-ResultCode CheckEndOfCoolingTemperature(const RunFacts& run) {
+ResultCode CheckEndOfCoolingTemperature(Run& run) {
     const bool isSolid = run.info.solverType == kSolidProject;
-    return AvailableOr(Exists(run, isSolid ? ".k5c" : ".rsc"), codeNoK5c);
+    return AvailableOr(LookFor(run, isSolid ? ".k5c" : ".rsc"), kResultNoK5c);
 }
 
-ResultCode CheckDigimatExport(const RunFacts& run) {
-    return run.info.solverType == kShellProject ? CheckFibreOrientation(run) : kResultAvailable;
+ResultCode CheckDigimatExport(Run& run) {
+    return run.info.solverType == kShellProject ? CheckFiberOrientation(run) : kResultAvailable;
 }
 
-ResultCode CheckInsertFibreMaterial(const RunFacts& run) {
+ResultCode CheckInsertFiberMaterial(Run& run) {
     ReadShotFile(run.info, run.flagPrevShot, run.valueShotRunID);
     if (run.flagPrevShot != 1) {
         platform::Trace(L"@@@ I2Engine .cmx file FlagPrevShot=0");
-        return codeNoInsertFibreResults;
+        return kResultNoInsertFiberResults;
     }
     platform::Trace(L"@@@ I2Engine .cmx file FlagPrevShot=1");
     if (PreviousShotFileExists(run.info, run.valueShotRunID, ".k5o")) {
         return kResultAvailable;
     }
     platform::Trace(L"@@@ I2Engine does not have .k5o file");
-    return codeNoInsertFibreResults;
+    return kResultNoInsertFiberResults;
 }
 
-ResultCode CheckDensity(const RunFacts& run) {
-    return AvailableOr(Exists(run, ".k5f"), codeNoK5f);
+ResultCode CheckDensity(Run& run) {
+    return AvailableOr(LookFor(run, ".k5f"), kResultNoK5f);
 }
 
-ResultCode CheckWeldLine(const RunFacts& run) {
-    if (!Exists(run, ".k5f")) {
-        return codeNoK5f;
+ResultCode CheckWeldLine(Run& run) {
+    if (!LookFor(run, ".k5f")) {
+        return kResultNoK5f;
     }
-    return AvailableOr(HasFlag(run, Info::kHasMeetingAngle), codeNoMeetingAngle);
+    return AvailableOr(HasFlag(run, Info::kHasMeetingAngle), kResultNoMeetingAngle);
 }
 
-ResultCode CheckDigimatFibre(const RunFacts& run) {
-    const bool hasCrp = Exists(run, ".crp");
-    const bool hasK5o = Exists(run, ".k5o");
-    const bool hasRso = run.info.solverType == kShellProject && Exists(run, ".rso");
+ResultCode CheckDigimatFiber(Run& run) {
+    const bool hasCrp = LookFor(run, ".crp");
+    const bool hasK5o = LookFor(run, ".k5o");
+    const bool hasRso = run.info.solverType == kShellProject && LookFor(run, ".rso");
     if (hasCrp || hasK5o) {
         return kResultAvailable;
     }
-    return hasRso ? codeNoDigimatInformation : codeNoMediCrp;
+    return hasRso ? kResultNoDigimatInformation : kResultNoMediCrp;
 }
 
-ResultCode CheckDigimatStress(const RunFacts& run) {
-    return AvailableOr(Exists(run, ".rsf") || Exists(run, ".k5w"), codeNeitherRsfNorK5w);
+ResultCode CheckDigimatStress(Run& run) {
+    return AvailableOr(LookFor(run, ".rsf") || LookFor(run, ".k5w"), kResultNeitherRsfNorK5w);
 }
 
-ResultCode CheckDigimatTemperature(const RunFacts& run) {
-    return AvailableOr(Exists(run, ".k5p") || Exists(run, ".k5c"), codeNeitherK5pNorK5c);
+ResultCode CheckDigimatTemperature(Run& run) {
+    return AvailableOr(LookFor(run, ".k5p") || LookFor(run, ".k5c"), kResultNeitherK5pNorK5c);
 }
 
-ResultCode CheckAnnealingStress(const RunFacts& run) {
-    return AvailableOr(Exists(run, ".k5s"), codeNoK5s);
+ResultCode CheckAnnealingStress(Run& run) {
+    return AvailableOr(LookFor(run, ".k5s"), kResultNoK5s);
+}
+
+ResultCode NoCheck(Run& /*run*/) {
+    return kResultNoCheck;
 }
 
 struct ItemCheck {
     std::int32_t itemId;
-    ResultCode (*check)(const RunFacts& run);
+    ResultCode (*check)(Run& run);
 };
 
 constexpr auto itemChecks = std::to_array<ItemCheck>({
-    {0, CheckFibreOrientation},
-    {1, CheckRunners},
-    {2, CheckMoldbase},
-    {3, CheckFlowInducedStress},
-    {4, CheckThermalStress},
-    {5, CheckInitialStrain},
-    {6, CheckInsertFlowPressure},
-    {7, CheckMoldbasePressure},
-    {8, CheckPackingTemperature},
-    {9, CheckEndOfCoolingTemperature},
-    {10, CheckMoldbaseTemperature},
-    {11, CheckDigimatExport},
-    {12, CheckInsertFibreMaterial},
-    {13, CheckDensity},
-    {14, CheckWeldLine},
-    {15, CheckFibreOrientation},
-    {16, CheckWeldLine},
-    {18, CheckDigimatFibre},
-    {19, CheckDigimatStress},
-    {20, CheckDigimatTemperature},
-    {21, CheckAnnealingStress},
+    {kItemFiberOrientation, CheckFiberOrientation},
+    {kItemRunner, CheckRunners},
+    {kItemMoldbaseMesh, CheckMoldbase},
+    {kItemFlowInducedStress, CheckFlowInducedStress},
+    {kItemThermalStress, CheckThermalStress},
+    {kItemInitialStrain, CheckInitialStrain},
+    {kItemInsertFlowPressure, CheckInsertFlowPressure},
+    {kItemMoldbasePressure, CheckMoldbasePressure},
+    {kItemPackingTemperature, CheckPackingTemperature},
+    {kItemEndOfCoolingTemperature, CheckEndOfCoolingTemperature},
+    {kItemMoldbaseTemperature, CheckMoldbaseTemperature},
+    {kItemDigimatExport, CheckDigimatExport},
+    {kItemInsertFiberMaterial, CheckInsertFiberMaterial},
+    {kItemDensity, CheckDensity},
+    {kItemWeldLine, CheckWeldLine},
+    {kItemMicroMechanics, CheckFiberOrientation},
+    {kItemDigimatWeldLine, CheckWeldLine},
+    {kItemDigimatMucell, NoCheck},
+    {kItemDigimatFiber, CheckDigimatFiber},
+    {kItemDigimatStress, CheckDigimatStress},
+    {kItemDigimatTemperature, CheckDigimatTemperature},
+    {kItemAnnealingStress, CheckAnnealingStress},
 });
+
+constexpr bool EachItemHasItsCheck() {
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
+        if (itemChecks[itemId].itemId != itemId) {
+            return false;
+        }
+    }
+    return itemChecks.size() == kItemCount;
+}
+static_assert(EachItemHasItsCheck());
 
 }  // namespace
 
-ResultCode CheckResults(const RunFacts& run, std::int32_t itemId) {
-    const auto row = std::ranges::find(itemChecks, itemId, &ItemCheck::itemId);
-    return row != itemChecks.end() ? row->check(run) : codeNoCheck;
+ResultCode CheckResults(Run& run, std::int32_t itemId) {
+    const auto row = static_cast<std::uint32_t>(itemId);
+    return row < itemChecks.size() ? itemChecks[row].check(run) : kResultNoCheck;
 }
 
 }  // namespace results

@@ -3,21 +3,21 @@
 
 #include <cstdint>
 
-#include "CZorbFEAInformation.h"
-#include "ZorbI2Types.h"
+#include <zorbi2/CZorbFEAInformation.h>
+#include <zorbi2/ZorbI2Types.h>
 
 namespace results {
 
-/// What the checks read, and the little that they change: the record's folder is normalised, and
-/// the shot file sets its two values.
-struct RunFacts {
+/// The run that is checked. A check may change what it refers to: looking for a file normalizes the
+/// record's folder, and reading the shot file sets its two values.
+struct Run {
     CZorbFEAInformation& info;
     std::int32_t& flagPrevShot;
     std::int32_t& valueShotRunID;
 };
 
-/// The result code of one item, found anew from the files at each call. Ids without a check (17
-/// and all outside 0 to 21) give -11.
-ResultCode CheckResults(const RunFacts& run, std::int32_t itemId);
+/// The result code of one item, found anew from the files at each call; kResultNoCheck for ids
+/// without a check.
+ResultCode CheckResults(Run& run, std::int32_t itemId);
 
 }  // namespace results

@@ -24,7 +24,7 @@ std::string NameSuffix(const CZorbFEAInformation& info, const std::string& upper
 
 std::string RunTag(std::int32_t runNumber) {
     std::string tag;
-    if (runNumber < 10) {  // a negative run too, which becomes "0-1": meant
+    if (runNumber < 10) {  // a negative run too, which becomes "0-1": deliberate
         tag += '0';
     }
     return tag += std::to_string(runNumber);
@@ -40,13 +40,13 @@ std::string ResultBasePath(const CZorbFEAInformation& info) {
     return info.projectFolder + info.projectName + RunTag(info.runNumber);
 }
 
-bool ResultFileExists(CZorbFEAInformation& info, const std::string& extension) {
+bool LookForResultFile(CZorbFEAInformation& info, const std::string& extension) {
     EndInBackslash(info.projectFolder);  // the change stays in the record
     const std::string basePath = ResultBasePath(info);
     const std::string upperExtension = platform::UpperCased(extension);
     const bool exists =
         platform::PathExists(basePath + NameSuffix(info, upperExtension) + extension);
-    // Looked for on purpose, although the answer does not count.
+    // Looked for although the answer does not count: deliberate.
     platform::PathExists(basePath + upperExtension);
     return exists;
 }

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "CZorbFEAInformation.h"
+#include <zorbi2/CZorbFEAInformation.h>
 
 namespace results {
 
@@ -17,9 +17,9 @@ void EndInBackslash(std::string& folder);
 /// Folder (as it stands), project name and run tag: what the names of the run's files start with.
 std::string ResultBasePath(const CZorbFEAInformation& info);
 
-/// Whether the run's result file for an extension (with its dot, such as ".k5o") exists.
-/// Normalises the record's folder.
-bool ResultFileExists(CZorbFEAInformation& info, const std::string& extension);
+/// Normalizes the record's folder and looks for the run's result file for an extension (with its
+/// dot, such as ".k5o"). Returns whether it exists.
+bool LookForResultFile(CZorbFEAInformation& info, const std::string& extension);
 
 /// Whether the file for an extension exists in the folder of a previous shot's run.
 bool PreviousShotFileExists(const CZorbFEAInformation& info, std::int32_t previousRun,

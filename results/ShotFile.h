@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "CZorbFEAInformation.h"
+#include <zorbi2/CZorbFEAInformation.h>
 
 namespace results {
 

@@ -1,5 +1,5 @@
 // A host in one page: hands over run 2 of the project "Cover" to ANSYS, on the deformed mesh.
-#include <ZorbI2Engine.h>
+#include <zorbi2/ZorbI2Engine.h>
 
 #include <iostream>
 

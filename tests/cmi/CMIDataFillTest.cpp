@@ -10,7 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2CMIData.h>
+
 #include "tests/support/CMIDataFields.h"
 #include "tests/support/FillInputs.h"
 
@@ -213,7 +214,7 @@ TEST(CMIDataFill, CopiesDigimatAngleAndViewEdit) {
 
 TEST(CMIDataFill, SetsTheFileVersionAgain) {
     CZorbI2CMIData data = BlockOfDistinctValues();
-    FillCMIData(data, FillInputs().Source());
+    cmi::FillCMIData(data, FillInputs().Source());
     EXPECT_EQ(data.FileVersion, 9064);
 }
 
@@ -350,9 +351,9 @@ CZorbI2CMIData BlockAfterShortLists(std::size_t angleCount, std::size_t rateCoun
     inputs.viewEdit = true;
     inputs.SetItem(11, true, -1, 1);
     CZorbI2CMIData data;
-    ResetCMIData(data);
+    cmi::ResetCMIData(data);
     try {
-        FillCMIData(data, inputs.Source());
+        cmi::FillCMIData(data, inputs.Source());
         ADD_FAILURE() << "the short list went unnoticed";
     } catch (const std::out_of_range& error) {
         EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
@@ -401,7 +402,7 @@ TEST(CMIDataFill, FillsAllThatStandsBeforeTheWeldLinesWhenAListIsTooShort) {
     inputs.SetItem(13, true, -1, 3);
     inputs.weldlineData.WeldlineAngles.clear();
     CZorbI2CMIData data;
-    EXPECT_THROW(FillCMIData(data, inputs.Source()), std::out_of_range);
+    EXPECT_THROW(cmi::FillCMIData(data, inputs.Source()), std::out_of_range);
     EXPECT_EQ(data.SolverName, "LSDYNA");
     EXPECT_EQ(data.IsMappedMesh, 1);
     EXPECT_EQ(data.OutFolder, "out");

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2CMIData.h>
+
 #include "tests/support/FillInputs.h"
 
 using support::FillInputs;
@@ -118,7 +119,7 @@ TEST(CMIDataOutputFlags, Flag15StaysAsItIs) {
     CZorbI2CMIData data;
     data.OutputFlags[15] = 4711;
 
-    FillCMIData(data, inputs.Source());
+    cmi::FillCMIData(data, inputs.Source());
 
     EXPECT_EQ(data.OutputFlags[15], 4711);
 }

@@ -6,9 +6,10 @@
 #include <map>
 #include <string>
 
-#include "CZorbI2EngineManager.h"
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2EngineManager.h>
+
 #include "cmi/CMIDataFill.h"
-#include "cmi/CZorbI2CMIData.h"
 #include "tests/support/CMIDataFields.h"
 
 using support::BlockOfDistinctValues;
@@ -92,7 +93,7 @@ const Fields& KeptValues() {
 TEST(CMIDataReset, GivesStartingValuesAndLeavesFourFieldsAsTheyAre) {
     CZorbI2CMIData data = BlockOfDistinctValues();
 
-    ResetCMIData(data);
+    cmi::ResetCMIData(data);
 
     Fields expected = StartingValues();
     expected.insert(KeptValues().begin(), KeptValues().end());
@@ -101,10 +102,10 @@ TEST(CMIDataReset, GivesStartingValuesAndLeavesFourFieldsAsTheyAre) {
 
 TEST(CMIDataReset, TwiceIsTheSameAsOnce) {
     CZorbI2CMIData once = BlockOfDistinctValues();
-    ResetCMIData(once);
+    cmi::ResetCMIData(once);
     CZorbI2CMIData twice = once;
 
-    ResetCMIData(twice);
+    cmi::ResetCMIData(twice);
 
     EXPECT_THAT(FieldsOf(twice), ContainerEq(FieldsOf(once)));
 }

@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2CMIData.h>
+
 #include "tests/support/CMIDataFields.h"
 #include "tests/support/ControlFileText.h"
 
@@ -18,11 +19,11 @@ using support::LineOf;
 namespace {
 
 std::string LineOf(const CZorbI2CMIData& data, const std::string& key) {
-    return support::LineOf(CMIFileText(data, {}), key);
+    return support::LineOf(cmi::CMIFileText(data, {}), key);
 }
 
 std::string ItemLines(const CZorbI2CMIData& data, const std::vector<std::int32_t>& itemIds) {
-    return support::ItemLinesOf(CMIFileText(data, itemIds));
+    return support::ItemLinesOf(cmi::CMIFileText(data, itemIds));
 }
 
 }  // namespace
@@ -113,11 +114,11 @@ TEST(CMIFileText, PrintsEveryFieldInItsLine) {
     const std::vector<std::int32_t> allItems = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10,
                                                 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21};
 
-    EXPECT_EQ(CMIFileText(data, allItems), expected);
+    EXPECT_EQ(cmi::CMIFileText(data, allItems), expected);
 }
 
 TEST(CMIFileText, WithoutItemsGoesFromTheMeshLinesStraightToTheDensitySwitch) {
-    EXPECT_NE(CMIFileText(CZorbI2CMIData(), {})
+    EXPECT_NE(cmi::CMIFileText(CZorbI2CMIData(), {})
                   .find("IsViewEditModelMapping = 0 (0:off,1:on)\n"
                         "IsDoDensityReduction =          0   (0:off,1:on)\n"),
               std::string::npos);
@@ -146,7 +147,7 @@ TEST(CMIFileText, PrintsTheSmallestAndTheLargestInteger) {
 TEST(CMIFileText, ClosesSectionsWithABackslashAndThreeLinesWithABlank) {
     CZorbI2CMIData data;
     data.OutFolder = "out";
-    const std::string text = CMIFileText(data, {});
+    const std::string text = cmi::CMIFileText(data, {});
     std::vector<std::string> closingTags;
     std::vector<std::string> endingInBlank;
     for (std::size_t start = 0; start < text.size();) {
@@ -180,13 +181,13 @@ TEST(CMIFileText, ClosesSectionsWithABackslashAndThreeLinesWithABlank) {
 }
 
 TEST(CMIFileText, FirstWeldlineAngleIsAlwaysZero) {
-    const std::string text = CMIFileText(BlockOfDistinctValues(), {});
+    const std::string text = cmi::CMIFileText(BlockOfDistinctValues(), {});
     EXPECT_EQ(LineOf(text, "WeldlineAngle1"), "WeldlineAngle1 = 0.000\n");
     EXPECT_EQ(LineOf(text, "WeldlineAngle2"), "WeldlineAngle2 = 152.000\n");
 }
 
 TEST(CMIFileText, InsertSectionRepeatsTheKeysOfThePart) {
-    const std::string text = CMIFileText(CZorbI2CMIData(), {});
+    const std::string text = cmi::CMIFileText(CZorbI2CMIData(), {});
     const std::size_t first = text.find("\nFiberThetaXSegment = ");
     ASSERT_NE(first, std::string::npos);
     EXPECT_NE(text.find("[PARTINSERT MATERIAL REDUCTION]\nFiberThetaXSegment = "),
@@ -247,12 +248,12 @@ TEST(CMIFileText, EachItemHasItsOwnKeyAndPadding) {
     }
 }
 
-TEST(CMIFileText, PrintsItemsInTheGivenOrderAndAsOftenAsGiven) {
+TEST(CMIFileText, PrintsItemsInTheOrderOfTheirIdsAndAsOftenAsGiven) {
     CZorbI2CMIData data;
     data.OutputFlags[13] = 1;
     EXPECT_EQ(ItemLines(data, {13, 2, 13}),
-              "IsDensityOutput =               1   (0:off,1:on)\n"
               "IsMoldbaseOutput =              0   (0:off,1:on)\n"
+              "IsDensityOutput =               1   (0:off,1:on)\n"
               "IsDensityOutput =               1   (0:off,1:on)\n");
 }
 
@@ -308,26 +309,26 @@ TEST(CMIFileText, WritesTheAnnealingLineForTheValueOneOnly) {
     for (const std::int32_t value : {-1, 0, 2, 257}) {
         CZorbI2CMIData data;
         data.IsAnnealingDeformedMesh = value;
-        EXPECT_NE(CMIFileText(data, {}).find(around + after), std::string::npos) << value;
+        EXPECT_NE(cmi::CMIFileText(data, {}).find(around + after), std::string::npos) << value;
     }
     CZorbI2CMIData data;
     data.IsAnnealingDeformedMesh = 1;
-    EXPECT_NE(
-        CMIFileText(data, {}).find(around + "IsAnnealingDeformedMesh = 1 (0:off,1:on)\n" + after),
-        std::string::npos);
+    EXPECT_NE(cmi::CMIFileText(data, {}).find(around +
+                                              "IsAnnealingDeformedMesh = 1 (0:off,1:on)\n" + after),
+              std::string::npos);
 }
 
 TEST(CMIFileText, AnEmptyKeywordGivesEmptyBrackets) {
-    const std::string text = CMIFileText(CZorbI2CMIData(), {});
+    const std::string text = cmi::CMIFileText(CZorbI2CMIData(), {});
     EXPECT_NE(text.find("IDCompositeModel = 0\n[] \nIsOriginalMesh"), std::string::npos);
     EXPECT_NE(text.find("(0:off,1:on)\n[_EOF]\n[\\HEADER]\n"), std::string::npos);
 }
 
 TEST(CMIFileText, NeverPrintsTheDigimatOption) {
     CZorbI2CMIData data;
-    const std::string text = CMIFileText(data, {0, 11, 16});
+    const std::string text = cmi::CMIFileText(data, {0, 11, 16});
     data.DigimatOption = 1;
-    EXPECT_EQ(CMIFileText(data, {0, 11, 16}), text);
+    EXPECT_EQ(cmi::CMIFileText(data, {0, 11, 16}), text);
 }
 
 // ---- Texts ------------------------------------------------------------------------------------
@@ -355,7 +356,7 @@ TEST(CMIFileText, TextsEndAtANulByte) {
     data.OutFolder = std::string("D:\\Out\0put", 10);
     data.MapFile = std::string("\0map", 4);
     data.IsMappedMesh = 1;
-    const std::string text = CMIFileText(data, {});
+    const std::string text = cmi::CMIFileText(data, {});
     EXPECT_EQ(LineOf(text, "OutFolder"), "OutFolder = D:\\Out\n");
     EXPECT_EQ(LineOf(text, "MapFile"), "MapFile = \n");
     EXPECT_EQ(text.find('\0'), std::string::npos);

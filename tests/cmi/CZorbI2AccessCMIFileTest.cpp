@@ -1,6 +1,6 @@
 // The writer of the control parameter file: where it writes, in which order, and what it does when
 // the system fails it.
-#include "cmi/CZorbI2AccessCMIFile.h"
+#include <zorbi2/CZorbI2AccessCMIFile.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,8 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "CZorbI2EngineManager.h"
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2EngineManager.h>
+
 #include "tests/support/ControlFileText.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WatchedPlatform.h"

@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "CZorbI2EngineManager.h"
-#include "CZorbI2Item.h"
+#include <zorbi2/CZorbI2EngineManager.h>
+#include <zorbi2/CZorbI2Item.h>
+
 #include "platform/PlatformCalls.h"
 #include "tests/support/SampleProject.h"
 #include "tests/support/WatchedPlatform.h"

@@ -20,7 +20,7 @@ namespace {
 using Table = std::vector<CZorbI2WeldlineDataStatus>;
 
 Table FreshTable() {
-    return BuildWeldlineTable(DefaultWeldlineData());
+    return cmi::BuildWeldlineTable(cmi::DefaultWeldlineData());
 }
 
 void ExpectSubscriptError(const std::function<void()>& operation) {
@@ -38,7 +38,7 @@ constexpr std::int32_t faultySolvers[] = {std::numeric_limits<std::int32_t>::min
 }  // namespace
 
 TEST(WeldlineData, StartsWithThreeAnglesAndThreeRates) {
-    const CZorbI2WeldlineDataStatus data = DefaultWeldlineData();
+    const CZorbI2WeldlineDataStatus data = cmi::DefaultWeldlineData();
     EXPECT_EQ(data.solverIndex, 0);
     EXPECT_THAT(data.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
     EXPECT_THAT(data.ReductionRates, ElementsAre(0.8, 0.9, 0.95));
@@ -49,7 +49,7 @@ TEST(WeldlineData, TableHasOneRecordPerSolverWithTheWorkingValues) {
     workingData.solverIndex = 77;
     workingData.WeldlineAngles = {1.0, 2.0, 3.0, 4.0};
     workingData.ReductionRates = {0.1};
-    const Table table = BuildWeldlineTable(workingData);
+    const Table table = cmi::BuildWeldlineTable(workingData);
     ASSERT_THAT(table, SizeIs(9));
     for (std::int32_t solver = 0; solver < 9; ++solver) {
         EXPECT_EQ(table[solver].solverIndex, solver);
@@ -63,7 +63,7 @@ TEST(WeldlineData, TableHasOneRecordPerSolverWithTheWorkingValues) {
 TEST(WeldlineDataStore, OverwritesTheFirstThreeOfOneRecordAndKeepsItsLength) {
     Table table = FreshTable();
     table[2].WeldlineAngles = {1.0, 2.0, 3.0, 4.0, 5.0};
-    StoreWeldlineValues(table, 2, {10.0, 20.0, 30.0, 40.0}, {0.5, 0.6, 0.7, 0.8});
+    cmi::StoreWeldlineValues(table, 2, {10.0, 20.0, 30.0, 40.0}, {0.5, 0.6, 0.7, 0.8});
     EXPECT_THAT(table[2].WeldlineAngles, ElementsAre(10.0, 20.0, 30.0, 4.0, 5.0));
     EXPECT_THAT(table[2].ReductionRates, ElementsAre(0.5, 0.6, 0.7));
     EXPECT_EQ(table[2].solverIndex, 2);
@@ -78,7 +78,7 @@ TEST(WeldlineDataStore, RefusesASolverOutsideTheTable) {
         SCOPED_TRACE(solver);
         Table table = FreshTable();
         ExpectSubscriptError([&] {
-            StoreWeldlineValues(table, solver, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+            cmi::StoreWeldlineValues(table, solver, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
         });
         for (const CZorbI2WeldlineDataStatus& record : table) {
             EXPECT_THAT(record.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
@@ -108,7 +108,7 @@ class ShortArguments : public testing::TestWithParam<PartialStore> {};
 TEST_P(ShortArguments, LeaveStoredWhatStoodBeforeTheFault) {
     Table table = FreshTable();
     ExpectSubscriptError(
-        [&] { StoreWeldlineValues(table, 6, GetParam().angles, GetParam().rates); });
+        [&] { cmi::StoreWeldlineValues(table, 6, GetParam().angles, GetParam().rates); });
     EXPECT_EQ(table[6].WeldlineAngles, GetParam().storedAngles);
     EXPECT_EQ(table[6].ReductionRates, GetParam().storedRates);
 }
@@ -128,7 +128,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(WeldlineDataStore, StopsWhereTheRecordsAnglesEnd) {
     Table table = FreshTable();
     table[3].WeldlineAngles = {30.0, 60.0};
-    ExpectSubscriptError([&] { StoreWeldlineValues(table, 3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3}); });
+    ExpectSubscriptError([&] {
+        cmi::StoreWeldlineValues(table, 3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+    });
     EXPECT_THAT(table[3].WeldlineAngles, ElementsAre(1.0, 2.0));
     EXPECT_THAT(table[3].ReductionRates, ElementsAre(0.8, 0.9, 0.95));
 }
@@ -136,7 +138,9 @@ TEST(WeldlineDataStore, StopsWhereTheRecordsAnglesEnd) {
 TEST(WeldlineDataStore, StopsWhereTheRecordsRatesEnd) {
     Table table = FreshTable();
     table[3].ReductionRates = {0.8};
-    ExpectSubscriptError([&] { StoreWeldlineValues(table, 3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3}); });
+    ExpectSubscriptError([&] {
+        cmi::StoreWeldlineValues(table, 3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+    });
     EXPECT_THAT(table[3].WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
     EXPECT_THAT(table[3].ReductionRates, ElementsAre(0.1));
 }
@@ -152,7 +156,7 @@ TEST(WeldlineDataTake, ReplacesTheWorkingListsByTheFirstThreeOfTheRecord) {
     workingData.WeldlineAngles = {9.0};
     workingData.ReductionRates = {9.0, 9.0, 9.0, 9.0};
 
-    TakeWeldlineValues(table, 5, workingData);
+    cmi::TakeWeldlineValues(table, 5, workingData);
 
     EXPECT_EQ(workingData.solverIndex, 77);
     EXPECT_THAT(workingData.WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
@@ -163,9 +167,9 @@ TEST(WeldlineDataTake, ReplacesTheWorkingListsByTheFirstThreeOfTheRecord) {
 TEST(WeldlineDataTake, OfARecordOutsideTheTableLeavesTheWorkingData) {
     for (const std::int32_t solver : faultySolvers) {
         SCOPED_TRACE(solver);
-        CZorbI2WeldlineDataStatus workingData = DefaultWeldlineData();
+        CZorbI2WeldlineDataStatus workingData = cmi::DefaultWeldlineData();
         const Table table = FreshTable();
-        ExpectSubscriptError([&] { TakeWeldlineValues(table, solver, workingData); });
+        ExpectSubscriptError([&] { cmi::TakeWeldlineValues(table, solver, workingData); });
         EXPECT_THAT(workingData.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
         EXPECT_THAT(workingData.ReductionRates, ElementsAre(0.8, 0.9, 0.95));
     }
@@ -174,8 +178,8 @@ TEST(WeldlineDataTake, OfARecordOutsideTheTableLeavesTheWorkingData) {
 TEST(WeldlineDataTake, OfARecordWithTwoAnglesLeavesThoseTwoAndNoRates) {
     Table table = FreshTable();
     table[0].WeldlineAngles = {1.0, 2.0};
-    CZorbI2WeldlineDataStatus workingData = DefaultWeldlineData();
-    ExpectSubscriptError([&] { TakeWeldlineValues(table, 0, workingData); });
+    CZorbI2WeldlineDataStatus workingData = cmi::DefaultWeldlineData();
+    ExpectSubscriptError([&] { cmi::TakeWeldlineValues(table, 0, workingData); });
     EXPECT_THAT(workingData.WeldlineAngles, ElementsAre(1.0, 2.0));
     EXPECT_THAT(workingData.ReductionRates, IsEmpty());
 }
@@ -183,8 +187,8 @@ TEST(WeldlineDataTake, OfARecordWithTwoAnglesLeavesThoseTwoAndNoRates) {
 TEST(WeldlineDataTake, OfARecordWithoutAnglesLeavesBothListsEmpty) {
     Table table = FreshTable();
     table[0].WeldlineAngles.clear();
-    CZorbI2WeldlineDataStatus workingData = DefaultWeldlineData();
-    ExpectSubscriptError([&] { TakeWeldlineValues(table, 0, workingData); });
+    CZorbI2WeldlineDataStatus workingData = cmi::DefaultWeldlineData();
+    ExpectSubscriptError([&] { cmi::TakeWeldlineValues(table, 0, workingData); });
     EXPECT_THAT(workingData.WeldlineAngles, IsEmpty());
     EXPECT_THAT(workingData.ReductionRates, IsEmpty());
 }
@@ -192,8 +196,8 @@ TEST(WeldlineDataTake, OfARecordWithoutAnglesLeavesBothListsEmpty) {
 TEST(WeldlineDataTake, OfARecordWithOneRateLeavesAllAnglesAndThatRate) {
     Table table = FreshTable();
     table[0].ReductionRates = {0.1};
-    CZorbI2WeldlineDataStatus workingData = DefaultWeldlineData();
-    ExpectSubscriptError([&] { TakeWeldlineValues(table, 0, workingData); });
+    CZorbI2WeldlineDataStatus workingData = cmi::DefaultWeldlineData();
+    ExpectSubscriptError([&] { cmi::TakeWeldlineValues(table, 0, workingData); });
     EXPECT_THAT(workingData.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
     EXPECT_THAT(workingData.ReductionRates, ElementsAre(0.1));
 }

@@ -9,7 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "CZorbI2WeldlineDataStatus.h"
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
 #include "tests/support/ControlFileText.h"
 #include "tests/support/SampleProject.h"
 

@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "cmi/CZorbI2AccessCMIFile.h"
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/CZorbI2CMIData.h>
+
 #include "tests/support/CMIDataFields.h"
 #include "tests/support/ControlFileText.h"
 #include "tests/support/SampleProject.h"

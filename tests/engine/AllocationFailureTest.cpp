@@ -11,9 +11,10 @@
 #include <string>
 #include <vector>
 
-#include "CZorbI2WeldlineDataStatus.h"
-#include "cmi/CZorbI2AccessCMIFile.h"
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/SampleProject.h"
 

@@ -8,10 +8,11 @@
 #include <ostream>
 #include <string>
 
-#include "CZorbI2EngineManager.h"
-#include "CZorbI2Item.h"
-#include "CZorbI2ItemStatus.h"
-#include "CZorbI2WeldlineDataStatus.h"
+#include <zorbi2/CZorbI2EngineManager.h>
+#include <zorbi2/CZorbI2Item.h>
+#include <zorbi2/CZorbI2ItemStatus.h>
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
 #include "tests/support/SampleProject.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The manager: what it owns, and what it does around a bare engine.
-#include "CZorbI2EngineManager.h"
+#include <zorbi2/CZorbI2EngineManager.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,9 +9,10 @@
 #include <new>
 #include <string>
 
-#include "CZorbI2WeldlineDataStatus.h"
-#include "cmi/CZorbI2AccessCMIFile.h"
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
 #include "tests/support/Errors.h"
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/SampleProject.h"

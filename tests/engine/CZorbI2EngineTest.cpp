@@ -1,5 +1,5 @@
 // The engine as it is built from the host's record, and its settings.
-#include "engine/CZorbI2Engine.h"
+#include <zorbi2/CZorbI2Engine.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "cmi/CZorbI2AccessCMIFile.h"
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+
 #include "tests/support/Errors.h"
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/SampleProject.h"

@@ -321,7 +321,7 @@ TEST(GetItem, RefusesEveryOtherCategoryThanTheItemsOwn) {
     }
 }
 
-TEST(GetItem, FibreMaterialOutputBelongsToThePartInsert) {
+TEST(GetItem, FiberMaterialOutputBelongsToThePartInsert) {
     OpenProject project;
     CZorbI2Item item;
     EXPECT_TRUE(project.manager.GetItem(1, 12, &item));

@@ -1,5 +1,5 @@
 // Reading the offered items, and the choices per solver.
-#include "engine/PopItemSelector.h"
+#include <zorbi2/PopItemSelector.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

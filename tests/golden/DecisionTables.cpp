@@ -8,11 +8,12 @@
 #include <utility>
 #include <vector>
 
-#include "CZorbFEAInformation.h"
-#include "CZorbI2Item.h"
+#include <zorbi2/CZorbFEAInformation.h>
+#include <zorbi2/CZorbI2Engine.h>
+#include <zorbi2/CZorbI2Item.h>
+#include <zorbi2/PopItemSelector.h>
+
 #include "cmi/WeldlineData.h"
-#include "engine/CZorbI2Engine.h"
-#include "engine/PopItemSelector.h"
 #include "items/ResultMessages.h"
 #include "tests/support/ResultReaderDouble.h"
 #include "tests/support/WatchedPlatform.h"
@@ -65,7 +66,7 @@ void AddAllOffers(Lines& lines) {
     for (int solverType = -1; solverType <= 2; ++solverType) {
         for (const int voxelFlag : {0, 1, 2, 257}) {
             for (int projectType = 0; projectType <= 11; ++projectType) {
-                PopItemSelector selector(solverType, noItems, DefaultWeldlineData(), voxelFlag,
+                PopItemSelector selector(solverType, noItems, cmi::DefaultWeldlineData(), voxelFlag,
                                          projectType);
                 AddOffers(selector,
                           Line("solverType=", solverType, " voxelFlag=", voxelFlag,
@@ -81,7 +82,7 @@ void AddAllOffers(Lines& lines) {
 void AddMessages(Lines& lines) {
     for (int code = -40; code <= 40; ++code) {
         std::string message;
-        GetResultMessage(code, message);
+        items::GetResultMessage(code, message);
         lines.push_back(Line("message code=", code, " : ", message));
     }
 }
@@ -190,15 +191,15 @@ const std::vector<CheckRow> checkRows = {
 struct CheckCase {
     CZorbFEAInformation record;
     std::vector<std::string> endings;  ///< of the files that exist
-    int fibreVersion;                  ///< 0: the reader fails
+    int fiberVersion;                  ///< 0: the reader fails
     int previousShot;                  ///< run that the shot file names; 0: there is none
 };
 
 std::string Outcome(int itemId, const CheckCase& one) {
     support::WatchedPlatform files;
     support::ResultReader() = support::ResultReaderDouble();
-    support::ResultReader().beginResult = one.fibreVersion == 0 ? 1 : 0;
-    support::ResultReader().version = one.fibreVersion;
+    support::ResultReader().beginResult = one.fiberVersion == 0 ? 1 : 0;
+    support::ResultReader().version = one.fiberVersion;
     for (const std::string& ending : one.endings) {
         files.existing.insert("D:\\Proj\\Run03\\Cover03" + ending);
         files.existing.insert("D:\\Proj\\Run02\\Cover02" + ending);

@@ -33,21 +33,21 @@ const Files voxelFiles = {
     "Run03\\Cover03.k5f",     "Run03\\Cover03.k5p", "Run03\\Cover03.k5c",
 };
 
-/// A fibre-filled solid part with runners, an insert from an earlier shot and a moldbase.
+/// A fiber-filled solid part with runners, an insert from an earlier shot and a moldbase.
 const Project solid = {
-    .flags = everyFact, .files = solidFiles, .shotFile = shotOfRun2, .fibreVersion = 1004};
+    .flags = everyFact, .files = solidFiles, .shotFile = shotOfRun2, .fiberVersion = 1004};
 
 const Project solidAnnealed = {.projectType = 3,
                                .flags = everyFact,
                                .files = solidFiles,
                                .shotFile = shotOfRun2,
-                               .fibreVersion = 1004};
+                               .fiberVersion = 1004};
 
 const Project solidFoamed = {.projectType = 9,
                              .flags = everyFact,
                              .files = solidFiles,
                              .shotFile = shotOfRun2,
-                             .fibreVersion = 1004};
+                             .fiberVersion = 1004};
 
 const Project solidUnfilled = {
     .flags = {1, 13},
@@ -62,14 +62,14 @@ const Project shellUnfilled = {
     .solverType = 1, .flags = {1}, .files = {"Run03\\Cover03.rso", "Run03\\Cover03.rsg"}};
 
 const Project voxel = {
-    .voxelFlag = 1, .flags = everyFact, .files = voxelFiles, .fibreVersion = 1005};
+    .voxelFlag = 1, .flags = everyFact, .files = voxelFiles, .fiberVersion = 1005};
 
-/// With a result for ".k5o" of one version and no other fibre results.
-Project SolidWithFibreVersion(long long version) {
+/// With a result for ".k5o" of one version and no other fiber results.
+Project SolidWithFiberVersion(long long version) {
     Project project = solidUnfilled;
     project.flags = {1, 11};
     project.files.push_back("Run03\\Cover03.k5o");
-    project.fibreVersion = version;
+    project.fiberVersion = version;
     return project;
 }
 
@@ -194,12 +194,12 @@ const std::vector<Pass> passes = {
     {.name = "NoResults",              .project = solidWithoutResults, .visits = {{.choices = everything}}},
     {.name = "NoResultsNoFacts",       .project = {.flags = {1}}, .visits = {{.choices = everything}}},
     {.name = "UnfilledPart",           .project = solidUnfilled, .visits = {{.choices = everything}}},
-    {.name = "FibreResultsTooOld",     .project = SolidWithFibreVersion(1003), .visits = {{.choices = everything}}},
-    {.name = "FibreResultsNewEnough",  .project = SolidWithFibreVersion(1004), .visits = {{.choices = everything}}},
+    {.name = "FiberResultsTooOld",     .project = SolidWithFiberVersion(1003), .visits = {{.choices = everything}}},
+    {.name = "FiberResultsNewEnough",  .project = SolidWithFiberVersion(1004), .visits = {{.choices = everything}}},
     {.name = "NoMeetingAngles",        .project = WithFlags(solid, {1, 11, 12, 13, 14}), .visits = {{.choices = everything}}},
     {.name = "NoInsertNoMoldbase",     .project = WithFlags(solid, {1, 11, 12, 16}), .visits = {{.choices = everything}}},
-    {.name = "InsertOfThisShot",       .project = {.flags = everyFact, .files = solidFiles, .fibreVersion = 1004}, .visits = {{.choices = everything}}},
-    {.name = "PreviousShotWithoutFibres", .project = WithFiles(solid, {"Run03\\Cover03.o2w", "Run03\\Cover03.k5f"}), .visits = {{.choices = everything}}},
+    {.name = "InsertOfThisShot",       .project = {.flags = everyFact, .files = solidFiles, .fiberVersion = 1004}, .visits = {{.choices = everything}}},
+    {.name = "PreviousShotWithoutFibers", .project = WithFiles(solid, {"Run03\\Cover03.o2w", "Run03\\Cover03.k5f"}), .visits = {{.choices = everything}}},
     {.name = "CompressionPackingFromFilling", .project = {.projectType = 6, .flags = everyFact, .files = {"Run03\\Cover03.k5f"}}, .visits = {{.choices = everything}}},
     {.name = "PackingWithoutResults",  .project = {.projectType = 5, .flags = everyFact, .files = {"Run03\\Cover03.k5f"}}, .visits = {{.choices = everything}}},
     {.name = "OnlyUpperCaseNames",     .project = {.flags = everyFact, .files = {"Run03\\Cover03.K5F", "Run03\\Cover03.RSF"}}, .visits = {{.choices = everything}}},
@@ -277,7 +277,7 @@ void Put(std::ostream& text, const Project& project) {
     if (!project.shotFile.empty()) {
         text << "shotFile " << OnOneLine(project.shotFile) << '\n';
     }
-    text << "fibreVersion " << project.fibreVersion << '\n';
+    text << "fiberVersion " << project.fiberVersion << '\n';
 }
 
 void Put(std::ostream& text, const Settings& settings) {

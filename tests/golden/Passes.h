@@ -21,7 +21,7 @@ struct Project {
     std::vector<int> flags = {};          ///< positions that hold 1
     std::vector<std::string> files = {};  ///< existing files, below the root
     std::string shotFile = {};            ///< content of the run's shot file; empty: there is none
-    long long fibreVersion = 0;           ///< what the result reader finds; 0: it cannot read
+    long long fiberVersion = 0;           ///< what the result reader finds; 0: it cannot read
 };
 
 struct Settings {

@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "CZorbFEAInformation.h"
-#include "CZorbI2EngineManager.h"
-#include "cmi/CZorbI2AccessCMIFile.h"
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbFEAInformation.h>
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2EngineManager.h>
+
 #include "tests/support/ResultReaderDouble.h"
 #include "tests/support/WatchedPlatform.h"
 
@@ -52,8 +53,8 @@ std::string ShotFilePath(const Project& project) {
 
 void SetResultReader(const Project& project) {
     support::ResultReader() = support::ResultReaderDouble();
-    support::ResultReader().beginResult = project.fibreVersion == 0 ? 1 : 0;
-    support::ResultReader().version = project.fibreVersion;
+    support::ResultReader().beginResult = project.fiberVersion == 0 ? 1 : 0;
+    support::ResultReader().version = project.fiberVersion;
 }
 
 void ApplySettings(CZorbI2EngineManager& manager, const Settings& settings) {

@@ -61,7 +61,7 @@ def read_passes(path):
             current.lists[key] = numbers(value)
         elif key == "flags":
             current.facts[key] = numbers(value)
-        elif key in ("runNumber", "solverType", "projectType", "voxelFlag", "fibreVersion"):
+        elif key in ("runNumber", "solverType", "projectType", "voxelFlag", "fiberVersion"):
             current.facts[key] = int(value)
         elif key == "viewEdit":
             current.facts[key] = value == "1"
@@ -100,10 +100,10 @@ class Run:
             stem += "_vox"
         return stem + extension in self.existing
 
-    def fibres(self):
+    def fibers(self):
         if self.solver_type == 0:
             # The version is asked for whether or not the file is there; the reader decides.
-            new_enough = self.facts["fibreVersion"] >= 1004
+            new_enough = self.facts["fiberVersion"] >= 1004
             return self.flag(11) and (self.has(".o2w") or (self.has(".k5o") and new_enough))
         if self.solver_type == 1:
             return self.flag(11) and self.has(".rso")
@@ -119,7 +119,7 @@ class Run:
             return True
         return self.facts["projectType"] in (4, 6, 7, 8, 9, 10, 11) and self.has(".k5f")
 
-    def insert_fibres(self):
+    def insert_fibers(self):
         values = {"flagprevshot": 0, "valueshotrunid": 0}
         inside = False
         for line in self.facts["shotFile"].split("|"):
@@ -140,7 +140,7 @@ class Run:
     def available(self, item):
         solid = self.solver_type == 0
         return {
-            0: self.fibres,
+            0: self.fibers,
             1: lambda: self.flag(12),
             2: lambda: self.flag(13),
             3: lambda: self.has(".rsf"),
@@ -152,11 +152,11 @@ class Run:
             8: self.packing,
             9: lambda: self.has(".k5c" if solid else ".rsc"),
             10: lambda: self.flag(13) and self.has(".k5c"),
-            11: lambda: self.fibres() if self.solver_type == 1 else True,
-            12: self.insert_fibres,
+            11: lambda: self.fibers() if self.solver_type == 1 else True,
+            12: self.insert_fibers,
             13: lambda: self.has(".k5f"),
             14: lambda: self.has(".k5f") and self.flag(16),
-            15: self.fibres,
+            15: self.fibers,
             16: lambda: self.has(".k5f") and self.flag(16),
             17: lambda: True,
             18: lambda: self.has(".crp") or self.has(".k5o"),

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ControlFile.h"
+#include "ControlFile.h"
 #include "tests/host/SampleControlFile.h"
 
 namespace {
@@ -293,7 +293,7 @@ const DamagedFile damagedFiles[] = {
       "84: \"IsDensityOutput =               1   (0:off,1:on)\" does not belong here",
       R"(84: more faults follow)"}},
     // Lines in another order
-    {"NeighboursSwapped", Swap(30, 31),
+    {"NeighborsSwapped", Swap(30, 31),
      {"30: expected \"SegmentX = N (1~100)\", found \"SegmentY = 70 (1~100)\"",
       "31: expected \"SegmentY = N (1~100)\", found \"SegmentX = 80 (1~100)\""}},
     {"ItemsSwapped", Swap(18, 19),

@@ -1,5 +1,5 @@
 // Reading control files: values, line ends, texts that are no control files, and the words.
-#include "host/ControlFile.h"
+#include "ControlFile.h"
 
 #include <gtest/gtest.h>
 

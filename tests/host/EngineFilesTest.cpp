@@ -8,9 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "cmi/CZorbI2CMIData.h"
-#include "host/ControlFile.h"
-#include "host/Names.h"
+#include <zorbi2/CZorbI2CMIData.h>
+
+#include "ControlFile.h"
+#include "Names.h"
 #include "tests/host/SampleControlFile.h"
 #include "tests/support/SampleProject.h"
 

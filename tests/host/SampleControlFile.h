@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "host/ControlFile.h"
-#include "host/Problem.h"
+#include "ControlFile.h"
+#include "Problem.h"
 
 namespace samples {
 

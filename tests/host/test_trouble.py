@@ -124,10 +124,10 @@ class Trouble(ProgramTest):
         os.close(writer)
         self.check(done, 3, None, "zorbi2: standard output cannot be written: Broken pipe\n")
 
-    # ---- Colour -------------------------------------------------------------------------------
+    # ---- Color -------------------------------------------------------------------------------
 
     @NOT_ON_WINDOWS
-    def test_colour_is_for_terminals_and_never_with_no_color(self):
+    def test_color_is_for_terminals_and_never_with_no_color(self):
         self.assertNotIn("\x1b", self.run_program("items", "cover.toml").stdout)
         self.assertIn("\x1b[1m", self.on_terminal({}))
         self.assertIn("\x1b[1m", self.on_terminal({"NO_COLOR": ""}))

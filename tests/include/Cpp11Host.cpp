@@ -5,10 +5,10 @@
 #include <map>
 #include <string>
 
-#include "ZorbI2Engine.h"
-#include "cmi/CZorbI2AccessCMIFile.h"
-#include "cmi/CZorbI2CMIData.h"
-#include "engine/CZorbI2Engine.h"
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2Engine.h>
+#include <zorbi2/ZorbI2Engine.h>
 
 #if __cplusplus >= 201402L && !defined(_MSC_VER)
 #error "this program is here to be compiled as C++11"
@@ -25,7 +25,7 @@ void Expect(bool holds, const char* promise) {
     }
 }
 
-/// Of a kind for which the fibre orientation counts as there without any file.
+/// Of a kind for which the fiber orientation counts as there without any file.
 CZorbFEAInformation Project() {
     CZorbFEAInformation info;
     info.projectName = "Cover";

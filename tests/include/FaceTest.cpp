@@ -6,7 +6,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "CZorbI2EngineManager.h"
+#include <zorbi2/CZorbI2EngineManager.h>
 
 namespace {
 

@@ -13,12 +13,13 @@
 #include <type_traits>
 #include <vector>
 
-#include "ZorbI2Engine.h"
-#include "cmi/CZorbI2AccessCMIFile.h"
-#include "cmi/CZorbI2CMIData.h"
-#include "engine/CZorbI2Engine.h"
-#include "engine/PopItemSelector.h"
-#include "items/SolverSlot.h"
+#include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/CZorbI2Engine.h>
+#include <zorbi2/PopItemSelector.h>
+#include <zorbi2/SolverSlot.h>
+#include <zorbi2/ZorbI2Engine.h>
+
 #include "tests/support/SampleProject.h"
 
 using testing::Each;

@@ -24,7 +24,7 @@ void AddTest(std::vector<std::string>& events, const std::string& ending,
     events.push_back("exists " + base + upperExtension);
 }
 
-void AddFibreOrientationCheck(std::vector<std::string>& events) {
+void AddFiberOrientationCheck(std::vector<std::string>& events) {
     events.push_back("trace @@@ I2Engine Fiber Orientation Results SOLID");
     AddTest(events, ".o2w", ".O2W");
     AddTest(events, ".k5o", ".K5O");
@@ -42,8 +42,8 @@ void AddShotFileCheck(std::vector<std::string>& events) {
 
 TEST(CatalogueChecks, OfASolidProjectWithoutFilesInOrder) {
     std::vector<std::string> expected;
-    AddFibreOrientationCheck(expected);                                                      // 15
-    AddFibreOrientationCheck(expected);                                                      // 0
+    AddFiberOrientationCheck(expected);                                                      // 15
+    AddFiberOrientationCheck(expected);                                                      // 0
     AddShotFileCheck(expected);                                                              // 12
     AddTest(expected, ".k5f", ".K5F");                                                       // 13
     expected.push_back("trace @@@ ZorbI2Engine GetThermalStressResults OstraMesh = false");  // 4
@@ -72,12 +72,12 @@ TEST(CatalogueChecks, OfASolidProjectWithoutFilesInOrder) {
     EXPECT_EQ(project.files.events, expected);
 }
 
-TEST(CatalogueChecks, AskTheResultReaderOncePerFibreOrientationCheck) {
+TEST(CatalogueChecks, AskTheResultReaderOncePerFiberOrientationCheck) {
     OpenProject project(support::PlainProject(), ResultFiles::none);
     EXPECT_EQ(support::ResultReader().events.size(), 6U);
 }
 
-TEST(CatalogueChecks, OfItemsThatFollowTheNormalisedFolderReadTheShotFileThere) {
+TEST(CatalogueChecks, OfItemsThatFollowTheNormalizedFolderReadTheShotFileThere) {
     CZorbFEAInformation record = support::PlainProject();
     record.projectFolder = "D:\\Proj\\Run03";
     OpenProject project(record, ResultFiles::none);
@@ -85,7 +85,7 @@ TEST(CatalogueChecks, OfItemsThatFollowTheNormalisedFolderReadTheShotFileThere) 
                 ElementsAre("r " + base + ".cmx", "w ThermalTest.txt"));
 }
 
-TEST(CatalogueChecks, OfAnUnknownKindOfProjectReadTheShotFileBeforeTheFolderIsNormalised) {
+TEST(CatalogueChecks, OfAnUnknownKindOfProjectReadTheShotFileBeforeTheFolderIsNormalized) {
     CZorbFEAInformation record = support::PlainProject(2);
     record.projectFolder = "D:\\Proj\\Run03";
     OpenProject project(record, ResultFiles::none);

@@ -6,7 +6,7 @@ namespace {
 
 using Options = std::map<int, std::string>;
 
-const Options fibreReduction = {
+const Options fiberReduction = {
     {0, "Material reduction-Min"},  {1, "Material reduction-Low"}, {2, "Material reduction-Medium"},
     {3, "Material reduction-High"}, {4, "Material reduction-Max"}, {5, "Material reduction-None"},
 };
@@ -25,7 +25,7 @@ const Options none = {{-1, "No such features"}};
 
 // clang-format off
 const std::vector<Item> catalogue = {
-    { 0, 0, -1,  2, fibreReduction, "Fiber orientation",
+    { 0, 0, -1,  2, fiberReduction, "Fiber orientation",
      "The moldbase temperature after cooling"},
     { 1, 0, -1,  0, runner,         "Runner output",
      "Add runner mesh output in the part section."},
@@ -49,7 +49,7 @@ const std::vector<Item> catalogue = {
      "The moldbase temperature after cooling."},
     {11, 0, -1,  0, digimat,        "Digimat option to export fiber orientation data.",
      "Export the fiber orientation data for further analysis to view characteristics of fiber."},
-    {12, 1, -1,  2, fibreReduction, "Fiber material property output",
+    {12, 1, -1,  2, fiberReduction, "Fiber material property output",
      "Reduce the material quantity by collating the fiber direction. Min means minimal number of material will be retainded."},
     {13, 0, -1,  0, density,        "Density output",
      "Output the density of the part."},

@@ -25,9 +25,9 @@ ResultCode EveryItemHasResults(std::int32_t /*itemId*/) {
     return 1;
 }
 
-ItemArray Catalogue(int solverType, const ResultCodeOf& resultCodeOf) {
+ItemArray Catalogue(int solverType, const items::ResultCodeOf& resultCodeOf) {
     ItemArray items;
-    BuildItemCatalogue(items, solverType, resultCodeOf);
+    items::BuildItemCatalogue(items, solverType, resultCodeOf);
     return items;
 }
 
@@ -57,14 +57,14 @@ void ExpectMissing(const CZorbI2Item& item, const expected::Item& expectedItem,
 /// The items that are left null when one allocation after the other fails, in this order.
 std::vector<int> ItemsLostToFailingAllocations() {
     std::vector<int> lost;
-    const ResultCodeOf resultCodeOf = EveryItemHasResults;
+    const items::ResultCodeOf resultCodeOf = EveryItemHasResults;
     bool ranClean = false;
     for (std::size_t number = 0; !ranClean; ++number) {
         ItemArray items;
         try {
             const support::FailingAllocations failing(number,
                                                       support::FailingAllocations::Mode::once);
-            BuildItemCatalogue(items, 0, resultCodeOf);
+            items::BuildItemCatalogue(items, 0, resultCodeOf);
             ranClean = !failing.HasFailed();
         } catch (const std::bad_alloc&) {
             continue;  // no memory for a text or an option
@@ -144,7 +144,7 @@ TEST(ItemCatalogue, DigimatExportHasTwoOptionsForAllOtherProjects) {
     }
 }
 
-TEST(ItemCatalogue, DefaultsAreMediumForFibresConstantForDensityAndMoriTanaka) {
+TEST(ItemCatalogue, DefaultsAreMediumForFibersConstantForDensityAndMoriTanaka) {
     OpenProject project;
     const ItemArray& items = project.Engine().items;
     EXPECT_EQ(items[0]->options.at(items[0]->optionValue), "Material reduction-Medium");
@@ -210,17 +210,17 @@ TEST(ItemCatalogue, ReasonIsTheMessageOfTheItemsOwnCode) {
 TEST(ItemOptions, UnavailableItemHasTheReasonWhateverItsId) {
     for (int itemId = 0; itemId < 22; ++itemId) {
         std::map<std::int32_t, std::string> options;
-        EXPECT_EQ(BuildItemOptions(0, itemId, -3, false, options), -2);
+        EXPECT_EQ(items::BuildItemOptions(0, itemId, -3, false, options), -2);
         EXPECT_THAT(options, ElementsAre(Pair(-2, "No runners"))) << "item " << itemId;
     }
 }
 
 TEST(ItemOptions, AvailabilityDecidesAndNotTheCode) {
     std::map<std::int32_t, std::string> options;
-    EXPECT_EQ(BuildItemOptions(0, 1, 1, false, options), -2);
+    EXPECT_EQ(items::BuildItemOptions(0, 1, 1, false, options), -2);
     EXPECT_THAT(options, ElementsAre(Pair(-2, "Unknown messages")));
     options.clear();
-    EXPECT_EQ(BuildItemOptions(0, 1, -3, true, options), 0);
+    EXPECT_EQ(items::BuildItemOptions(0, 1, -3, true, options), 0);
     EXPECT_THAT(options, ElementsAre(Pair(0, "Exclude runner"), Pair(1, "Include runner")));
 }
 
@@ -228,7 +228,7 @@ TEST(ItemOptions, AvailableItemHasItsSetAndDefault) {
     for (const int solverType : solverTypes) {
         for (const expected::Item& item : expected::CatalogueOf(solverType)) {
             std::map<std::int32_t, std::string> options;
-            EXPECT_EQ(BuildItemOptions(solverType, item.itemId, 1, true, options),
+            EXPECT_EQ(items::BuildItemOptions(solverType, item.itemId, 1, true, options),
                       item.optionValue);
             EXPECT_EQ(options, item.options) << "item " << item.itemId;
         }

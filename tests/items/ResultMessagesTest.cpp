@@ -10,7 +10,7 @@ namespace {
 
 std::string MessageOf(int code) {
     std::string text = "text of an earlier code";
-    GetResultMessage(code, text);
+    items::GetResultMessage(code, text);
     return text;
 }
 
@@ -51,7 +51,7 @@ TEST(ResultMessages, CodeOfAvailableResultsHasNoMessageOfItsOwn) {
     EXPECT_EQ(MessageOf(1), "Unknown messages");
 }
 
-TEST(ResultMessages, CodesMinus12AndMinus11HaveNoTextButTheirNeighboursDo) {
+TEST(ResultMessages, CodesMinus12AndMinus11HaveNoTextButTheirNeighborsDo) {
     EXPECT_EQ(MessageOf(-13), "No inserted-part nor file *.k5f");
     EXPECT_EQ(MessageOf(-12), "Unknown messages");
     EXPECT_EQ(MessageOf(-11), "Unknown messages");

@@ -111,7 +111,7 @@ std::vector<int> SlotsLostToFailingAllocations() {
         try {
             const support::FailingAllocations failing(number,
                                                       support::FailingAllocations::Mode::once);
-            BuildSolverSlots(slots, std::vector<bool>(9, true), 0, 0);
+            items::BuildSolverSlots(slots, std::vector<bool>(9, true), 0, 0);
             ranClean = !failing.HasFailed();
         } catch (const std::bad_alloc&) {
             continue;  // no memory for a text or a list
@@ -183,7 +183,7 @@ TEST(SolverSlots, OnlyOfferedSolversGetOne) {
     SolverSlotArray slots;
     std::vector<bool> offered(9, false);
     offered[3] = true;
-    BuildSolverSlots(slots, offered, 0, 0);
+    items::BuildSolverSlots(slots, offered, 0, 0);
     for (int solver = 0; solver < 9; ++solver) {
         EXPECT_EQ(slots[solver] != nullptr, solver == 3) << solver;
     }

@@ -18,7 +18,7 @@ using library_tests::ResultOf;
 using library_tests::ScratchFolder;
 
 constexpr int flowInducedStress = 3;
-constexpr int insertFibreMaterial = 12;
+constexpr int insertFiberMaterial = 12;
 constexpr int available = 1;
 constexpr int noRsf = -7;
 
@@ -40,7 +40,7 @@ TEST(FileNames, AShotFileDifferingInCaseIsReadWhereTheSystemFindsIt) {
     const ScratchFolder folder;
     AddFile("Run01/COVER01.CMX", "<SOLID_MCM>\nFlagPrevShot=1\nValueShotRunID=2\n</SOLID_MCM>\n");
     AddFile("Run02/Cover02.k5o");
-    EXPECT_EQ(ResultOf(BareProject("Run01\\"), insertFibreMaterial) == available,
+    EXPECT_EQ(ResultOf(BareProject("Run01\\"), insertFiberMaterial) == available,
               host_system::ignoresCaseOfNames);
 }
 
@@ -60,7 +60,7 @@ TEST_P(FolderSeparators, AllLeadToTheRun) {
 
     EXPECT_EQ(manager.GetProjectResults(flowInducedStress), available);
     EXPECT_EQ(manager.GetProjectResults(0), available);  // through the result reader
-    EXPECT_EQ(manager.GetProjectResults(insertFibreMaterial), available);
+    EXPECT_EQ(manager.GetProjectResults(insertFiberMaterial), available);
 }
 
 INSTANTIATE_TEST_SUITE_P(Folders, FolderSeparators,

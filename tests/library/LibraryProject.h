@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "ZorbI2Engine.h"
+#include <zorbi2/ZorbI2Engine.h>
 
 namespace library_tests {
 

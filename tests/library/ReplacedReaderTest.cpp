@@ -33,15 +33,15 @@ void PrintTo(const Replacement& row, std::ostream* out) {
 
 class ReplacedReader : public testing::TestWithParam<Replacement> {};
 
-TEST_P(ReplacedReader, DecidesOnFibreOrientation) {
+TEST_P(ReplacedReader, DecidesOnFiberOrientation) {
     const library_tests::ScratchFolder folder;
     library_tests::AddFile("Cover01.k5o", GetParam().k5oText);
-    for (const char* file : {ZORBI2_FIBRE_HOST, ZORBI2_ENGINE_LIBRARY}) {
+    for (const char* file : {ZORBI2_FIBER_HOST, ZORBI2_ENGINE_LIBRARY}) {
         fs::copy_file(file, fs::path(file).filename());
     }
     fs::copy_file(GetParam().reader, fs::path(ZORBI2_BUNDLED_READER).filename());
 
-    fs::path host = fs::path(".") / fs::path(ZORBI2_FIBRE_HOST).filename();
+    fs::path host = fs::path(".") / fs::path(ZORBI2_FIBER_HOST).filename();
     ASSERT_EQ(std::system((host.make_preferred().string() + " > answer.txt").c_str()), 0);
 
     EXPECT_EQ(library_tests::BytesOf("answer.txt"), GetParam().answer);

@@ -20,11 +20,18 @@ set(build ${WORK_FOLDER}/build)
 set(desk ${WORK_FOLDER}/desk)  # where the host works
 file(REMOVE_RECURSE ${WORK_FOLDER})
 
-run(${CMAKE_COMMAND} --install ${BUILD_FOLDER} --config ${CONFIGURATION} --prefix ${installed})
+set(install ${CMAKE_COMMAND} --install ${BUILD_FOLDER} --config ${CONFIGURATION}
+            --prefix ${installed})
+run(${install})
+file(GLOB_RECURSE readers ${installed}/*QuentaResultEngine*)
+if(readers)
+    message(FATAL_ERROR "the stand-in of the result reader was not asked for: ${readers}")
+endif()
 run(${CMAKE_COMMAND} -S ${HOST_FOLDER} -B ${build}
     -D CMAKE_PREFIX_PATH=${installed} -D CMAKE_BUILD_TYPE=${CONFIGURATION}
     -D CMAKE_RUNTIME_OUTPUT_DIRECTORY=$<1:${desk}> ${HOST_OPTIONS})
 run(${CMAKE_COMMAND} --build ${build} --config ${CONFIGURATION})
+run(${install} --component reader-standin)
 
 file(COPY ${EXAMPLE}/ DESTINATION ${desk}/project)
 cmake_path(GET HOST_FOLDER FILENAME program)

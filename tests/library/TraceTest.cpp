@@ -42,7 +42,7 @@ TEST(Trace, TellsWhatIsMissingInTheOrderOfTheTests) {
               }));
 }
 
-TEST(Trace, TellsOfFibreFilesWithoutFibreResults) {
+TEST(Trace, TellsOfFiberFilesWithoutFiberResults) {
     const ScratchFolder folder;
     AddFile("Run01/Cover01.o2w");
     const DebuggerOutput debugger;
@@ -53,7 +53,7 @@ TEST(Trace, TellsOfFibreFilesWithoutFibreResults) {
                                      L"@@@ I2Engine  HasFiber=false"}));
 }
 
-TEST(Trace, TellsOfFibreResultsWithoutFiles) {
+TEST(Trace, TellsOfFiberResultsWithoutFiles) {
     const ScratchFolder folder;
     CZorbFEAInformation project = BareProject("Run01");
     project.flags[CZorbFEAInformation::kHasFiber] = 1;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/Files.h"
+#include "platform/PlatformCalls.h"
 #include "platform/Trace.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/Files.h"
+#include "platform/PlatformCalls.h"
 #include "tests/support/TemporaryFolder.h"
 
 TEST(PlatformWindows, NativePathIsThePathAsItStands) {

@@ -51,7 +51,7 @@ TEST(ResultReader, TakesTheNumberAtTheStartForTheVersion) {
 }
 
 TEST(ResultReader, TakesTheNumberBeforeOtherText) {
-    EXPECT_EQ(ReadFileOf("1004 fibre orientation"), (Outcome{true, 1004}));
+    EXPECT_EQ(ReadFileOf("1004 fiber orientation"), (Outcome{true, 1004}));
     EXPECT_EQ(ReadFileOf("1004abc"), (Outcome{true, 1004}));
     EXPECT_EQ(ReadFileOf("1004.9"), (Outcome{true, 1004}));
     EXPECT_EQ(ReadFileOf("1004,5"), (Outcome{true, 1004}));

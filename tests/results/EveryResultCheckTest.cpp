@@ -118,7 +118,7 @@ struct ReaderOutcome {
     long long version;
 };
 
-/// Only a check of a solid project's fibre orientation asks the reader.
+/// Only a check of a solid project's fiber orientation asks the reader.
 std::vector<ReaderOutcome> ReaderOutcomes(std::int32_t itemId, std::int32_t solverType) {
     if ((itemId != 0 && itemId != 15) || solverType != 0) {
         return {{0, 1004}};
@@ -161,7 +161,7 @@ TEST_P(EveryResultCheck, AnswersAndActsAsRuled) {
     }
 }
 
-TEST_P(EveryResultCheck, NormalisesTheFolderWithTheFirstFileTestOnly) {
+TEST_P(EveryResultCheck, NormalizesTheFolderWithTheFirstFileTestOnly) {
     for (const std::int32_t solverType : solverTypes) {
         Situation situation;
         situation.info.projectFolder = "D:\\Proj\\Run03";

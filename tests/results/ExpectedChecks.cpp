@@ -13,7 +13,7 @@ namespace {
 
 /// Facts that must hold ("+") or must not ("-"), then what the check does, and its result code.
 ///
-/// Facts: solid, shell (project kinds); fibre, runners, moldbase, insert, angle (flags 11, 12, 13,
+/// Facts: solid, shell (project kinds); fiber, runners, moldbase, insert, angle (flags 11, 12, 13,
 /// 14, 16); voxel (an Ostra mesh); icm (an injection-compression project); version (the reader
 /// opens the file and its version suffices); prevshot (the shot file's flag is 1); prevk5o (the
 /// previous run has its file); an extension (the run has that result file).
@@ -28,11 +28,11 @@ struct Rule {
     std::int32_t code;
 };
 
-constexpr const char* solidFibre = "trace @@@ I2Engine Fiber Orientation Results SOLID";
-constexpr const char* noFibreNorFile =
+constexpr const char* solidFiber = "trace @@@ I2Engine Fiber Orientation Results SOLID";
+constexpr const char* noFiberNorFile =
     "trace @@@ I2Engine HasFiber=false and .o2w/.k5o file not exist";
-constexpr const char* noFibre = "trace @@@ I2Engine  HasFiber=false";
-constexpr const char* noFibreFile = "trace @@@ I2Engine .o2w/.k5 file not exist";
+constexpr const char* noFiber = "trace @@@ I2Engine  HasFiber=false";
+constexpr const char* noFiberFile = "trace @@@ I2Engine .o2w/.k5 file not exist";
 constexpr const char* thermalPlain =
     "trace @@@ ZorbI2Engine GetThermalStressResults OstraMesh = false";
 constexpr const char* thermalVoxel =
@@ -51,26 +51,26 @@ constexpr const char* strainFile = "create ShellIniStrain.txt";
 // clang-format off
 const std::vector<Rule>& Rules() {
     static const std::vector<Rule> rules = {
-    // Fibre orientation
-    {{0, 15}, {"+solid", "+fibre", "+.o2w"},
-        {solidFibre, "test .o2w", "test .k5o", "version"}, 1},
-    {{0, 15}, {"+solid", "+fibre", "-.o2w", "+.k5o", "+version"},
-        {solidFibre, "test .o2w", "test .k5o", "version"}, 1},
-    {{0, 15}, {"+solid", "+fibre", "-.o2w", "+.k5o", "-version"},
-        {solidFibre, "test .o2w", "test .k5o", "version", noFibreFile}, -2},
-    {{0, 15}, {"+solid", "+fibre", "-.o2w", "-.k5o"},
-        {solidFibre, "test .o2w", "test .k5o", "version", noFibreFile}, -2},
-    {{0, 15}, {"+solid", "-fibre", "+.o2w"},
-        {solidFibre, "test .o2w", "test .k5o", "version", noFibre}, -1},
-    {{0, 15}, {"+solid", "-fibre", "-.o2w", "+.k5o", "+version"},
-        {solidFibre, "test .o2w", "test .k5o", "version", noFibre}, -1},
-    {{0, 15}, {"+solid", "-fibre", "-.o2w", "+.k5o", "-version"},
-        {solidFibre, "test .o2w", "test .k5o", "version", noFibreNorFile}, 0},
-    {{0, 15}, {"+solid", "-fibre", "-.o2w", "-.k5o"},
-        {solidFibre, "test .o2w", "test .k5o", "version", noFibreNorFile}, 0},
-    {{0, 11, 15}, {"+shell", "+fibre", "+.rso"}, {"test .rso"},  1},
-    {{0, 11, 15}, {"+shell", "+fibre", "-.rso"}, {"test .rso"}, -1},
-    {{0, 11, 15}, {"+shell", "-fibre"},          {"test .rso"}, -1},
+    // Fiber orientation
+    {{0, 15}, {"+solid", "+fiber", "+.o2w"},
+        {solidFiber, "test .o2w", "test .k5o", "version"}, 1},
+    {{0, 15}, {"+solid", "+fiber", "-.o2w", "+.k5o", "+version"},
+        {solidFiber, "test .o2w", "test .k5o", "version"}, 1},
+    {{0, 15}, {"+solid", "+fiber", "-.o2w", "+.k5o", "-version"},
+        {solidFiber, "test .o2w", "test .k5o", "version", noFiberFile}, -2},
+    {{0, 15}, {"+solid", "+fiber", "-.o2w", "-.k5o"},
+        {solidFiber, "test .o2w", "test .k5o", "version", noFiberFile}, -2},
+    {{0, 15}, {"+solid", "-fiber", "+.o2w"},
+        {solidFiber, "test .o2w", "test .k5o", "version", noFiber}, -1},
+    {{0, 15}, {"+solid", "-fiber", "-.o2w", "+.k5o", "+version"},
+        {solidFiber, "test .o2w", "test .k5o", "version", noFiber}, -1},
+    {{0, 15}, {"+solid", "-fiber", "-.o2w", "+.k5o", "-version"},
+        {solidFiber, "test .o2w", "test .k5o", "version", noFiberNorFile}, 0},
+    {{0, 15}, {"+solid", "-fiber", "-.o2w", "-.k5o"},
+        {solidFiber, "test .o2w", "test .k5o", "version", noFiberNorFile}, 0},
+    {{0, 11, 15}, {"+shell", "+fiber", "+.rso"}, {"test .rso"},  1},
+    {{0, 11, 15}, {"+shell", "+fiber", "-.rso"}, {"test .rso"}, -1},
+    {{0, 11, 15}, {"+shell", "-fiber"},          {"test .rso"}, -1},
     {{0, 15}, {"-solid", "-shell"}, {}, 1},
     {{11},    {"-shell"},           {}, 1},
     // Runners, moldbase
@@ -147,7 +147,7 @@ const std::vector<Rule>& Rules() {
     {{14, 16}, {"-.k5f"},           {"test .k5f"},  -8},
     {{14, 16}, {"+.k5f", "+angle"}, {"test .k5f"},   1},
     {{14, 16}, {"+.k5f", "-angle"}, {"test .k5f"}, -24},
-    // Digimat fibre
+    // Digimat fiber
     {{18}, {"-shell", "+.crp"},          {"test .crp", "test .k5o"},   1},
     {{18}, {"-shell", "-.crp", "+.k5o"}, {"test .crp", "test .k5o"},   1},
     {{18}, {"-shell", "-.crp", "-.k5o"}, {"test .crp", "test .k5o"}, -10},
@@ -185,7 +185,7 @@ bool Holds(const std::string& fact, const Situation& situation) {
     static const std::map<std::string, Test> tests = {
         {"solid",    [](const Situation& s) { return s.info.solverType == 0; }},
         {"shell",    [](const Situation& s) { return s.info.solverType == 1; }},
-        {"fibre",    [](const Situation& s) { return s.info.flags[11] != 0; }},
+        {"fiber",    [](const Situation& s) { return s.info.flags[11] != 0; }},
         {"runners",  [](const Situation& s) { return s.info.flags[12] != 0; }},
         {"moldbase", [](const Situation& s) { return s.info.flags[13] != 0; }},
         {"insert",   [](const Situation& s) { return s.info.flags[14] != 0; }},
@@ -296,16 +296,16 @@ private:
         return !file_.empty() && situation_.unwritableFiles.count(file_) == 0;
     }
 
-    void NormaliseFolder() { folder_ = "D:\\Proj\\Run03\\"; }
+    void NormalizeFolder() { folder_ = "D:\\Proj\\Run03\\"; }
 
     void TestResultFile(const std::string& extension) {
-        NormaliseFolder();
+        NormalizeFolder();
         Note("exists " + ResultPath(extension, situation_));
         Note("exists " + (namePrefix + InUpperCase(extension)));
     }
 
     void AskReader() {
-        NormaliseFolder();
+        NormalizeFolder();
         Note("reader begin " + SystemPath(std::string(namePrefix) + ".k5o"));
         Note("reader version");
         Note("reader end");

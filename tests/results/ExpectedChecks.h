@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "CZorbFEAInformation.h"
+#include <zorbi2/CZorbFEAInformation.h>
 
 namespace expected {
 

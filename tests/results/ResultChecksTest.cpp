@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "CZorbI2EngineManager.h"
+#include <zorbi2/CZorbI2EngineManager.h>
+
 #include "tests/results/WatchedRun.h"
 
 namespace {
@@ -14,16 +15,16 @@ constexpr std::int32_t shell = 1;
 
 }  // namespace
 
-// ---- Fibre orientation ------------------------------------------------------------------------
+// ---- Fiber orientation ------------------------------------------------------------------------
 
-TEST(FibreOrientation, O2wFileAloneSufficesInASolidProject) {
+TEST(FiberOrientation, O2wFileAloneSufficesInASolidProject) {
     WatchedRun run;
     run.info.flags[11] = 1;
     run.HasFile("Cover03.o2w");
     EXPECT_EQ(run.Check(0), 1);
 }
 
-TEST(FibreOrientation, OldK5oFileDoesNotSpoilTheO2wFile) {
+TEST(FiberOrientation, OldK5oFileDoesNotSpoilTheO2wFile) {
     WatchedRun run;
     run.info.flags[11] = 1;
     run.HasFile("Cover03.o2w");
@@ -33,7 +34,7 @@ TEST(FibreOrientation, OldK5oFileDoesNotSpoilTheO2wFile) {
     EXPECT_EQ(run.Check(0), 1);
 }
 
-TEST(FibreOrientation, K5oFileOfVersion1003IsTooOldWithoutO2wFile) {
+TEST(FiberOrientation, K5oFileOfVersion1003IsTooOldWithoutO2wFile) {
     WatchedRun run;
     run.info.flags[11] = 1;
     run.HasFile("Cover03.k5o");
@@ -42,7 +43,7 @@ TEST(FibreOrientation, K5oFileOfVersion1003IsTooOldWithoutO2wFile) {
     EXPECT_EQ(run.Check(0), -2);
 }
 
-TEST(FibreOrientation, K5oFileOfVersion1004SufficesWithoutO2wFile) {
+TEST(FiberOrientation, K5oFileOfVersion1004SufficesWithoutO2wFile) {
     WatchedRun run;
     run.info.flags[11] = 1;
     run.HasFile("Cover03.k5o");
@@ -51,7 +52,7 @@ TEST(FibreOrientation, K5oFileOfVersion1004SufficesWithoutO2wFile) {
     EXPECT_EQ(run.Check(0), 1);
 }
 
-TEST(FibreOrientation, VersionBeyond32BitsCountsWhole) {
+TEST(FiberOrientation, VersionBeyond32BitsCountsWhole) {
     WatchedRun run;
     run.info.flags[11] = 1;
     run.HasFile("Cover03.k5o");
@@ -62,14 +63,14 @@ TEST(FibreOrientation, VersionBeyond32BitsCountsWhole) {
     EXPECT_EQ(run.Check(0), -2);
 }
 
-TEST(FibreOrientation, SolidProjectWithoutFibreFlagTellsWhetherFilesExist) {
+TEST(FiberOrientation, SolidProjectWithoutFiberFlagTellsWhetherFilesExist) {
     WatchedRun run;
     EXPECT_EQ(run.Check(0), 0);
     run.HasFile("Cover03.o2w");
     EXPECT_EQ(run.Check(0), -1);
 }
 
-TEST(FibreOrientation, ShellProjectWithoutFibreFlagIsUnavailableWithOrWithoutRsoFile) {
+TEST(FiberOrientation, ShellProjectWithoutFiberFlagIsUnavailableWithOrWithoutRsoFile) {
     WatchedRun run;
     run.info.solverType = shell;
     EXPECT_EQ(run.Check(0), -1);
@@ -77,7 +78,7 @@ TEST(FibreOrientation, ShellProjectWithoutFibreFlagIsUnavailableWithOrWithoutRso
     EXPECT_EQ(run.Check(0), -1);
 }
 
-TEST(FibreOrientation, ReaderIsAskedAndClosedEvenWhenItCannotOpenTheFile) {
+TEST(FiberOrientation, ReaderIsAskedAndClosedEvenWhenItCannotOpenTheFile) {
     WatchedRun run;
     run.reader.beginResult = 1;
     run.Check(0);
@@ -85,7 +86,7 @@ TEST(FibreOrientation, ReaderIsAskedAndClosedEvenWhenItCannotOpenTheFile) {
     EXPECT_EQ(run.reader.events, (Lines{"begin " + path, "version", "end"}));
 }
 
-TEST(FibreOrientation, ReaderLooksAtThePlainFileInAVoxelProjectToo) {
+TEST(FiberOrientation, ReaderLooksAtThePlainFileInAVoxelProjectToo) {
     WatchedRun run;
     run.info.flags[11] = 1;
     run.info.voxelFlag = 1;
@@ -96,7 +97,7 @@ TEST(FibreOrientation, ReaderLooksAtThePlainFileInAVoxelProjectToo) {
     EXPECT_EQ(run.reader.events[0], "begin " + SystemPath("D:\\Proj\\Run03\\Cover03.k5o"));
 }
 
-TEST(FibreOrientation, EverythingIsLookedAtEvenWhenTheFirstFileDecides) {
+TEST(FiberOrientation, EverythingIsLookedAtEvenWhenTheFirstFileDecides) {
     WatchedRun run;
     run.info.flags[11] = 1;
     run.HasFile("Cover03.o2w");
@@ -109,7 +110,7 @@ TEST(FibreOrientation, EverythingIsLookedAtEvenWhenTheFirstFileDecides) {
                      "reader end"}));
 }
 
-TEST(FibreOrientation, TracesWithoutFibreFlagKeepTheirTwoBlanks) {
+TEST(FiberOrientation, TracesWithoutFiberFlagKeepTheirTwoBlanks) {
     WatchedRun run;
     run.HasFile("Cover03.o2w");
     run.Check(0);
@@ -257,13 +258,13 @@ TEST(EndOfCoolingTemperature, OnlyASolidProjectLooksForTheK5cFile) {
 
 // ---- Part insert from a previous shot ---------------------------------------------------------
 
-TEST(InsertFibreMaterial, WithoutShotFileThereIsNoPreviousShot) {
+TEST(InsertFiberMaterial, WithoutShotFileThereIsNoPreviousShot) {
     WatchedRun run;
     EXPECT_EQ(run.Check(12), -19);
     EXPECT_EQ(run.platform.EventsOf("trace").back(), "@@@ I2Engine .cmx file FlagPrevShot=0");
 }
 
-TEST(InsertFibreMaterial, FreshEngineHasNoPreviousShot) {
+TEST(InsertFiberMaterial, FreshEngineHasNoPreviousShot) {
     WatchedRun run;
     CZorbI2EngineManager manager;
     CZorbFEAInformation info = run.info;
@@ -274,7 +275,7 @@ TEST(InsertFibreMaterial, FreshEngineHasNoPreviousShot) {
     EXPECT_EQ(run.platform.EventsOf("trace").back(), "@@@ I2Engine .cmx file FlagPrevShot=0");
 }
 
-TEST(InsertFibreMaterial, LooksForTheK5oFileOfThePreviousRun) {
+TEST(InsertFiberMaterial, LooksForTheK5oFileOfThePreviousRun) {
     WatchedRun run;
     run.platform.readable["D:\\Proj\\Run03\\Cover03.cmx"] =
         "<SOLID_MCM>\nVersion = 1\nFlagPrevShot = 1\nValueShotRunID = 2\n</SOLID_MCM>\n";
@@ -289,7 +290,7 @@ TEST(InsertFibreMaterial, LooksForTheK5oFileOfThePreviousRun) {
     EXPECT_EQ(run.Check(12), 1);
 }
 
-TEST(InsertFibreMaterial, ShotFileThatCannotBeReadAnyMoreLeavesTheLastAnswer) {
+TEST(InsertFiberMaterial, ShotFileThatCannotBeReadAnyMoreLeavesTheLastAnswer) {
     WatchedRun run;
     run.platform.readable["D:\\Proj\\Run03\\Cover03.cmx"] =
         "<SOLID_MCM>\nFlagPrevShot=1\nValueShotRunID=2\n</SOLID_MCM>\n";
@@ -312,7 +313,7 @@ TEST(WeldLine, MeetingAngleCountsOnlyWhenTheFileExists) {
     }
 }
 
-TEST(DigimatFibre, ShellProjectWithRsoFileOnlyLacksDigimatInformation) {
+TEST(DigimatFiber, ShellProjectWithRsoFileOnlyLacksDigimatInformation) {
     WatchedRun run;
     run.info.solverType = shell;
     EXPECT_EQ(run.Check(18), -10);
@@ -320,7 +321,7 @@ TEST(DigimatFibre, ShellProjectWithRsoFileOnlyLacksDigimatInformation) {
     EXPECT_EQ(run.Check(18), -23);
 }
 
-TEST(DigimatFibre, SolidProjectNeverLooksForTheRsoFile) {
+TEST(DigimatFiber, SolidProjectNeverLooksForTheRsoFile) {
     WatchedRun run;
     run.info.solverType = solid;
     run.HasFile("Cover03.rso");

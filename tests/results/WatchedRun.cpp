@@ -22,7 +22,8 @@ void WatchedRun::HasFile(const std::string& name) {
 }
 
 std::int32_t WatchedRun::Check(std::int32_t itemId) {
-    return results::CheckResults({info, flagPrevShot, valueShotRunID}, itemId);
+    results::Run run{info, flagPrevShot, valueShotRunID};
+    return results::CheckResults(run, itemId);
 }
 
 std::string SystemPath(std::string path) {

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "CZorbFEAInformation.h"
+#include <zorbi2/CZorbFEAInformation.h>
+
 #include "tests/support/ResultReaderDouble.h"
 #include "tests/support/WatchedPlatform.h"
 

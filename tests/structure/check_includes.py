@@ -16,32 +16,40 @@ from pathlib import Path, PurePosixPath
 # ---- The rules ----------------------------------------------------------------------------------
 
 # Folder: the folders and single headers of the project that its files may include, besides their
-# own folder's. tests/ may include anything and is not listed.
+# own folder's. Each of these edges must exist. tests/ may include anything and is not listed, but
+# for the folders that stand here.
+FACE = "include/zorbi2"
 RESULT_READER = "quenta/CQuentaResultReader_Manipulator.h"
 MAY_INCLUDE = {
-    "include": [],
+    FACE: [],
     "platform": [],
     "quenta": [],
-    "results": ["include", "platform", RESULT_READER],
-    "items": ["include", "results"],
-    "cmi": ["include", "items", "platform"],
-    "engine": ["include", "platform", "results", "items", "cmi"],
+    "results": [FACE, "platform", RESULT_READER],
+    "items": [FACE],
+    "cmi": [FACE, "platform"],
+    "engine": [FACE, "platform", "results", "items", "cmi"],
+    "host": [FACE],
+    "examples": [FACE],
+    "tests/fuzz": [FACE, "platform", "results", "tests/support"],
+    "bench": [FACE, "platform"],
 }
 
-# What a host is given: all of include/ and the headers that the manager's getters lead to.
-GETTER_HEADERS = [
-    "cmi/CZorbI2AccessCMIFile.h",
-    "cmi/CZorbI2CMIData.h",
-    "engine/CZorbI2Engine.h",
-    "engine/PopItemSelector.h",
-    "items/SolverSlot.h",
-]
+# Where includes without a folder of their own start, besides the including file's folder.
+INCLUDE_PATHS = ["include", "host", "."]
 
-# Hosts see installed headers, their own, and the libraries that they use.
-HOST_FOLDERS = ["host", "examples"]
+# Libraries by the folders that may include them.
+LIBRARIES = {
+    "host": ["CLI/CLI.hpp", "nlohmann/json.hpp", "toml++/toml.h"],
+    "bench": ["benchmark/benchmark.h"],
+}
 
 # The only files that may include headers of the operating system.
-SYSTEM_SOURCES = ["platform/PlatformPosix.cpp", "platform/PlatformWindows.cpp"]
+SYSTEM_SOURCES = [
+    "platform/PlatformPosix.cpp",
+    "platform/PlatformWindows.cpp",
+    "host/HostPlatformPosix.cpp",
+    "host/HostPlatformWindows.cpp",
+]
 
 STANDARD_HEADERS = set("""
     algorithm any array atomic barrier bit bitset charconv chrono codecvt compare complex concepts
@@ -85,20 +93,21 @@ class Fault:
 
 
 def folder_of(path):
-    return path.split("/")[0]
+    """The folder of the rules that a file belongs to: the longest that its path starts with."""
+    folders = [folder for folder in MAY_INCLUDE if path.startswith(folder + "/")]
+    return max(folders, key=len, default=path.split("/")[0])
 
 
 def source_files(root):
-    for folder in [*MAY_INCLUDE, *HOST_FOLDERS]:
-        for path in sorted((root / folder).rglob("*")):
-            if path.suffix in SOURCE_SUFFIXES and path.is_file():
-                yield path.relative_to(root).as_posix()
+    for path in sorted({path for folder in MAY_INCLUDE for path in (root / folder).rglob("*")}):
+        if path.suffix in SOURCE_SUFFIXES and path.is_file():
+            yield path.relative_to(root).as_posix()
 
 
 def find_target(root, file, name):
-    """Looks where the compiler looks: beside the including file, then in include/ and the root. A
-    header may be one that the build makes from its template, NAME.in."""
-    for place in [PurePosixPath(file).parent, PurePosixPath("include"), PurePosixPath(".")]:
+    """Looks where the compiler looks. A header may be one that the build makes from its template,
+    NAME.in."""
+    for place in [PurePosixPath(file).parent, *map(PurePosixPath, INCLUDE_PATHS)]:
         for ending in ["", ".in"]:
             path = (root / place / (name + ending)).resolve()
             if path.is_file() and path.is_relative_to(root):
@@ -116,45 +125,41 @@ def read_includes(root):
                 yield Include(file, number, name, match["angle"] is not None, target)
 
 
-def is_installed(path):
-    return folder_of(path) == "include" or path in GETTER_HEADERS
-
-
-def check_host_include(include):
-    if include.target is None:
-        return None if include.in_angles else f'there is no "{include.name}"'
-    own = folder_of(include.target) == folder_of(include.file)
-    if own or is_installed(include.target):
-        return None
-    return f"a host may include installed headers only, not {include.target}"
+def edge_of(include):
+    """The entry of the including folder's row that permits an include, if one does."""
+    for entry in MAY_INCLUDE[folder_of(include.file)]:
+        has_no_row = entry not in MAY_INCLUDE and include.target.startswith(entry + "/")
+        if include.target == entry or folder_of(include.target) == entry or has_no_row:
+            return entry
+    return None
 
 
 def check_outside_header(include):
     if not include.in_angles:
         return f'there is no "{include.name}"'
-    if include.name in STANDARD_HEADERS or include.file in SYSTEM_SOURCES:
+    libraries = [name for folder, names in LIBRARIES.items()
+                 if include.file.startswith(folder + "/") for name in names]
+    if include.name in STANDARD_HEADERS | set(libraries) or include.file in SYSTEM_SOURCES:
         return None
-    return f"<{include.name}> is no standard header; only {' and '.join(SYSTEM_SOURCES)} may have it"
-
-
-def check_engine_include(include):
-    if include.target is None:
-        return check_outside_header(include)
-    folder = folder_of(include.file)
-    allowed = [folder, *MAY_INCLUDE[folder]]
-    if folder_of(include.target) not in allowed and include.target not in allowed:
-        return f"{folder}/ may not include {include.target}"
-    if is_installed(include.file) and not is_installed(include.target):
-        return f"an installed header may not include {include.target}, which is not installed"
-    return None
+    return f"<{include.name}> is no standard header, and this file may have no other"
 
 
 def check_include(include):
     if not include.name:
         return "neither <...> nor \"...\", which cannot be checked"
-    if folder_of(include.file) in HOST_FOLDERS:
-        return check_host_include(include)
-    return check_engine_include(include)
+    if include.target is None:
+        return check_outside_header(include)
+    folder = folder_of(include.file)
+    if folder_of(include.target) == folder or edge_of(include):
+        return None
+    return f"{folder}/ may not include {include.target}"
+
+
+def check_edges(includes):
+    """Names the permissions that nothing uses."""
+    used = {(folder_of(include.file), edge_of(include)) for include in includes}
+    return [Fault("MAY_INCLUDE", 0, f"no file in {folder}/ includes {entry}")
+            for folder, row in MAY_INCLUDE.items() for entry in row if (folder, entry) not in used]
 
 
 def find_circle(edges):
@@ -201,6 +206,7 @@ def check_tree(root):
     inside = [include for include in includes if include.target]
     faults += check_circles(inside, folder_of, "folders")
     faults += check_circles(inside, str, "files")
+    faults += check_edges(inside)
     return faults
 
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "cmi/CZorbI2CMIData.h"
+#include <zorbi2/CZorbI2CMIData.h>
 
 namespace support {
 

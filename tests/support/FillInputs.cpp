@@ -21,7 +21,7 @@ void FillInputs::SetItem(std::int32_t itemId, bool isAvailable, std::int32_t che
     items[itemId]->optionValue = optionValue;
 }
 
-CMIDataSource FillInputs::Source() const {
+cmi::CMIDataSource FillInputs::Source() const {
     return {
         items,      currentSolver, meshKind, quadraticElement, annealingMode, offeredProjectType,
         solverType, projectType,   mapFile,  outFolder,        weldlineData,  digimatWeldlineAngle,
@@ -31,8 +31,8 @@ CMIDataSource FillInputs::Source() const {
 
 CZorbI2CMIData FillInputs::FilledBlock() const {
     CZorbI2CMIData data;
-    ResetCMIData(data);
-    FillCMIData(data, Source());
+    cmi::ResetCMIData(data);
+    cmi::FillCMIData(data, Source());
     return data;
 }
 

@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <string>
 
-#include "CZorbI2Item.h"
-#include "CZorbI2WeldlineDataStatus.h"
+#include <zorbi2/CZorbI2Item.h>
+#include <zorbi2/CZorbI2WeldlineDataStatus.h>
+
 #include "cmi/CMIDataFill.h"
 
 namespace support {
@@ -19,7 +20,7 @@ struct FillInputs {
     void SetItem(std::int32_t itemId, bool isAvailable, std::int32_t checkState,
                  std::int32_t optionValue);
 
-    CMIDataSource Source() const;
+    cmi::CMIDataSource Source() const;
 
     /// A block that was reset and filled from these inputs.
     CZorbI2CMIData FilledBlock() const;

@@ -1,10 +1,11 @@
 // The project that most tests work on, and a manager that has it open. Its run folder is made up.
 #pragma once
 
-#include "CZorbFEAInformation.h"
-#include "CZorbI2EngineManager.h"
-#include "engine/CZorbI2Engine.h"
-#include "engine/PopItemSelector.h"
+#include <zorbi2/CZorbFEAInformation.h>
+#include <zorbi2/CZorbI2Engine.h>
+#include <zorbi2/CZorbI2EngineManager.h>
+#include <zorbi2/PopItemSelector.h>
+
 #include "tests/support/WatchedPlatform.h"
 
 namespace support {
@@ -12,7 +13,7 @@ namespace support {
 /// Project "Cover", run 3 in D:\Proj\Run03\, catalogue wanted; all other facts are false.
 CZorbFEAInformation PlainProject(int solverType = 0);
 
-/// The same with fibres, runners, moldbase, inserted part and meeting angles.
+/// The same with fibers, runners, moldbase, inserted part and meeting angles.
 CZorbFEAInformation CompleteProject(int solverType = 0);
 
 /// A record that gives a bare engine.
@@ -20,7 +21,7 @@ CZorbFEAInformation ProjectWithoutCatalogue();
 
 enum class ResultFiles { all, none };
 
-/// Adds every result file of the project, a shot file that names run 2, and that run's fibre
+/// Adds every result file of the project, a shot file that names run 2, and that run's fiber
 /// orientation; the result reader finds a version that suffices.
 void AddAllResults(WatchedPlatform& files);
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include <ZorbI2Engine.h>
+#include <zorbi2/ZorbI2Engine.h>
 
 namespace whole_pass {
 

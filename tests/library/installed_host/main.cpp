@@ -1,5 +1,5 @@
 // A host on its own: makes the whole pass on a run folder and writes into another folder.
-#include <engine/CZorbI2Engine.h>
+#include <zorbi2/CZorbI2Engine.h>
 
 #include <cstdio>
 

@@ -2,7 +2,7 @@
 // folder.
 #include <cstdio>
 
-#include "ZorbI2Engine.h"
+#include <zorbi2/ZorbI2Engine.h>
 
 int main() {
     CZorbFEAInformation project;

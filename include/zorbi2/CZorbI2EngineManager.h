@@ -58,7 +58,7 @@ class CZorbI2WeldlineDataStatus;
 /// Calls before the Create operations are broken contracts: debug builds of the library stop with
 /// the name of the missing call, release builds do not check.
 ///
-/// Text is bytes in the system code page. Objects are not synchronised: use a manager and all it
+/// Text is bytes in the system code page. Objects are not synchronized: use a manager and all it
 /// owns from one thread at a time. Operations throw only std::bad_alloc and what they name below.
 ///
 /// Strings, maps and vectors cross the boundary by value, so host and library must be built with
@@ -73,7 +73,7 @@ public:
 
     CZorbI2EngineManager(const CZorbI2EngineManager&) = delete;
 
-    /// Copies the three pointers and nothing else, on purpose.
+    /// Copies the three pointers and nothing else: deliberate.
     /// Afterwards both managers point at the same objects, and the host must destroy only one of
     /// the two. Objects that this manager held before are not freed.
     CZorbI2EngineManager& operator=(const CZorbI2EngineManager&);
@@ -90,7 +90,7 @@ public:
     /// Returns: true; false without memory for the engine, which is null then.
     ///     An engine created earlier is overwritten and not freed.
     /// Throws: std::bad_alloc when memory ends further inside; the earlier engine stays.
-    /// Side effects: those of GetProjectResults for every item but 17.
+    /// Side effects: those of GetProjectResults for every item but kItemDigimatMucell.
     bool CreateEngine(CZorbFEAInformation* info);
 
     /// Creates the data block from which the control parameter file is printed.
@@ -117,7 +117,7 @@ public:
     /// Parameters: `folder` is stored as it is.
     void SetOutFolder(std::string folder);
 
-    /// Sets the path of the mapped mesh ("MapFile"), printed for mesh kinds 2 and 3 only.
+    /// Sets the path of the mapped mesh ("MapFile"), printed for the two mapped mesh kinds only.
     /// Requires: CreateEngine.
     /// Parameters: `path` is stored as it is.
     void SetMappedMeshFilePath(std::string path);
@@ -144,10 +144,11 @@ public:
     /// Makes a solver the current one, with its status. Does not rebuild the offered items: call
     /// SetPopItems next.
     /// Requires: CreateEngine.
-    /// Parameters: `solver` 0 to 8; `meshKind` 0 original, 1 deformed, 2 mapped, 3 3D mapping to
-    ///     shell; `quadraticElement` 0 off, else on; `annealingMode` 1: the deformed mesh is the
+    /// Parameters: `solver` one of kSolver...; `meshKind` one of kMesh...; `quadraticElement` 0
+    /// off,
+    ///     else on; `annealingMode` kAnnealingDeformedMesh: the deformed mesh is the
     ///     annealing-deformed one. A solver without a slot keeps no status of its own; a value
-    ///     outside 0 to 8 also leaves the list of choices with the solver before it.
+    ///     that is no solver also leaves the list of choices with the solver before it.
     void SetEngineCurrentStatus(int solver, int meshKind, int quadraticElement, int annealingMode);
 
     /// Reads the status last set for a solver, current or not; zeros until then.
@@ -162,7 +163,7 @@ public:
     void SetPopItems();
 
     /// Counts the offered items of all three groups. The operations below that speak of offered
-    /// items go by these counts until the next call, on purpose.
+    /// items go by these counts until the next call: deliberate.
     /// Requires: SetPopItems.
     /// Returns: whether anything is offered.
     bool HasPopItem();
@@ -197,10 +198,10 @@ public:
 
     /// Reads any item by its id, offered or not, with the choice made for the current solver.
     /// Requires: SetEngineCurrentStatus.
-    /// Parameters: as for GetPartPopItem; `itemId` 0 to 21.
-    /// Returns: true; false for a null `item`, a negative id or one above 22. Both records stay
-    ///     untouched then.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for the id 22, on purpose.
+    /// Parameters: as for GetPartPopItem; `itemId` from 0, below kItemCount.
+    /// Returns: true; false for a null `item`, a negative id or one above kItemCount. Both records
+    ///     stay untouched then.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for kItemCount itself: deliberate.
     bool GetPartPopItemByID(int itemId, CZorbI2Item* item, CZorbI2ItemStatus* status);
 
     /// As GetPartPopItem, for part inserts.
@@ -213,15 +214,14 @@ public:
 
     /// Reads one item of the catalogue.
     /// Requires: CreateEngine.
-    /// Parameters: `category` 0 part, 1 part insert, 2 moldbase; `itemId` 0 to 21; `item` is
-    ///     filled.
+    /// Parameters: `category` one of kCategory...; `itemId` one of kItem...; `item` is filled.
     /// Returns: true; false for a null `item`, an id outside the range or another category than
     ///     the item's. `*item` stays untouched then.
     bool GetItem(int category, int itemId, CZorbI2Item* item);
 
     /// Replaces `options` by the options of an item, key to label.
     /// Requires: CreateEngine.
-    /// Parameters: `itemId` 0 to 21, not checked.
+    /// Parameters: `itemId` one of kItem..., not checked.
     /// Returns: whether the item has options.
     bool GetItemAllOptions(int itemId, std::map<int, std::string>& options);
 
@@ -232,7 +232,7 @@ public:
     ///     not compared with the item's options.
     /// Returns: true; false, and nothing changes, when the results are missing (option -2) or the
     ///     value that the item takes is negative.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for an index outside 0 to 21.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for an index that is no item's.
     bool SetItemStatus(int index, int newCheckState, int newOptionValue);
 
     /// Commits the choices of the current solver to the items, from which the file is written.
@@ -242,13 +242,13 @@ public:
     /// Finds out from the files whether the results of an item exist now. What the items say
     /// themselves stays as found when the engine was created.
     /// Requires: CreateEngine.
-    /// Parameters: `itemId` 0 to 21.
-    /// Returns: 1 when they exist; otherwise a code that tells what is missing. -11 for item 17
-    ///     and ids outside the range.
-    /// Side effects: trace lines; the engine's project folder gets its trailing backslash; item 4
-    ///     without results writes "ThermalTest.txt" and item 5 of a shell project always writes
-    ///     "ShellIniStrain.txt" into the current folder; item 12 reads the run's shot file and
-    ///     leaves it open.
+    /// Parameters: `itemId` one of kItem....
+    /// Returns: kResultAvailable when they exist; otherwise a code that tells what is missing.
+    ///     kResultNoCheck for kItemDigimatMucell and for ids that are no item's.
+    /// Side effects: trace lines; the engine's project folder gets its trailing backslash;
+    ///     kItemThermalStress without results writes "ThermalTest.txt" and kItemInitialStrain of a
+    ///     shell project always writes "ShellIniStrain.txt" into the current folder;
+    ///     kItemInsertFiberMaterial reads the run's shot file and leaves it open.
     int GetProjectResults(int itemId);
 
     // ---- Weld-line data -----------------------------------------------------------------------
@@ -256,25 +256,25 @@ public:
     /// Sets the first three weld-line angles and reduction rates of a solver's record. Reaches the
     /// file only through SetWeldlineDataValue.
     /// Requires: CreateEngine.
-    /// Parameters: `solver` 0 to 8; `angles` in degrees and `rates` as fractions, at least three of
-    ///     each, further ones ignored.
+    /// Parameters: `solver` one of kSolver...; `angles` in degrees and `rates` as fractions, at
+    ///     least three of each, further ones ignored.
     /// Returns: true.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for a solver outside the range or
-    ///     a list that is too short; values stored before the fault stay stored.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a value that is no
+    ///     solver and for a list that is too short; values stored before the fault stay stored.
     bool SetWeldlineDataStatus(int solver, std::vector<double> angles, std::vector<double> rates);
 
     /// Makes the record of the current solver the working data, from which the file is written.
     /// Until the first call, that is 30, 60, 90 degrees and 0.8, 0.9, 0.95.
     /// Requires: SetEngineCurrentStatus.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for a current solver outside 0 to
-    ///     8; the working data stays.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a current solver that is
+    ///     none; the working data stays.
     void SetWeldlineDataValue();
 
     /// Reads the weld-line record of a solver.
     /// Requires: CreateEngine.
-    /// Parameters: `solver` 0 to 8; `status` is filled and must not be null.
+    /// Parameters: `solver` one of kSolver...; `status` is filled and must not be null.
     /// Returns: true.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for a solver outside the range.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a value that is no solver.
     bool GetWeldlinePopData(int solver, CZorbI2WeldlineDataStatus* status);
 
     // ---- The control parameter file -----------------------------------------------------------

@@ -11,13 +11,38 @@
 #include "CZorbI2WeldlineDataStatus.h"
 #include "ZorbI2Types.h"
 
-/// One entry for each of the 22 items, at the position of its id.
+/// One entry for each item, at the position of its id.
 typedef std::vector<CZorbI2ItemStatus> ItemStatusList;
 
-/// Owned by the engine. Hosts may read the members; operations are reached through the manager,
-/// whose header describes them.
+/// Owned by the engine, where hosts find it as `popItemSelector`.
 class PopItemSelector {
 public:
+    // ---- What a host may read -------------------------------------------------------------------
+
+    std::array<ItemStatusList, kSolverCount> itemStatusLists;
+    /// One of the lists above (not owned). Null until a solver is set, and then treated like an
+    /// empty list.
+    ItemStatusList* currentItemStatusList = nullptr;
+    std::vector<CZorbI2WeldlineDataStatus> weldlineTable;  ///< one record per solver
+    std::int32_t currentWeldlineIndex = kNoSolver;
+    SolverIndex currentSolver = kNoSolver;
+    std::int32_t meshKind = 0;
+    std::int32_t quadraticElement = 0;
+    std::int32_t annealingMode = 0;
+    std::int32_t projectType;
+    std::int32_t solverType;
+    std::uint8_t voxelFlag;  ///< low byte of the record's flag; 1 means set
+    /// List sizes as of the last HasPopItem: they bound the reads by position until the next one.
+    std::int32_t partCount = 0;
+    std::int32_t partInsertCount = 0;
+    std::int32_t moldbaseCount = 0;
+    std::vector<std::int32_t> partPopItems;  ///< item ids in offering order
+    std::vector<std::int32_t> partInsertPopItems;
+    std::vector<std::int32_t> moldbasePopItems;
+
+    // ---- What the engine and the manager call ---------------------------------------------------
+    // Not exported: a host calls the manager's operations, whose header describes them.
+
     /// Starts with empty offered lists, no current solver, and for every solver the items' own
     /// choices and a copy of the weld-line data. Keeps pointers to the items, which must outlive
     /// it.
@@ -45,27 +70,6 @@ public:
                             CZorbI2ItemStatus* status) const;
 
     bool SetItemStatus(std::int32_t index, std::int32_t newCheckState, std::int32_t newOptionValue);
-
-    std::array<ItemStatusList, kSolverCount> itemStatusLists;
-    /// One of the lists above (not owned). Null until a solver 0 to 8 is set, and then treated
-    /// like an empty list.
-    ItemStatusList* currentItemStatusList = nullptr;
-    std::vector<CZorbI2WeldlineDataStatus> weldlineTable;  ///< one record per solver
-    std::int32_t currentWeldlineIndex = kNoSolver;
-    SolverIndex currentSolver = kNoSolver;
-    std::int32_t meshKind = 0;
-    std::int32_t quadraticElement = 0;
-    std::int32_t annealingMode = 0;
-    std::int32_t projectType;
-    std::int32_t solverType;
-    std::uint8_t voxelFlag;  ///< low byte of the record's flag; 1 means set
-    /// List sizes as of the last HasPopItem: they bound the reads by position until the next one.
-    std::int32_t partCount = 0;
-    std::int32_t partInsertCount = 0;
-    std::int32_t moldbaseCount = 0;
-    std::vector<std::int32_t> partPopItems;  ///< item ids in offering order
-    std::vector<std::int32_t> partInsertPopItems;
-    std::vector<std::int32_t> moldbasePopItems;
 
 private:
     bool GetPopItem(const std::vector<std::int32_t>& offered, std::int32_t count,

@@ -9,7 +9,7 @@
 /// A value record. The first three elements of each list reach the control parameter file.
 class CZorbI2WeldlineDataStatus {
 public:
-    SolverIndex solverIndex = 0;         ///< solver that the record belongs to, 0 to 8
+    SolverIndex solverIndex = 0;         ///< solver that the record belongs to
     std::vector<double> WeldlineAngles;  ///< meeting angles in degrees
     std::vector<double> ReductionRates;  ///< remaining strength as a fraction, one per angle
 };

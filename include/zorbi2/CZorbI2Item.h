@@ -10,7 +10,7 @@
 
 #include "ZorbI2Types.h"
 
-/// A value record. The engine owns its 22 items; what a host reads is a copy of its own.
+/// A value record. The engine owns its items; what a host reads is a copy of its own.
 class CZorbI2Item {
 public:
     CZorbI2Item() = default;
@@ -28,15 +28,15 @@ public:
           title(std::move(itemTitle)),
           description(std::move(itemDescription)) {}
 
-    ItemCategory category = 0;    ///< model section: 0 part, 1 part insert, 2 moldbase
-    std::int32_t itemId = 0;      ///< 0 to 21
+    ItemCategory category = 0;    ///< model section, one of kCategory...
+    std::int32_t itemId = 0;      ///< one of kItem...
     bool isAvailable = false;     ///< the results existed when the engine was created
     std::int32_t checkState = 0;  ///< -1 chosen by option; otherwise 0 off, 1 on
     /// Option key to label, ascending. -2: results missing (the label says why); -1: no options;
     /// 0 and above: real choices. Never empty for an item of the engine.
     std::map<std::int32_t, std::string> options;
     std::int32_t optionValue = 0;  ///< key of the chosen option
-    std::string title;             ///< short title; empty for items 16 to 20
+    std::string title;             ///< short title; may be empty
     std::string description;       ///< one sentence; may be empty
 };
 

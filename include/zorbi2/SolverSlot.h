@@ -20,7 +20,7 @@ public:
           meshTypes(std::move(meshes)),
           elementTypes(std::move(elements)) {}
 
-    SolverIndex solverIndex;                ///< 0 to 8
+    SolverIndex solverIndex;                ///< one of kSolver...
     std::string name;                       ///< display name, such as "MSC-Nastran"
     std::vector<std::string> meshTypes;     ///< mesh kinds that can be exported, in offer order
     std::vector<std::string> elementTypes;  ///< element types or orders, in offer order

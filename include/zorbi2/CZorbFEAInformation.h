@@ -14,7 +14,7 @@ public:
     /// Positions of `flags` that the engine reads; all others are carried.
     enum FlagPosition : std::size_t {
         kBuildCatalogue = 1,    ///< exactly 1: build slots, items, weld-line data and selector
-        kHasFiber = 11,         ///< the project has fibre results
+        kHasFiber = 11,         ///< the project has fiber results
         kHasRunners = 12,       ///< the project has runners
         kHasMoldbase = 13,      ///< the project has a moldbase
         kHasInsertedPart = 14,  ///< the project has an inserted part
@@ -30,7 +30,7 @@ public:
     std::string text3;             ///< carried
     std::string text4;             ///< carried
     std::int32_t value5 = 0;       ///< carried
-    std::int32_t solverType = 0;   ///< 0 solid-mesh project, 1 shell-mesh project
+    std::int32_t solverType = 0;   ///< kSolidProject or kShellProject
     std::int32_t projectType = 0;  ///< 4 and 6 to 11 are injection-compression projects
     std::int32_t voxelFlag = 0;    ///< 1: the results are voxel-mesh results (Ostra mesh)
     std::int32_t value9 = 0;       ///< carried

@@ -7,7 +7,7 @@
 
 #include "ZorbI2Types.h"
 
-/// Hosts get it from CZorbI2EngineManager::GetZorbCMIData(). Fields bear the names of the file's
+/// Hosts get it from CZorbI2EngineManager::GetZorbCMIData(). Fields have the names of the file's
 /// keys; on/off fields hold 0 or 1.
 class CZorbI2CMIData {
 public:
@@ -17,7 +17,7 @@ public:
     std::int32_t SolverType = 0;
     std::int32_t ProjectType = 0;
     std::int32_t QuadraticElement = 0;
-    std::int32_t IDCompositeModel = 0;  ///< option of item 15
+    std::int32_t IDCompositeModel = 0;  ///< option of kItemMicroMechanics
     std::string OutFolder;
     std::int32_t IsOriginalMesh = 0;
     std::int32_t IsDeformedMesh = 0;
@@ -25,15 +25,16 @@ public:
     std::int32_t Is3DMappingShell = 0;
     std::int32_t IsAnnealingDeformedMesh = 0;  ///< annealing mode as set; only 1 has an effect
     std::int32_t IsDistributeModel = 0;
-    std::int32_t OutputFlags[kItemCount] = {};  ///< by item id; 15 is never filled nor printed
+    std::int32_t OutputFlags[kItemCount] = {};  ///< by item id; that of
+                                                ///< kItemMicroMechanics is never used
     std::int32_t IsDoDensityReduction = 0;
     std::int32_t SegmentX = 0;  ///< mapping-domain divisions
     std::int32_t SegmentY = 0;
     std::int32_t SegmentZ = 0;
-    std::int32_t FiberThetaXSegment = 0;  ///< part: fibre-orientation angle segments
+    std::int32_t FiberThetaXSegment = 0;  ///< part: fiber-orientation angle segments
     std::int32_t FiberThetaYSegment = 0;
     std::int32_t FiberThetaZSegment = 0;
-    std::int32_t FiberStrengthXSegment = 0;  ///< part: fibre-strength segments
+    std::int32_t FiberStrengthXSegment = 0;  ///< part: fiber-strength segments
     std::int32_t FiberStrengthYSegment = 0;
     std::int32_t InsertFiberThetaXSegment = 0;  ///< part insert: the same five
     std::int32_t InsertFiberThetaYSegment = 0;
@@ -45,5 +46,5 @@ public:
     double ReductionRates[3] = {};  ///< fractions
     double DigimatWeldlineAngle = 0.0;
     std::int32_t IsViewEditModelMapping = 0;
-    std::int32_t DigimatOption = 0;  ///< option of item 11; kept but never printed
+    std::int32_t DigimatOption = 0;  ///< option of kItemDigimatExport; never printed
 };

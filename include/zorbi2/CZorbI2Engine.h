@@ -12,17 +12,34 @@
 #include "CZorbI2Item.h"
 #include "CZorbI2ItemStatus.h"
 #include "CZorbI2WeldlineDataStatus.h"
+#include "PopItemSelector.h"
+#include "SolverSlot.h"
 #include "ZorbI2Types.h"
-#include "engine/PopItemSelector.h"
-#include "items/SolverSlot.h"
 
-struct CMIDataSource;
-
-/// Hosts get it from CZorbI2EngineManager::GetZorbI2Engine() and may read the members (the solver
-/// slots, above all). The operations are not exported: they are called through the manager, whose
-/// header describes them.
+/// Hosts get it from CZorbI2EngineManager::GetZorbI2Engine().
 class CZorbI2Engine {
 public:
+    // ---- What a host may read -------------------------------------------------------------------
+
+    std::string outFolder;
+    std::string cmiFileFullPath;
+    std::string mappedMeshFilePath;
+    SolverSlotArray solverSlots;  ///< by solver; null: not offered for the project
+    ItemArray items;              ///< by item id
+    /// The working weld-line data, from which the control parameter file is written.
+    std::unique_ptr<CZorbI2WeldlineDataStatus> weldlineAngleSet;
+    double digimatWeldlineAngle = kDefaultDigimatWeldlineAngle;  ///< degrees
+    bool viewEdit = false;
+    std::unique_ptr<PopItemSelector> popItemSelector;
+    std::unique_ptr<CZorbFEAInformation> feaInformation;  ///< the engine's copy; never null
+    std::vector<bool> solverOffered;                      ///< by solver; empty in a bare engine
+    /// Values of the shot file last read; a file without the key leaves them as they are.
+    std::int32_t flagPrevShot = 0;    ///< 1: the part insert comes from a previous shot
+    std::int32_t valueShotRunID = 0;  ///< run number of that shot
+
+    // ---- What the manager calls -----------------------------------------------------------------
+    // Not exported: a host calls the manager's operations, whose header describes them.
+
     /// Copies `*info` and, when its flag 1 is exactly 1, builds slots, items, weld-line data and
     /// selector. Otherwise, or for a null `info`, a bare engine: those pointers stay null.
     explicit CZorbI2Engine(const CZorbFEAInformation* info);
@@ -48,25 +65,6 @@ public:
                                const std::vector<double>& rates);
     void SetWeldlineDataValue();
     void GetWeldlinePopData(SolverIndex solver, CZorbI2WeldlineDataStatus& record) const;
-
-    /// What the control parameter file is filled from. Requires an engine that is not bare.
-    CMIDataSource SourceOfCMIData() const;
-
-    std::string outFolder;
-    std::string cmiFileFullPath;
-    std::string mappedMeshFilePath;
-    SolverSlotArray solverSlots;
-    ItemArray items;
-    /// The working weld-line data, from which the control parameter file is written.
-    std::unique_ptr<CZorbI2WeldlineDataStatus> weldlineAngleSet;
-    double digimatWeldlineAngle = kDefaultDigimatWeldlineAngle;  ///< degrees
-    bool viewEdit = false;
-    std::unique_ptr<PopItemSelector> popItemSelector;
-    std::unique_ptr<CZorbFEAInformation> feaInformation;  ///< the engine's copy; never null
-    std::vector<bool> solverOffered;                      ///< by solver; empty in a bare engine
-    /// Values of the shot file last read; a file without the key leaves them as they are.
-    std::int32_t flagPrevShot = 0;    ///< 1: the part insert comes from a previous shot
-    std::int32_t valueShotRunID = 0;  ///< run number of that shot
 
 private:
     void BuildCatalogue();

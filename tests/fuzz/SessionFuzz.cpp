@@ -1,4 +1,4 @@
-// Hosts of any behaviour within the order of calls: no input may break the engine's memory or
+// Hosts of any behavior within the order of calls: no input may break the engine's memory or
 // make it throw anything but the errors that it names.
 #include <cstdint>
 #include <cstdlib>
@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "ZorbI2Engine.h"
+#include <zorbi2/ZorbI2Engine.h>
+
 #include "tests/support/ResultReaderDouble.h"
 #include "tests/support/WatchedPlatform.h"
 

@@ -1,0 +1,204 @@
+// The control parameter file, line by line from top to bottom: the text of each line and the field
+// of the data block that it prints. The engine writes by this table; a reader of the file can go
+// by it as well.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "CZorbI2CMIData.h"
+#include "ZorbI2Types.h"
+
+/// The solvers' keywords in the file, by solver. They differ from the display names.
+constexpr const char* kSolverKeywords[] = {
+    "ANSYS",       // kSolverAnsys
+    "ABAQUS",      // kSolverAbaqus
+    "MSCNASTRAN",  // kSolverMscNastran
+    "NENASTRAN",   // kSolverNeNastran
+    "LSDYNA",      // kSolverLsDyna
+    "MARC",        // kSolverMarc
+    "NXNASTRAN",   // kSolverNxNastran
+    "RADIOSS",     // kSolverRadioss
+    "WORKBENCH",   // kSolverWorkbench
+};
+static_assert(sizeof kSolverKeywords / sizeof kSolverKeywords[0] == kSolverCount,
+              "each solver has a keyword");
+
+/// When a line stands in the file.
+enum class ControlFilePresence {
+    always,
+    whenAnnealed,  ///< only when IsAnnealingDeformedMesh of the data block is 1
+    whenOffered,   ///< once for each group of the dialog that offers the line's item
+};
+
+/// What a line prints for a field.
+enum class ControlFileValue {
+    none,          ///< the text stands as it is
+    number,        ///< "%d": a whole number, with its sign when it is negative
+    text,          ///< "%s": any text; it ends at a NUL byte
+    textIfMapped,  ///< "%s": the text for the two mapped mesh kinds, one space for the others
+    decimal,       ///< "%.3f": three decimals and a decimal point
+};
+
+/// One line of the file. Its text is what the engine prints, without the line end, and with one of
+/// printf's conversions where the value goes.
+struct ControlFileLine {
+    typedef CZorbI2CMIData Data;
+
+    constexpr ControlFileLine(const char* fixedText,
+                              ControlFilePresence when = ControlFilePresence::always)
+        : text(fixedText), value(ControlFileValue::none), presence(when) {}
+    constexpr ControlFileLine(const char* format, std::int32_t Data::*field)
+        : text(format), value(ControlFileValue::number), number(field) {}
+    constexpr ControlFileLine(const char* format, std::string Data::*field,
+                              ControlFileValue kind = ControlFileValue::text)
+        : text(format), value(kind), words(field) {}
+    constexpr ControlFileLine(const char* format, double Data::*field)
+        : text(format), value(ControlFileValue::decimal), decimal(field) {}
+    constexpr ControlFileLine(const char* format, double (Data::*list)[3], std::size_t position)
+        : text(format), value(ControlFileValue::decimal), decimals(list), element(position) {}
+    /// The on/off line of an item, which prints the item's element of OutputFlags.
+    constexpr ControlFileLine(const char* format, std::int32_t item)
+        : text(format),
+          value(ControlFileValue::number),
+          presence(ControlFilePresence::whenOffered),
+          itemId(item) {}
+
+    const char* text;
+    ControlFileValue value;
+    ControlFilePresence presence = ControlFilePresence::always;
+    std::int32_t itemId = -1;  ///< of an item's line; -1: the line is no item's
+    // The field of the data block; all are null for a fixed text and for an item's line.
+    std::int32_t Data::*number = nullptr;
+    std::string Data::*words = nullptr;
+    double Data::*decimal = nullptr;
+    double (Data::*decimals)[3] = nullptr;
+    std::size_t element = 0;  ///< of `decimals`
+};
+
+/// The whole file. Deliberate, all of it: three lines end in a space; closing tags have a
+/// backslash; keys of items are padded with spaces to one column up to item 14, and with tabs from
+/// item 16 on; item 15 has no line; the section of the part insert repeats the keys of the part;
+/// the first weld-line angle is always zero.
+// clang-format off
+constexpr ControlFileLine kControlFileLines[] = {
+    {"I2-Output Control Parameter File"},
+    {"FileVersion = %d",                                 &CZorbI2CMIData::FileVersion},
+    {"[HEADER]"},
+    {"OutFolder = %s",                                   &CZorbI2CMIData::OutFolder},
+    {"MapFile = %s",                                     &CZorbI2CMIData::MapFile, ControlFileValue::textIfMapped},
+    {"SolverType = %d",                                  &CZorbI2CMIData::SolverType},
+    {"ProjectType = %d",                                 &CZorbI2CMIData::ProjectType},
+    {"QuadraticElement = %d (0:off,1:on)",               &CZorbI2CMIData::QuadraticElement},
+    {"IDCompositeModel = %d",                            &CZorbI2CMIData::IDCompositeModel},
+    {"[%s] ",                                            &CZorbI2CMIData::SolverName},
+    {"IsOriginalMesh = %d (0:off,1:on)",                 &CZorbI2CMIData::IsOriginalMesh},
+    {"IsDeformedMesh = %d (0:off,1:on)",                 &CZorbI2CMIData::IsDeformedMesh},
+    {"IsMappedMesh = %d (0:off,1:on)",                   &CZorbI2CMIData::IsMappedMesh},
+    {"Is3DMappingShell = %d (0:off,1:on)",               &CZorbI2CMIData::Is3DMappingShell},
+    {"IsDistributeModel = %d (0:off,1:on)",              &CZorbI2CMIData::IsDistributeModel},
+    {"IsViewEditModelMapping = %d (0:off,1:on)",         &CZorbI2CMIData::IsViewEditModelMapping},
+    {"IsAnnealingDeformedMesh = 1 (0:off,1:on)",         ControlFilePresence::whenAnnealed},
+    {"IsDoMaterialReduction =         %d   (0:off,1:on)", kItemFiberOrientation},
+    {"IsRunnerOutput =                %d   (0:off,1:on)", kItemRunner},
+    {"IsMoldbaseOutput =              %d   (0:off,1:on)", kItemMoldbaseMesh},
+    {"IsFlowResidualstressOutput =    %d   (0:off,1:on)", kItemFlowInducedStress},
+    {"IsThermalResidualstressOutput = %d   (0:off,1:on)", kItemThermalStress},
+    {"IsInitialstrainOutput =         %d   (0:off,1:on)", kItemInitialStrain},
+    {"IsFlowPressureOutput =          %d   (0:off,1:on)", kItemInsertFlowPressure},
+    {"IsMoldbasePressureOutput =      %d   (0:off,1:on)", kItemMoldbasePressure},
+    {"IsPackTempOutput =              %d   (0:off,1:on)", kItemPackingTemperature},
+    {"IsCoolTempOutput =              %d   (0:off,1:on)", kItemEndOfCoolingTemperature},
+    {"IsMoldbaseTempOutput =          %d   (0:off,1:on)", kItemMoldbaseTemperature},
+    {"DigimatOutput =                 %d   (0:off,1:on)", kItemDigimatExport},
+    {"IsPartInsertMaterialReduction = %d   (0:off,1:on)", kItemInsertFiberMaterial},
+    {"IsDensityOutput =               %d   (0:off,1:on)", kItemDensity},
+    {"IsWeldlineOutput =              %d   (0:off,1:on)", kItemWeldLine},
+    {"DigimatWeldlineOutput =\t\t%d   (0:off,1:on)",     kItemDigimatWeldLine},
+    {"DigimatMucellOutput =\t\t%d   (0:off,1:on)",       kItemDigimatMucell},
+    {"DigimatFiberOutput =\t\t%d   (0:off,1:on)",        kItemDigimatFiber},
+    {"DigimatStressOutput =\t\t%d   (0:off,1:on)",       kItemDigimatStress},
+    {"DigimatTemperatureOutput =\t%d   (0:off,1:on)",    kItemDigimatTemperature},
+    {"IsAnnealingstressOutput =\t%d   (0:off,1:on)",     kItemAnnealingStress},
+    {"IsDoDensityReduction =          %d   (0:off,1:on)", &CZorbI2CMIData::IsDoDensityReduction},
+    {"[%s_EOF]",                                         &CZorbI2CMIData::SolverName},
+    {"[\\HEADER]"},
+    {"[MAP DOMAIN]"},
+    {"SegmentX = %d (1~100)",                            &CZorbI2CMIData::SegmentX},
+    {"SegmentY = %d (1~100)",                            &CZorbI2CMIData::SegmentY},
+    {"SegmentZ = %d (1~100)",                            &CZorbI2CMIData::SegmentZ},
+    {"[\\MAP DOMAIN] "},
+    {"[MATERIAL REDUCTION]"},
+    {"FiberThetaXSegment = %d (1~30)",                   &CZorbI2CMIData::FiberThetaXSegment},
+    {"FiberThetaYSegment = %d (1~30)",                   &CZorbI2CMIData::FiberThetaYSegment},
+    {"FiberThetaZSegment = %d (1~30)",                   &CZorbI2CMIData::FiberThetaZSegment},
+    {"FiberStrengthXSegment = %d (1~20)",                &CZorbI2CMIData::FiberStrengthXSegment},
+    {"FiberStrengthYSegment = %d (1~5)",                 &CZorbI2CMIData::FiberStrengthYSegment},
+    {"[\\MATERIAL REDUCTION] "},
+    {"[PARTINSERT MATERIAL REDUCTION]"},
+    {"FiberThetaXSegment = %d (1~30)",                   &CZorbI2CMIData::InsertFiberThetaXSegment},
+    {"FiberThetaYSegment = %d (1~30)",                   &CZorbI2CMIData::InsertFiberThetaYSegment},
+    {"FiberThetaZSegment = %d (1~30)",                   &CZorbI2CMIData::InsertFiberThetaZSegment},
+    {"FiberStrengthXSegment = %d (1~20)",                &CZorbI2CMIData::InsertFiberStrengthXSegment},
+    {"FiberStrengthYSegment = %d (1~5)",                 &CZorbI2CMIData::InsertFiberStrengthYSegment},
+    {"[\\PARTINSERT MATERIAL REDUCTION]"},
+    {"[DENSITY REDUCTION]"},
+    {"DensityReduction = %d (2~10)",                     &CZorbI2CMIData::DensityReduction},
+    {"[\\DENSITY REDUCTION]"},
+    {"[WELDLINE ANGLE]"},
+    {"WeldlineAngle1 = 0.000"},
+    {"WeldlineAngle2 = %.3f",                            &CZorbI2CMIData::WeldlineAngles, 0},
+    {"WeldlineAngle3 = %.3f",                            &CZorbI2CMIData::WeldlineAngles, 1},
+    {"WeldlineAngle4 = %.3f",                            &CZorbI2CMIData::WeldlineAngles, 2},
+    {"[\\WELDLINE ANGLE]"},
+    {"[DIGIMAT WELDLINE ANGLE]"},
+    {"WeldlineAngle = %.3f",                             &CZorbI2CMIData::DigimatWeldlineAngle},
+    {"[\\DIGIMAT WELDLINE ANGLE]"},
+    {"[REDUCTION RATE]"},
+    {"ReductionRate1 = %.3f",                            &CZorbI2CMIData::ReductionRates, 0},
+    {"ReductionRate2 = %.3f",                            &CZorbI2CMIData::ReductionRates, 1},
+    {"ReductionRate3 = %.3f",                            &CZorbI2CMIData::ReductionRates, 2},
+    {"[\\REDUCTION RATE]"},
+};
+// clang-format on
+
+/// What tells lines apart: a tag up to its closing bracket, otherwise the text before "=" without
+/// spaces and tabs behind it. Goes for a line of the table as for one of a file.
+inline std::string ControlFileKey(const std::string& line) {
+    const bool isTag = !line.empty() && line[0] == '[';
+    const std::size_t end = line.find(isTag ? ']' : '=');
+    std::string key = line.substr(0, isTag && end != std::string::npos ? end + 1 : end);
+    return key.erase(key.find_last_not_of(" \t") + 1);
+}
+
+/// The line of an item; null for an item without one.
+inline const ControlFileLine* ControlFileLineOfItem(std::int32_t itemId) {
+    for (const ControlFileLine& line : kControlFileLines) {
+        if (line.itemId == itemId && itemId >= 0) {
+            return &line;
+        }
+    }
+    return nullptr;
+}
+
+/// The range that a line prints behind its number, such as "(1~100)" or "(0:off,1:on)". The engine
+/// does not hold values against it.
+struct ControlFileRange {
+    std::int32_t lowest;
+    std::int32_t highest;
+};
+
+/// Whether the line prints a range, which then goes to `range`.
+inline bool GetControlFileRange(const ControlFileLine& line, ControlFileRange* range) {
+    const std::string text = line.text;
+    const std::size_t start = text.find('(');
+    const std::size_t middle = text.find_first_of("~,", start);
+    if (line.value != ControlFileValue::number || middle == std::string::npos) {
+        return false;
+    }
+    range->lowest = static_cast<std::int32_t>(std::atoi(text.c_str() + start + 1));
+    range->highest = static_cast<std::int32_t>(std::atoi(text.c_str() + middle + 1));
+    return true;
+}
