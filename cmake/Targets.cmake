@@ -10,6 +10,13 @@ set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
+# The system that is built for: sources that differ by system end in this word.
+if(WIN32)
+    set(ZORBI2_SYSTEM Windows)
+else()
+    set(ZORBI2_SYSTEM Posix)
+endif()
+
 # The engine is found beside the program or in the library folder beside the program's, and the
 # result reader beside the engine; LD_LIBRARY_PATH comes first.
 if(NOT WIN32)

@@ -132,7 +132,7 @@ void ResetCMIData(CZorbI2CMIData& data) {
     CZorbI2CMIData fresh;
     fresh.FileVersion = fileVersion;
     fresh.DigimatWeldlineAngle = kDefaultDigimatWeldlineAngle;
-    // Kept on purpose; the fill assigns them all but the flag of the composite model.
+    // Kept: deliberate. The fill assigns all of them but the flag of kItemMicroMechanics.
     fresh.SolverName = std::move(data.SolverName);
     fresh.IsDistributeModel = data.IsDistributeModel;
     std::copy(data.OutputFlags + kItemMicroMechanics, data.OutputFlags + kItemAnnealingStress,

@@ -13,6 +13,21 @@ namespace {
 
 using Data = CZorbI2CMIData;
 
+/// Each item but the one without an on/off line; in the order of the ids, which is the file's.
+constexpr bool EachItemHasItsLine() {
+    std::int32_t expected = 0;
+    for (const ControlFileLine& line : kControlFileLines) {
+        if (line.presence == ControlFilePresence::whenOffered) {
+            expected += expected == kItemMicroMechanics ? 1 : 0;
+            if (line.itemId != expected++) {
+                return false;
+            }
+        }
+    }
+    return expected == kItemCount;
+}
+static_assert(EachItemHasItsLine());
+
 std::string NumberOf(const ControlFileLine& line, const Data& data) {
     const bool isItem = line.presence == ControlFilePresence::whenOffered;
     return std::to_string(isItem ? data.OutputFlags[line.itemId] : data.*line.number);
@@ -36,7 +51,7 @@ std::string ValueOf(const ControlFileLine& line, const Data& data) {
         case ControlFileValue::textIfMapped:
             return IsMapped(data) ? (data.*line.words).c_str() : " ";
         default:
-            return (data.*line.words).c_str();  // ends at a NUL byte, as printf's text
+            return (data.*line.words).c_str();  // ends at a NUL byte, as in printf
     }
 }
 
@@ -53,7 +68,7 @@ void AppendLine(std::string& text, const ControlFileLine& line, const Data& data
     text += '\n';
 }
 
-/// How often a line stands in the file. An item that is offered in two groups is printed twice.
+/// How many times a line is in the file. An item that is offered in two groups is printed twice.
 std::ptrdiff_t CountOf(const ControlFileLine& line, const Data& data,
                        const std::vector<std::int32_t>& itemIds) {
     switch (line.presence) {

@@ -10,7 +10,7 @@ void CZorbI2AccessCMIFile::Write(const std::vector<std::int32_t>& partItems,
     std::vector<std::int32_t> itemIds = partItems;
     itemIds.insert(itemIds.end(), partInsertItems.begin(), partInsertItems.end());
     itemIds.insert(itemIds.end(), moldbaseItems.begin(), moldbaseItems.end());
-    // The text first: without memory for it, the old file stays whole.
+    // The text first: without memory for it, the old file stays intact.
     const std::string text = cmi::CMIFileText(data, itemIds);
     platform::TextFile(filePath).Write(text);
 }

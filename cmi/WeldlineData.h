@@ -24,7 +24,7 @@ std::vector<CZorbI2WeldlineDataStatus> BuildWeldlineTable(
 void StoreWeldlineValues(std::vector<CZorbI2WeldlineDataStatus>& table, SolverIndex solver,
                          const std::vector<double>& angles, const std::vector<double>& rates);
 
-/// Replaces the lists of the working data by the first three angles and rates of a record. A
+/// Replaces the lists of the working data with the first three angles and rates of a record. A
 /// record that is too short leaves what was taken before the fault; a record outside the table
 /// leaves the working data as it was.
 void TakeWeldlineValues(const std::vector<CZorbI2WeldlineDataStatus>& table, SolverIndex solver,

@@ -12,20 +12,6 @@
 
 using platform::CheckedElement;
 
-namespace {
-
-/// RADIOSS and Workbench are not offered for shell projects.
-std::vector<bool> OfferedSolvers(std::int32_t solverType) {
-    std::vector<bool> offered(kSolverCount, true);
-    if (solverType == kShellProject) {
-        offered[kSolverRadioss] = false;
-        offered[kSolverWorkbench] = false;
-    }
-    return offered;
-}
-
-}  // namespace
-
 CZorbI2Engine::CZorbI2Engine(const CZorbFEAInformation* info)
     : feaInformation(info != nullptr ? std::make_unique<CZorbFEAInformation>(*info)
                                      : std::make_unique<CZorbFEAInformation>()) {
@@ -37,7 +23,8 @@ CZorbI2Engine::CZorbI2Engine(const CZorbFEAInformation* info)
 }
 
 CZorbI2Engine::~CZorbI2Engine() {
-    // The order is part of the engine's promise; the rest goes in the reverse order of declaration.
+    // The order is part of the engine's promise; the rest is destroyed in reverse order
+    // of declaration.
     for (auto& slot : solverSlots) {
         slot.reset();
     }
@@ -51,7 +38,7 @@ CZorbI2Engine::~CZorbI2Engine() {
 
 void CZorbI2Engine::BuildCatalogue() {
     const CZorbFEAInformation& info = *feaInformation;
-    solverOffered = OfferedSolvers(info.solverType);
+    solverOffered = items::OfferedSolvers(info.solverType);
     items::BuildSolverSlots(solverSlots, solverOffered, info.solverType, info.voxelFlag);
     items::BuildItemCatalogue(items, info.solverType,
                               [this](std::int32_t itemId) { return GetProjectResults(itemId); });

@@ -73,7 +73,7 @@ bool CZorbI2EngineManager::Close() {
     return true;
 }
 
-// Earlier objects are overwritten and not freed, on purpose.
+// Earlier objects are overwritten and not freed: deliberate.
 
 bool CZorbI2EngineManager::CreateEngine(CZorbFEAInformation* info) {
     engine = new (std::nothrow) CZorbI2Engine(info);
@@ -236,5 +236,5 @@ bool CZorbI2EngineManager::WriteCMIFile(int /*ignored*/) {
     const PopItemSelector& selector = *engine->popItemSelector;
     writer.Write(selector.partPopItems, selector.partInsertPopItems, selector.moldbasePopItems,
                  data);
-    return true;  // the writer's failures are not reported here, on purpose
+    return true;  // the writer's failures are not reported here: deliberate
 }

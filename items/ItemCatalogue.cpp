@@ -57,7 +57,7 @@ constexpr ItemCategory part = kCategoryPart;
 constexpr ItemCategory insert = kCategoryPartInsert;
 constexpr ItemCategory moldbase = kCategoryMoldbase;
 
-// Texts as hosts know them, slips included: "Mirco", "volumn", "retainded", uneven full stops, the
+// Texts as hosts know them, slips included: "Mirco", "volumn", "retainded", uneven periods, the
 // fiber orientation with the sentence of the moldbase temperature. That the insert's fiber material
 // belongs to the part insert is deliberate as well.
 // clang-format off

@@ -1,4 +1,4 @@
-// The fixed catalogue of the 22 output items: titles, descriptions, options and defaults.
+// The fixed catalogue of the output items: titles, descriptions, options and defaults.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace items {
 /// Answers the result code of an item id.
 using ResultCodeOf = std::function<ResultCode(std::int32_t itemId)>;
 
-/// Fills all 22 slots, in a fixed order that is also the order of the questions asked. An item
+/// Fills a slot for each item, in a fixed order, in which result codes are also asked for. An item
 /// without results gets the reason as its only option. A slot for whose item there is no memory
 /// stays null.
 void BuildItemCatalogue(ItemArray& items, std::int32_t solverType,

@@ -15,7 +15,7 @@ struct ResultMessage {
 
 constexpr const char* unknown = "Unknown messages";
 
-// Texts as hosts know them: case and full stops are uneven on purpose.
+// Texts as hosts know them; uneven case and periods are deliberate.
 constexpr auto resultMessages = std::to_array<ResultMessage>({
     {kResultNoK5s, unknown},
     {kResultNeitherK5pNorK5c, unknown},

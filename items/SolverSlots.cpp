@@ -1,5 +1,6 @@
 #include "items/SolverSlots.h"
 
+#include <algorithm>
 #include <array>
 #include <new>
 #include <string>
@@ -17,6 +18,7 @@ enum class Elements { ansysSolid, ansysShell, linear, linearOrHigher };
 struct SolverRow {
     SolverIndex solver;
     const char* name;
+    bool isOfferedForShells;
     Meshes solidMeshes;
     Meshes shellMeshes;
     Elements solidElements;
@@ -26,18 +28,27 @@ struct SolverRow {
 // In the order in which the slots are built.
 // clang-format off
 constexpr auto solverRows = std::to_array<SolverRow>({
-    {kSolverAnsys,      "ANSYS",       Meshes::general,          Meshes::general,    Elements::ansysSolid,     Elements::ansysShell},
-    {kSolverWorkbench,  "Workbench",   Meshes::mappedOnly,       Meshes::mappedOnly, Elements::ansysSolid,     Elements::ansysShell},
-    {kSolverAbaqus,     "ABAQUS",      Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverMscNastran, "MSC-Nastran", Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverNeNastran,  "NE-Nastran",  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverLsDyna,     "LS-Dyna",     Meshes::withShellMapping, Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverMarc,       "MARC",        Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linear},
-    {kSolverNxNastran,  "NX-Nastran",  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverRadioss,    "Radioss",     Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
+    {kSolverAnsys,      "ANSYS",       true,  Meshes::general,          Meshes::general,    Elements::ansysSolid,     Elements::ansysShell},
+    {kSolverWorkbench,  "Workbench",   false, Meshes::mappedOnly,       Meshes::mappedOnly, Elements::ansysSolid,     Elements::ansysShell},
+    {kSolverAbaqus,     "ABAQUS",      true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
+    {kSolverMscNastran, "MSC-Nastran", true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
+    {kSolverNeNastran,  "NE-Nastran",  true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
+    {kSolverLsDyna,     "LS-Dyna",     true,  Meshes::withShellMapping, Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
+    {kSolverMarc,       "MARC",        true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linear},
+    {kSolverNxNastran,  "NX-Nastran",  true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
+    {kSolverRadioss,    "Radioss",     false, Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
 });
 // clang-format on
-static_assert(solverRows.size() == kSolverCount);
+
+constexpr bool EachSolverHasItsRow() {
+    for (SolverIndex solver = 0; solver < kSolverCount; ++solver) {
+        if (std::ranges::count(solverRows, solver, &SolverRow::solver) != 1) {
+            return false;
+        }
+    }
+    return solverRows.size() == kSolverCount;
+}
+static_assert(EachSolverHasItsRow());
 
 TextList MeshTypes(Meshes meshes, bool voxelResults) {
     TextList types;
@@ -65,6 +76,14 @@ TextList ElementTypes(Elements elements) {
 }
 
 }  // namespace
+
+std::vector<bool> OfferedSolvers(std::int32_t solverType) {
+    std::vector<bool> offered(kSolverCount);
+    for (const SolverRow& row : solverRows) {
+        offered[row.solver] = row.isOfferedForShells || solverType != kShellProject;
+    }
+    return offered;
+}
 
 void BuildSolverSlots(SolverSlotArray& slots, const std::vector<bool>& solverOffered,
                       std::int32_t solverType, std::int32_t voxelFlag) {

@@ -23,7 +23,7 @@ struct Calls {
 /// The table in use. Not for use while an engine works on another thread.
 Calls& CurrentCalls();
 
-// Defined by the one source of the system that is built for.
+// Defined in the source of the system that is built for.
 
 /// The system's own calls.
 Calls SystemCalls();

@@ -1,5 +1,5 @@
 // POSIX: the separator is the slash, names are case-sensitive, and a debugger output exists only
-// where the host process brings one.
+// where the host process provides one.
 #include <sys/stat.h>
 
 #include <algorithm>

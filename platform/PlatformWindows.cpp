@@ -1,4 +1,4 @@
-// Windows: paths are taken as they stand (the runtime reads both separators), text files get
+// Windows: paths are taken as they are (the runtime reads both separators), text files get
 // CR LF line ends, and trace lines go to the debugger output.
 #define WIN32_LEAN_AND_MEAN
 #include <sys/stat.h>

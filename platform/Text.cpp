@@ -9,7 +9,7 @@ namespace platform {
 
 namespace {
 
-// toupper would ask the host's locale.
+// toupper would depend on the host's locale.
 char UpperCased(char letter) {
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
@@ -28,7 +28,8 @@ bool EqualIgnoringCase(const std::string& left, const std::string& right) {
 }
 
 std::string WithThreeDecimals(double number) {
-    // Sign, all digits of the largest double, point and decimals; printf would ask the locale.
+    // Sign, all digits of the largest double, point and decimals; printf would depend on the
+    // locale.
     std::array<char, std::numeric_limits<double>::max_exponent10 + 8> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
                                    std::chars_format::fixed, 3);

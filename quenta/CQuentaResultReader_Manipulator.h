@@ -4,12 +4,12 @@
 // in the place of this one, at link or at load time, and the engine uses it without a rebuild. The
 // engine requires three operations: BeginReading, GetResultVersion and EndReading.
 //
-// The stand-in takes the plain decimal number with which the text of the file starts for the
-// result version: a file that starts with "1004" is a file of version 1004.
+// The stand-in takes the decimal number at the start of the file as the result version: a file that
+// starts with "1004" is a file of version 1004.
 #pragma once
 
 // No import declaration for users on Windows: calls go through the import library, and a program
-// may bring a class of its own under this name.
+// may define a class of its own with this name.
 #if defined(_WIN32) && defined(QUENTA_RESULT_ENGINE_BUILD)
 #define QUENTA_RESULT_ENGINE_API __declspec(dllexport)
 #elif defined(QUENTA_RESULT_ENGINE_BUILD)
@@ -37,6 +37,6 @@ public:
     void EndReading();
 
 private:
-    // The implementation's own; keeps the size of the class out of its hands.
+    // Owned by the implementation, so that its state does not change the size of the class.
     [[maybe_unused]] void* state_;
 };

@@ -33,7 +33,7 @@ ResultCode AvailableOr(bool available, ResultCode missing) {
     return available ? kResultAvailable : missing;
 }
 
-/// Whether the ".k5o" file is of a version that carries fiber orientation by itself. Looks at the
+/// Whether the ".k5o" file has a version that itself holds fiber orientation. Looks at the
 /// plain name, never at the "_vox" variant.
 bool ResultVersionSuffices(Run& run) {
     constexpr long long firstSufficientVersion = 1004;
@@ -110,7 +110,8 @@ ResultCode CheckThermalStress(Run& run) {
     return kResultNoK5w;
 }
 
-/// The three results of a shell project that stand for strain and packing temperature.
+/// The three results of a shell project any of which counts as initial strain and as
+/// packing temperature.
 struct ShellResults {
     explicit ShellResults(Run& run)
         : rsp(LookFor(run, ".rsp")), rsg(LookFor(run, ".rsg")), rsr(LookFor(run, ".rsr")) {}
@@ -145,8 +146,8 @@ ResultCode CheckInitialStrain(Run& run) {
 ResultCode CheckInsertFlowPressure(Run& run) {
     const bool hasFile = LookFor(run, ".k5f");
     if (HasFlag(run, Info::kHasInsertedPart)) {
-        return AvailableOr(hasFile,
-                           kResultNoInsert);  // says "no insert" without the file too: deliberate
+        // Says "no insert" without the file too: deliberate.
+        return AvailableOr(hasFile, kResultNoInsert);
     }
     return hasFile ? kResultNoInsert : kResultNoInsertNorK5f;
 }

@@ -14,7 +14,7 @@ std::string RunTag(std::int32_t runNumber);
 /// Appends one backslash to the folder, unless it ends in one.
 void EndInBackslash(std::string& folder);
 
-/// Folder (as it stands), project name and run tag: what the names of the run's files start with.
+/// Folder (as it is), project name and run tag: what the names of the run's files start with.
 std::string ResultBasePath(const CZorbFEAInformation& info);
 
 /// Normalizes the record's folder and looks for the run's result file for an extension (with its

@@ -38,7 +38,7 @@ const char* TakeToken(const char* text, std::string& field) {
     return token + length;
 }
 
-void TrimTrailingBlanks(std::string& text) {
+void TrimTrailingSpaces(std::string& text) {
     text.erase(text.find_last_not_of(' ') + 1);
 }
 
@@ -54,7 +54,7 @@ void ReadBlock(std::FILE* file, std::int32_t& flagPrevShot, std::int32_t& valueS
     Line line{};
     while (ReadLine(file, line) && !Contains(line, "</SOLID_MCM>")) {
         TakeToken(TakeToken(line.data(), key), value);
-        TrimTrailingBlanks(key);
+        TrimTrailingSpaces(key);
         if (platform::EqualIgnoringCase(key, "FlagPrevShot")) {
             ParseInteger(value, flagPrevShot);
         } else if (platform::EqualIgnoringCase(key, "ValueShotRunID")) {
@@ -80,7 +80,7 @@ void ReadShotFile(const CZorbFEAInformation& info, std::int32_t& flagPrevShot,
             ReadBlock(file, flagPrevShot, valueShotRunID);
         }
     }
-    // The stream is kept open on purpose, see docs/quirks.md.
+    // The stream stays open: deliberate, see docs/quirks.md.
 }
 
 }  // namespace results

@@ -1,4 +1,4 @@
-// Reads the run's shot file (".cmx"), which tells whether the part insert comes from an earlier
+// Reads the run's shot file (".cmx"), which says whether the part insert comes from an earlier
 // shot.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace results {
 
-/// Reads the values of the file's "<SOLID_MCM>" blocks. A key that the file does not carry, and a
+/// Reads the values of the file's "<SOLID_MCM>" blocks. A key that the file does not have, and a
 /// file that cannot be opened, leave the values as they are.
 void ReadShotFile(const CZorbFEAInformation& info, std::int32_t& flagPrevShot,
                   std::int32_t& valueShotRunID);

@@ -8,7 +8,8 @@
 /// What the host knows about the project and the run whose results are handed over.
 ///
 /// The engine copies the record whole when it is created and never keeps the host's pointer.
-/// Texts are bytes in the system code page. Fields that say "carried" are copied and not read.
+/// Texts are bytes in the system code page. Fields marked "carried" are copied and
+/// never read.
 class CZorbFEAInformation {
 public:
     /// Positions of `flags` that the engine reads; all others are carried.

@@ -32,22 +32,27 @@ class CZorbI2WeldlineDataStatus;
 /// The manager owns the engine, the data block and the file writer, and forwards to them. It checks
 /// almost nothing: the order of calls is the contract. One whole pass:
 ///
+///     // 1. The three objects.
 ///     CZorbI2EngineManager manager;
-///     manager.CreateEngine(&info);                       // 1. the three objects
+///     manager.CreateEngine(&info);
 ///     manager.CreateCMIDataBlock();
 ///     manager.CreateCMIAccess();
-///     manager.SetOutFolder(folder);                      // 2. settings, in any order
+///     // 2. Settings, in any order.
+///     manager.SetOutFolder(folder);
 ///     manager.SetMappedMeshFilePath(mesh);
 ///     manager.SetCMIFileFullPath(folder, name, run, "cmi");
-///     manager.SetEngineCurrentStatus(0, 1, 0, 0);        // 3. ANSYS, deformed mesh
-///     manager.SetPopItems();                             //    which items are offered now
-///     manager.HasPopItem();                              //    counts them
-///     manager.GetPartPopItem(0, &item, &status);         //    ... 1, 2, until false
-///     manager.SetItemStatus(item.itemId, 1, -1);         // 4. the user's choices
-///     manager.SetItemsValue();                           //    commits them
-///     manager.SetWeldlineDataValue();                    //    commits the weld-line data
-///     manager.WriteCMIFile(0);                           // 5. the file
-///     manager.Close();                                   // 6. and destroy the manager
+///     // 3. The status; which items are offered then, counted and read until the answer is false.
+///     manager.SetEngineCurrentStatus(kSolverAnsys, kMeshDeformed, 0, 0);
+///     manager.SetPopItems();
+///     manager.HasPopItem();
+///     manager.GetPartPopItem(0, &item, &status);
+///     // 4. The user's choices, committed; the weld-line data, committed.
+///     manager.SetItemStatus(item.itemId, 1, kOptionNone);
+///     manager.SetItemsValue();
+///     manager.SetWeldlineDataValue();
+///     // 5. The file, and the end.
+///     manager.WriteCMIFile(0);
+///     manager.Close();
 ///
 /// Steps 3 and 4 may be repeated for other solvers and mesh kinds.
 ///
@@ -55,8 +60,8 @@ class CZorbI2WeldlineDataStatus;
 /// step 2 and answers GetProjectResults, GetItem and Has...Item; WriteCMIFile writes nothing.
 /// All other operations below step 2 require an engine that is not bare.
 ///
-/// Calls before the Create operations are broken contracts: debug builds of the library stop with
-/// the name of the missing call, release builds do not check.
+/// Calling an operation before the Create operations that it requires breaks the contract: debug
+/// builds of the library stop with the name of the missing call, release builds do not check.
 ///
 /// Text is bytes in the system code page. Objects are not synchronized: use a manager and all it
 /// owns from one thread at a time. Operations throw only std::bad_alloc and what they name below.
@@ -85,20 +90,23 @@ public:
     // ---- The three objects --------------------------------------------------------------------
 
     /// Creates the engine for a project: looks for the run's result files and builds the items.
-    /// Parameters: `info` is copied and stays the host's. Null gives a bare engine with an empty
+    /// Parameters: `info` is copied; the host keeps its own. Null gives a bare engine with an empty
     ///     record.
-    /// Returns: true; false without memory for the engine, which is null then.
+    /// Returns: true; false when there is no memory for the engine, which is null then.
     ///     An engine created earlier is overwritten and not freed.
-    /// Throws: std::bad_alloc when memory ends further inside; the earlier engine stays.
+    /// Throws: std::bad_alloc when memory runs out while the engine is being built; the earlier
+    ///     engine stays.
     /// Side effects: those of GetProjectResults for every item but kItemDigimatMucell.
     bool CreateEngine(CZorbFEAInformation* info);
 
     /// Creates the data block from which the control parameter file is printed.
-    /// Returns: true; false without memory for it. An earlier one is overwritten and not freed.
+    /// Returns: true; false when there is no memory for it. An earlier one is overwritten and not
+    ///     freed.
     bool CreateCMIDataBlock();
 
     /// Creates the writer of the control parameter file, without a path.
-    /// Returns: true; false without memory for it. An earlier one is overwritten and not freed.
+    /// Returns: true; false when there is no memory for it. An earlier one is overwritten and not
+    ///     freed.
     bool CreateCMIAccess();
 
     /// Returns: the engine, owned by the manager; null before CreateEngine.
@@ -131,7 +139,7 @@ public:
     void SetCMIFileFullPath(std::string folder, std::string name, int run, std::string extension);
 
     /// Switches the mapping of a model edited in the viewer ("IsViewEditModelMapping").
-    /// Requires: CreateEngine. Until set, flag 19 of the project record counts.
+    /// Requires: CreateEngine. Until set, kViewEditAtStart of the project record decides.
     void SetViewEdit(bool on);
 
     /// Sets the weld-line angle for Digimat, 135.0 until set.
@@ -145,10 +153,9 @@ public:
     /// SetPopItems next.
     /// Requires: CreateEngine.
     /// Parameters: `solver` one of kSolver...; `meshKind` one of kMesh...; `quadraticElement` 0
-    /// off,
-    ///     else on; `annealingMode` kAnnealingDeformedMesh: the deformed mesh is the
+    ///     off, else on; `annealingMode` kAnnealingDeformedMesh: the deformed mesh is the
     ///     annealing-deformed one. A solver without a slot keeps no status of its own; a value
-    ///     that is no solver also leaves the list of choices with the solver before it.
+    ///     that is no solver also leaves the previous solver's choices current.
     void SetEngineCurrentStatus(int solver, int meshKind, int quadraticElement, int annealingMode);
 
     /// Reads the status last set for a solver, current or not; zeros until then.
@@ -162,8 +169,8 @@ public:
     /// Requires: SetEngineCurrentStatus.
     void SetPopItems();
 
-    /// Counts the offered items of all three groups. The operations below that speak of offered
-    /// items go by these counts until the next call: deliberate.
+    /// Counts the offered items of all three groups. The operations below that read offered
+    /// items use these counts until the next call: deliberate.
     /// Requires: SetPopItems.
     /// Returns: whether anything is offered.
     bool HasPopItem();
@@ -193,7 +200,7 @@ public:
     /// Returns: true; false for a null `item` or a position outside the counted items. Both
     ///     records stay untouched then.
     /// Throws: std::out_of_range("invalid vector<T> subscript") for a position that was counted
-    ///     but is offered no longer.
+    ///     but is no longer offered.
     bool GetPartPopItem(int position, CZorbI2Item* item, CZorbI2ItemStatus* status);
 
     /// Reads any item by its id, offered or not, with the choice made for the current solver.
@@ -225,26 +232,27 @@ public:
     /// Returns: whether the item has options.
     bool GetItemAllOptions(int itemId, std::map<int, std::string>& options);
 
-    /// Notes the user's choice for one item under the current solver. Items are of two kinds: an
+    /// Records the user's choice for one item under the current solver. Items are of two kinds: an
     /// item with check state -1 takes `newOptionValue`, any other `newCheckState`.
     /// Requires: SetEngineCurrentStatus. SetItemsValue commits the choices.
     /// Parameters: `index` is the item's id; the value that the item takes is 0 or above. It is
     ///     not compared with the item's options.
     /// Returns: true; false, and nothing changes, when the results are missing (option -2) or the
     ///     value that the item takes is negative.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for an index that is no item's.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for an index that is not an item's
+    ///     id.
     bool SetItemStatus(int index, int newCheckState, int newOptionValue);
 
     /// Commits the choices of the current solver to the items, from which the file is written.
     /// Requires: SetEngineCurrentStatus.
     void SetItemsValue();
 
-    /// Finds out from the files whether the results of an item exist now. What the items say
-    /// themselves stays as found when the engine was created.
+    /// Checks the files for the results of an item as they are now. The items themselves keep what
+    /// was found when the engine was created.
     /// Requires: CreateEngine.
     /// Parameters: `itemId` one of kItem....
-    /// Returns: kResultAvailable when they exist; otherwise a code that tells what is missing.
-    ///     kResultNoCheck for kItemDigimatMucell and for ids that are no item's.
+    /// Returns: kResultAvailable when they exist; otherwise a code for what is missing.
+    ///     kResultNoCheck for kItemDigimatMucell and for ids that belong to no item.
     /// Side effects: trace lines; the engine's project folder gets its trailing backslash;
     ///     kItemThermalStress without results writes "ThermalTest.txt" and kItemInitialStrain of a
     ///     shell project always writes "ShellIniStrain.txt" into the current folder;
@@ -266,8 +274,8 @@ public:
     /// Makes the record of the current solver the working data, from which the file is written.
     /// Until the first call, that is 30, 60, 90 degrees and 0.8, 0.9, 0.95.
     /// Requires: SetEngineCurrentStatus.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for a current solver that is
-    ///     none; the working data stays.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") when the current solver is
+    ///     not a solver; the working data stays.
     void SetWeldlineDataValue();
 
     /// Reads the weld-line record of a solver.
@@ -289,7 +297,8 @@ public:
     ///     fewer than three angles or rates; no file is touched then.
     bool WriteCMIFile(int);
 
-    // The three objects, each owned as the destructor says. Hosts read them with the getters.
+    // The three objects, owned by the manager and deleted by its destructor. Hosts read them with
+    // the getters.
     CZorbI2Engine* engine = nullptr;
     CZorbI2CMIData* cmiData = nullptr;
     CZorbI2AccessCMIFile* accessCmiFile = nullptr;

@@ -1,6 +1,6 @@
 // The control parameter file, line by line from top to bottom: the text of each line and the field
-// of the data block that it prints. The engine writes by this table; a reader of the file can go
-// by it as well.
+// of the data block that it prints. The engine writes the file from this table; a program that
+// reads the file can use it too.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +26,7 @@ constexpr const char* kSolverKeywords[] = {
 static_assert(sizeof kSolverKeywords / sizeof kSolverKeywords[0] == kSolverCount,
               "each solver has a keyword");
 
-/// When a line stands in the file.
+/// When a line is in the file.
 enum class ControlFilePresence {
     always,
     whenAnnealed,  ///< only when IsAnnealingDeformedMesh of the data block is 1
@@ -35,7 +35,7 @@ enum class ControlFilePresence {
 
 /// What a line prints for a field.
 enum class ControlFileValue {
-    none,          ///< the text stands as it is
+    none,          ///< the text is printed as it is
     number,        ///< "%d": a whole number, with its sign when it is negative
     text,          ///< "%s": any text; it ends at a NUL byte
     textIfMapped,  ///< "%s": the text for the two mapped mesh kinds, one space for the others
@@ -69,7 +69,7 @@ struct ControlFileLine {
     const char* text;
     ControlFileValue value;
     ControlFilePresence presence = ControlFilePresence::always;
-    std::int32_t itemId = -1;  ///< of an item's line; -1: the line is no item's
+    std::int32_t itemId = -1;  ///< item of an on/off line; -1: not an item's line
     // The field of the data block; all are null for a fixed text and for an item's line.
     std::int32_t Data::*number = nullptr;
     std::string Data::*words = nullptr;
@@ -78,10 +78,10 @@ struct ControlFileLine {
     std::size_t element = 0;  ///< of `decimals`
 };
 
-/// The whole file. Deliberate, all of it: three lines end in a space; closing tags have a
-/// backslash; keys of items are padded with spaces to one column up to item 14, and with tabs from
-/// item 16 on; item 15 has no line; the section of the part insert repeats the keys of the part;
-/// the first weld-line angle is always zero.
+/// The whole file. All of this is deliberate: three lines end in a space; closing tags have a
+/// backslash; keys of items are padded with spaces up to kItemWeldLine and with tabs from
+/// kItemDigimatWeldLine on; kItemMicroMechanics has no line; the section of the part insert repeats
+/// the keys of the part; the first weld-line angle is always zero.
 // clang-format off
 constexpr ControlFileLine kControlFileLines[] = {
     {"I2-Output Control Parameter File"},
@@ -164,8 +164,8 @@ constexpr ControlFileLine kControlFileLines[] = {
 };
 // clang-format on
 
-/// What tells lines apart: a tag up to its closing bracket, otherwise the text before "=" without
-/// spaces and tabs behind it. Goes for a line of the table as for one of a file.
+/// What identifies a line: a tag up to its closing bracket, otherwise the text before "=" without
+/// trailing spaces and tabs. Works for lines of the table and of a file.
 inline std::string ControlFileKey(const std::string& line) {
     const bool isTag = !line.empty() && line[0] == '[';
     const std::size_t end = line.find(isTag ? ']' : '=');
@@ -183,14 +183,14 @@ inline const ControlFileLine* ControlFileLineOfItem(std::int32_t itemId) {
     return nullptr;
 }
 
-/// The range that a line prints behind its number, such as "(1~100)" or "(0:off,1:on)". The engine
-/// does not hold values against it.
+/// The range that a line prints after its number, such as "(1~100)" or "(0:off,1:on)". The engine
+/// does not check values against it.
 struct ControlFileRange {
     std::int32_t lowest;
     std::int32_t highest;
 };
 
-/// Whether the line prints a range, which then goes to `range`.
+/// Whether the line prints a range, which is then stored in `*range`.
 inline bool GetControlFileRange(const ControlFileLine& line, ControlFileRange* range) {
     const std::string text = line.text;
     const std::size_t start = text.find('(');

@@ -64,7 +64,7 @@ constexpr std::int32_t kItemDigimatMucell = 17;           ///< Digimat: foam, ne
 constexpr std::int32_t kItemDigimatFiber = 18;            ///< Digimat: fibers
 constexpr std::int32_t kItemDigimatStress = 19;           ///< Digimat: residual stress
 constexpr std::int32_t kItemDigimatTemperature = 20;      ///< Digimat: temperature
-constexpr std::int32_t kItemAnnealingStress = 21;         ///< stress of the post curing
+constexpr std::int32_t kItemAnnealingStress = 21;         ///< stress from post-curing
 /// Items are numbered from 0 without a gap.
 constexpr std::int32_t kItemCount = kItemAnnealingStress + 1;
 
@@ -105,7 +105,7 @@ constexpr ResultCode kResultNoK5p = -9;                  ///< no packing tempera
 constexpr ResultCode kResultNoMediCrp = -10;             ///< neither "_medi.crp" nor ".k5o"
 constexpr ResultCode kResultNoCheck = -11;               ///< there is no check for this item id
 constexpr ResultCode kResultNoInsertNorK5f = -13;        ///< neither inserted part nor ".k5f"
-constexpr ResultCode kResultNoInsert = -14;              ///< either of the two is missing
+constexpr ResultCode kResultNoInsert = -14;              ///< inserted part or ".k5f" is missing
 constexpr ResultCode kResultNoMoldbase = -15;            ///< the project has no moldbase
 constexpr ResultCode kResultNoMoldbaseNorK5f = -16;      ///< no ".k5f", with or without moldbase
 constexpr ResultCode kResultNoMoldbaseNorK5c = -17;      ///< neither moldbase nor ".k5c"
@@ -116,6 +116,7 @@ constexpr ResultCode kResultNoMeetingAngle = -24;        ///< no weld-line meeti
 constexpr ResultCode kResultNeitherRsfNorK5w = -25;      ///< no residual stress; without a text
 constexpr ResultCode kResultNeitherK5pNorK5c = -26;      ///< no temperature; without a text
 constexpr ResultCode kResultNoK5s = -27;                 ///< no annealing stress; without a text
-constexpr ResultCode kResultNoFiberResultsEither = 15;   ///< the text of -1; answered by no check
+constexpr ResultCode kResultNoFiberResultsEither =
+    15;  ///< text of kResultNoFiberResults; no check's
 /// The lowest code. Every code from here to kResultAvailable has a row in the table of messages.
 constexpr ResultCode kResultLowest = kResultNoK5s;
