@@ -10,7 +10,7 @@ import sys
 
 TEST = re.compile(r"^TEST(?:_F|_P)?\(\s*(\w+)\s*,\s*(\w+)\s*\)", re.MULTILINE)
 NAME = re.compile(r"`(\w+\.\w+)`")
-HEAD = ["What", "Why it stays", "Held by"]
+HEAD = ["What", "What a host or a reader of the file sees of it", "Held by"]
 
 
 def tests_in(folder):
@@ -33,7 +33,7 @@ def rows_in(document):
 
 def faults_of(cells, tests, seen):
     if len(cells) != len(HEAD) or not all(cells):
-        return ["a row has three cells: what, why it stays, held by"]
+        return ["a row has three cells: what, what a host sees of it, held by"]
     faults = []
     if cells[0] in seen:
         faults.append("this quirk stands twice")

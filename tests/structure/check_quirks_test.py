@@ -11,7 +11,7 @@ import unittest
 
 import check_quirks
 
-HEAD = "| What | Why it stays | Held by |\n|---|---|---|\n"
+HEAD = "| What | What a host or a reader of the file sees of it | Held by |\n|---|---|---|\n"
 
 
 class Quirks(unittest.TestCase):
@@ -48,7 +48,7 @@ class Quirks(unittest.TestCase):
         self.assertTrue(self.faults(HEAD + "| a | b | |\n"))
         self.assertTrue(self.faults(HEAD + "| a | b | by eye |\n"))
 
-    def test_a_row_without_a_reason_fails(self):
+    def test_a_row_without_a_consequence_fails(self):
         self.assertTrue(self.faults(HEAD + "| a | | `Suite.One` |\n"))
         self.assertTrue(self.faults(HEAD + "| a | `Suite.One` |\n"))
 
