@@ -100,7 +100,7 @@ void OfferItems(benchmark::State& state) {
     manager.CreateEngine(&project.info);
     const CountedAllocations counted(state);
     for (auto _ : state) {
-        manager.SetEngineCurrentStatus(0, 0, 0, 0);
+        manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
         manager.SetPopItems();
         benchmark::DoNotOptimize(manager.HasPopItem());
     }
@@ -114,7 +114,7 @@ void WriteFile(benchmark::State& state) {
     manager.CreateCMIDataBlock();
     manager.CreateCMIAccess();
     manager.SetCMIFileFullPath(project.Folder(), "Cover", 3, "cmi");
-    manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     manager.SetPopItems();
     manager.HasPopItem();
     const CountedAllocations counted(state);

@@ -11,8 +11,10 @@
 #include <vector>
 
 #include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/CMIDataFields.h"
+#include "tests/support/Errors.h"
 #include "tests/support/FillInputs.h"
 
 using support::BlockOfDistinctValues;
@@ -36,6 +38,12 @@ std::vector<std::int32_t> InsertSegments(const CZorbI2CMIData& data) {
             data.InsertFiberThetaZSegment, data.InsertFiberStrengthXSegment,
             data.InsertFiberStrengthYSegment};
 }
+
+constexpr std::int32_t noReduction = 5;
+constexpr std::int32_t maximalReduction = 4;
+constexpr std::int32_t distributedModel = 6;  // no label names it
+constexpr std::int32_t noDensityReduction = 6;
+constexpr std::int32_t maximalDensityReduction = 5;
 
 struct SegmentRow {
     std::int32_t option;
@@ -73,7 +81,7 @@ TEST(CMIDataFill, SetsTheOneFlagOfTheMeshKind) {
         {3, {0, 0, 0, 1}},  {4, {0, 0, 0, 0}}, {5, {0, 0, 0, 0}},
     };
     for (const Row& row : rows) {
-        for (const std::int32_t projectType : {0, 3}) {
+        for (const std::int32_t projectType : {0, kProjectTypeAnnealing}) {
             for (const std::int32_t annealingMode : {-1, 0, 1, 2}) {
                 SCOPED_TRACE("mesh kind " + std::to_string(row.meshKind) + ", project type " +
                              std::to_string(projectType) + ", annealing mode " +
@@ -82,7 +90,9 @@ TEST(CMIDataFill, SetsTheOneFlagOfTheMeshKind) {
                 inputs.meshKind = row.meshKind;
                 inputs.offeredProjectType = projectType;
                 inputs.annealingMode = annealingMode;
-                const bool isAnnealed = row.meshKind == 1 && projectType == 3 && annealingMode == 1;
+                const bool isAnnealed = row.meshKind == kMeshDeformed &&
+                                        projectType == kProjectTypeAnnealing &&
+                                        annealingMode == kAnnealingDeformedMesh;
                 const std::vector<std::int32_t> none = {0, 0, 0, 0};
                 EXPECT_EQ(MeshFlags(inputs.FilledBlock()), isAnnealed ? none : row.flags);
             }
@@ -90,25 +100,27 @@ TEST(CMIDataFill, SetsTheOneFlagOfTheMeshKind) {
     }
 }
 
-TEST(CMIDataFill, ClearsTheDeformedMeshOnlyForAnAnnealedProjectInAnnealingModeOne) {
+TEST(CMIDataFill, ClearsTheDeformedMeshOnlyForAnAnnealedProjectInItsAnnealingMode) {
     FillInputs inputs;
-    inputs.meshKind = 1;
-    inputs.annealingMode = 1;
-    for (const std::int32_t projectType : {-1, 0, 1, 2, 3, 4, 9}) {
+    inputs.meshKind = kMeshDeformed;
+    inputs.annealingMode = kAnnealingDeformedMesh;
+    for (const std::int32_t projectType :
+         {-1, 0, 1, 2, kProjectTypeAnnealing, 4, kProjectTypeMucell}) {
         inputs.offeredProjectType = projectType;
-        EXPECT_EQ(inputs.FilledBlock().IsDeformedMesh, projectType == 3 ? 0 : 1) << projectType;
+        EXPECT_EQ(inputs.FilledBlock().IsDeformedMesh, projectType == kProjectTypeAnnealing ? 0 : 1)
+            << projectType;
     }
 }
 
 TEST(CMIDataFill, AsksTheOfferForAnAnnealedMeshAndPrintsTheRecordsProjectType) {
     FillInputs inputs;
-    inputs.meshKind = 1;
-    inputs.annealingMode = 1;
+    inputs.meshKind = kMeshDeformed;
+    inputs.annealingMode = kAnnealingDeformedMesh;
     inputs.offeredProjectType = 0;
-    inputs.projectType = 3;
+    inputs.projectType = kProjectTypeAnnealing;
     EXPECT_EQ(inputs.FilledBlock().IsDeformedMesh, 1);
-    EXPECT_EQ(inputs.FilledBlock().ProjectType, 3);
-    inputs.offeredProjectType = 3;
+    EXPECT_EQ(inputs.FilledBlock().ProjectType, kProjectTypeAnnealing);
+    inputs.offeredProjectType = kProjectTypeAnnealing;
     inputs.projectType = 0;
     EXPECT_EQ(inputs.FilledBlock().IsDeformedMesh, 0);
     EXPECT_EQ(inputs.FilledBlock().ProjectType, 0);
@@ -116,7 +128,8 @@ TEST(CMIDataFill, AsksTheOfferForAnAnnealedMeshAndPrintsTheRecordsProjectType) {
 
 TEST(CMIDataFill, CopiesTheAnnealingModeAsItIs) {
     for (const std::int32_t annealingMode : {-1, 0, 1, 2, 300}) {
-        for (const std::int32_t meshKind : {0, 1, 2, 3}) {
+        for (const std::int32_t meshKind :
+             {kMeshOriginal, kMeshDeformed, kMeshMapped, kMesh3DMappingShell}) {
             FillInputs inputs;
             inputs.meshKind = meshKind;
             inputs.annealingMode = annealingMode;
@@ -144,8 +157,8 @@ TEST(CMIDataFill, GivesTheSolverItsKeyword) {
         {6, "NXNASTRAN"},
         {7, "RADIOSS"},
         {8, "WORKBENCH"},
-        {9, ""},
-        {10, ""},
+        {kSolverCount, ""},
+        {kSolverCount + 1, ""},
         {std::numeric_limits<std::int32_t>::max(), ""},
         {std::numeric_limits<std::int32_t>::min(), ""},
     };
@@ -175,20 +188,20 @@ TEST(CMIDataFill, TakesAnyValueButZeroForQuadraticElements) {
     }
 }
 
-TEST(CMIDataFill, TakesTheCompositeModelFromItem15AvailableOrNot) {
+TEST(CMIDataFill, TakesTheCompositeModelFromMicroMechanicsAvailableOrNot) {
     for (const std::int32_t option : {-2, -1, 0, 1, 2, 7}) {
         for (const bool isAvailable : {false, true}) {
             FillInputs inputs;
-            inputs.SetItem(15, isAvailable, -1, option);
+            inputs.SetItem(kItemMicroMechanics, isAvailable, kNotACheckItem, option);
             EXPECT_EQ(inputs.FilledBlock().IDCompositeModel, option);
         }
     }
 }
 
-TEST(CMIDataFill, TakesTheDigimatOptionFromItem11) {
+TEST(CMIDataFill, TakesTheDigimatOptionFromTheDigimatExport) {
     for (const std::int32_t option : {-2, -1, 0, 1}) {
         FillInputs inputs;
-        inputs.SetItem(11, true, 0, option);
+        inputs.SetItem(kItemDigimatExport, true, 0, option);
         EXPECT_EQ(inputs.FilledBlock().DigimatOption, option);
     }
 }
@@ -220,18 +233,18 @@ TEST(CMIDataFill, SetsTheFileVersionAgain) {
 
 // ---- Reduction levels -----------------------------------------------------------------------
 
-TEST(CMIDataFill, DividesTheMapDomainBy80) {
+TEST(CMIDataFill, DividesTheMapDomainEqually) {
     const CZorbI2CMIData data = FillInputs().FilledBlock();
     EXPECT_EQ(data.SegmentX, 80);
     EXPECT_EQ(data.SegmentY, 80);
     EXPECT_EQ(data.SegmentZ, 80);
 }
 
-TEST(CMIDataFill, TakesPartSegmentsFromTheOptionOfItem0) {
+TEST(CMIDataFill, TakesPartSegmentsFromTheOptionOfTheFiberOrientation) {
     for (const SegmentRow& row : segmentRows) {
         for (const bool isAvailable : {false, true}) {
             FillInputs inputs;
-            inputs.SetItem(0, isAvailable, -1, row.option);
+            inputs.SetItem(kItemFiberOrientation, isAvailable, kNotACheckItem, row.option);
             const CZorbI2CMIData data = inputs.FilledBlock();
             EXPECT_THAT(PartSegments(data), ElementsAreArray(row.segments)) << row.option;
             EXPECT_THAT(InsertSegments(data), ElementsAre(15, 15, 15, 10, 3)) << row.option;
@@ -239,11 +252,11 @@ TEST(CMIDataFill, TakesPartSegmentsFromTheOptionOfItem0) {
     }
 }
 
-TEST(CMIDataFill, TakesInsertSegmentsFromTheOptionOfItem12) {
+TEST(CMIDataFill, TakesInsertSegmentsFromTheOptionOfTheInsertFiberMaterial) {
     for (const SegmentRow& row : segmentRows) {
         for (const bool isAvailable : {false, true}) {
             FillInputs inputs;
-            inputs.SetItem(12, isAvailable, -1, row.option);
+            inputs.SetItem(kItemInsertFiberMaterial, isAvailable, kNotACheckItem, row.option);
             const CZorbI2CMIData data = inputs.FilledBlock();
             EXPECT_THAT(InsertSegments(data), ElementsAreArray(row.segments)) << row.option;
             EXPECT_THAT(PartSegments(data), ElementsAre(15, 15, 15, 10, 3)) << row.option;
@@ -251,31 +264,32 @@ TEST(CMIDataFill, TakesInsertSegmentsFromTheOptionOfItem12) {
     }
 }
 
-TEST(CMIDataFill, Option5OfItem0TurnsTheReductionOffAndTakesTheSegmentsOfAnyOtherLevel) {
+TEST(CMIDataFill, NoReductionTakesTheSegmentsOfAnyOtherLevel) {
     FillInputs inputs;
-    inputs.SetItem(0, true, -1, 5);
+    inputs.SetItem(kItemFiberOrientation, true, kNotACheckItem, noReduction);
     const CZorbI2CMIData data = inputs.FilledBlock();
-    EXPECT_EQ(data.OutputFlags[0], 0);
+    EXPECT_EQ(data.OutputFlags[kItemFiberOrientation], 0);
     EXPECT_THAT(PartSegments(data), ElementsAre(15, 15, 15, 10, 3));
 }
 
-TEST(CMIDataFill, Option4OfItem12GivesTheFinestInsertSegments) {
+TEST(CMIDataFill, MaximalReductionGivesTheFinestInsertSegments) {
     FillInputs inputs;
-    inputs.SetItem(12, true, -1, 4);
+    inputs.SetItem(kItemInsertFiberMaterial, true, kNotACheckItem, maximalReduction);
     EXPECT_THAT(InsertSegments(inputs.FilledBlock()), ElementsAre(30, 30, 30, 20, 5));
 }
 
-TEST(CMIDataFill, DistributesTheModelForOption6OfItem0AvailableOrNot) {
+TEST(CMIDataFill, DistributesTheModelForTheOptionWithoutALabelAvailableOrNot) {
     for (std::int32_t option = -3; option <= 8; ++option) {
         for (const bool isAvailable : {false, true}) {
             FillInputs inputs;
-            inputs.SetItem(0, isAvailable, -1, option);
-            EXPECT_EQ(inputs.FilledBlock().IsDistributeModel, option == 6 ? 1 : 0) << option;
+            inputs.SetItem(kItemFiberOrientation, isAvailable, kNotACheckItem, option);
+            EXPECT_EQ(inputs.FilledBlock().IsDistributeModel, option == distributedModel ? 1 : 0)
+                << option;
         }
     }
 }
 
-TEST(CMIDataFill, TakesDensityFactorAndSwitchFromTheOptionOfItem13AvailableOrNot) {
+TEST(CMIDataFill, TakesDensityFactorAndSwitchFromTheDensityOptionAvailableOrNot) {
     struct Row {
         std::int32_t option;
         std::int32_t isReduced;
@@ -288,7 +302,7 @@ TEST(CMIDataFill, TakesDensityFactorAndSwitchFromTheOptionOfItem13AvailableOrNot
     for (const Row& row : rows) {
         for (const bool isAvailable : {false, true}) {
             FillInputs inputs;
-            inputs.SetItem(13, isAvailable, -1, row.option);
+            inputs.SetItem(kItemDensity, isAvailable, kNotACheckItem, row.option);
             const CZorbI2CMIData data = inputs.FilledBlock();
             EXPECT_EQ(data.IsDoDensityReduction, row.isReduced) << row.option;
             EXPECT_EQ(data.DensityReduction, row.factor) << row.option;
@@ -296,18 +310,18 @@ TEST(CMIDataFill, TakesDensityFactorAndSwitchFromTheOptionOfItem13AvailableOrNot
     }
 }
 
-TEST(CMIDataFill, Option6OfItem13TurnsTheDensityReductionOff) {
+TEST(CMIDataFill, NoDensityReductionTurnsTheSwitchOff) {
     FillInputs inputs;
-    inputs.SetItem(13, true, -1, 6);
+    inputs.SetItem(kItemDensity, true, kNotACheckItem, noDensityReduction);
     const CZorbI2CMIData data = inputs.FilledBlock();
     EXPECT_EQ(data.IsDoDensityReduction, 0);
     EXPECT_EQ(data.DensityReduction, 0);
-    EXPECT_EQ(data.OutputFlags[13], 1);
+    EXPECT_EQ(data.OutputFlags[kItemDensity], 1);
 }
 
-TEST(CMIDataFill, Option5OfItem13GivesTheLargestDensityFactor) {
+TEST(CMIDataFill, MaximalDensityReductionGivesTheLargestFactor) {
     FillInputs inputs;
-    inputs.SetItem(13, true, -1, 5);
+    inputs.SetItem(kItemDensity, true, kNotACheckItem, maximalDensityReduction);
     const CZorbI2CMIData data = inputs.FilledBlock();
     EXPECT_EQ(data.IsDoDensityReduction, 1);
     EXPECT_EQ(data.DensityReduction, 10);
@@ -319,8 +333,8 @@ TEST(CMIDataFill, TreatsItemsThatWereNeverBuiltLikeItemsWithoutResults) {
         item.reset();
     }
     const CZorbI2CMIData data = inputs.FilledBlock();
-    EXPECT_EQ(data.IDCompositeModel, -2);
-    EXPECT_EQ(data.DigimatOption, -2);
+    EXPECT_EQ(data.IDCompositeModel, kOptionResultsMissing);
+    EXPECT_EQ(data.DigimatOption, kOptionResultsMissing);
     EXPECT_EQ(data.IsDistributeModel, 0);
     EXPECT_EQ(data.IsDoDensityReduction, 0);
     EXPECT_EQ(data.DensityReduction, 0);
@@ -349,21 +363,17 @@ CZorbI2CMIData BlockAfterShortLists(std::size_t angleCount, std::size_t rateCoun
     inputs.weldlineData.ReductionRates.resize(rateCount);
     inputs.digimatWeldlineAngle = 77.0;
     inputs.viewEdit = true;
-    inputs.SetItem(11, true, -1, 1);
+    inputs.SetItem(kItemDigimatExport, true, kNotACheckItem, 1);
     CZorbI2CMIData data;
     cmi::ResetCMIData(data);
-    try {
-        cmi::FillCMIData(data, inputs.Source());
-        ADD_FAILURE() << "the short list went unnoticed";
-    } catch (const std::out_of_range& error) {
-        EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
-    }
+    EXPECT_EQ(support::OutOfRangeText([&] { cmi::FillCMIData(data, inputs.Source()); }),
+              support::kInvalidSubscript);
     return data;
 }
 
 /// What stands after the weld-line data is not reached by a fill that a short list ends.
 void ExpectTheRestUnfilled(const CZorbI2CMIData& data) {
-    EXPECT_EQ(data.DigimatWeldlineAngle, 135.0);
+    EXPECT_EQ(data.DigimatWeldlineAngle, kDefaultDigimatWeldlineAngle);
     EXPECT_EQ(data.IsViewEditModelMapping, 0);
     EXPECT_EQ(data.DigimatOption, 0);
 }
@@ -396,27 +406,27 @@ TEST(CMIDataFill, FillsElementByElementUntilARateIsMissing) {
 
 TEST(CMIDataFill, FillsAllThatStandsBeforeTheWeldLinesWhenAListIsTooShort) {
     FillInputs inputs;
-    inputs.currentSolver = 4;
-    inputs.meshKind = 2;
+    inputs.currentSolver = kSolverLsDyna;
+    inputs.meshKind = kMeshMapped;
     inputs.outFolder = "out";
-    inputs.SetItem(13, true, -1, 3);
+    inputs.SetItem(kItemDensity, true, kNotACheckItem, 3);
     inputs.weldlineData.WeldlineAngles.clear();
     CZorbI2CMIData data;
     EXPECT_THROW(cmi::FillCMIData(data, inputs.Source()), std::out_of_range);
     EXPECT_EQ(data.SolverName, "LSDYNA");
     EXPECT_EQ(data.IsMappedMesh, 1);
     EXPECT_EQ(data.OutFolder, "out");
-    EXPECT_EQ(data.OutputFlags[13], 1);
+    EXPECT_EQ(data.OutputFlags[kItemDensity], 1);
     EXPECT_EQ(data.SegmentX, 80);
     EXPECT_EQ(data.DensityReduction, 6);
 }
 
 TEST(CMIDataFill, LeavesItsInputsAsTheyAre) {
     FillInputs inputs;
-    inputs.SetItem(0, true, -1, 3);
+    inputs.SetItem(kItemFiberOrientation, true, kNotACheckItem, 3);
     inputs.mapFile = "map";
     inputs.FilledBlock();
-    EXPECT_EQ(inputs.items[0]->optionValue, 3);
+    EXPECT_EQ(inputs.items[kItemFiberOrientation]->optionValue, 3);
     EXPECT_EQ(inputs.mapFile, "map");
     EXPECT_THAT(inputs.weldlineData.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
 }

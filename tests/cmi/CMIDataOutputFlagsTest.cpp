@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
 #include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/FillInputs.h"
 
@@ -16,9 +18,9 @@ namespace {
 /// The flag of an available item for one option, by the kind of item; check items by check state.
 struct FlagRow {
     std::int32_t option;
-    int reduction;   // items 0 and 12
-    int runner;      // item 1
-    int density;     // item 13
+    int reduction;   // fiber orientation, insert fiber material
+    int runner;      // of the runner
+    int density;     // of the density
     int noCheck;     // all other items, check state -1
     int unchecked;   // check state 0
     int checked;     // check state 1
@@ -45,18 +47,18 @@ const std::vector<FlagRow> flagRows = {
 
 int ExpectedFlag(std::int32_t itemId, std::int32_t checkState, const FlagRow& row) {
     switch (itemId) {
-        case 0:
-        case 12:
+        case kItemFiberOrientation:
+        case kItemInsertFiberMaterial:
             return row.reduction;
-        case 1:
+        case kItemRunner:
             return row.runner;
-        case 13:
+        case kItemDensity:
             return row.density;
         default:
             break;
     }
     switch (checkState) {
-        case -1:
+        case kNotACheckItem:
             return row.noCheck;
         case 0:
             return row.unchecked;
@@ -69,10 +71,11 @@ int ExpectedFlag(std::int32_t itemId, std::int32_t checkState, const FlagRow& ro
 
 class OutputFlagOfItem : public testing::TestWithParam<std::int32_t> {};
 
-/// Fills for one item and checks all 22 flags; item 15 has none.
+/// Checks the flags of all items; micromechanics has none.
 void ExpectOnlyFlag(std::int32_t itemId, int expected, const CZorbI2CMIData& data) {
-    for (std::int32_t other = 0; other < 22; ++other) {
-        EXPECT_EQ(data.OutputFlags[other], other == itemId && itemId != 15 ? expected : 0)
+    for (std::int32_t other = 0; other < kItemCount; ++other) {
+        EXPECT_EQ(data.OutputFlags[other],
+                  other == itemId && itemId != kItemMicroMechanics ? expected : 0)
             << "flag " << other;
     }
 }
@@ -81,7 +84,7 @@ void ExpectOnlyFlag(std::int32_t itemId, int expected, const CZorbI2CMIData& dat
 
 TEST_P(OutputFlagOfItem, FollowsOptionAndCheckStateWhenAvailable) {
     for (const FlagRow& row : flagRows) {
-        for (const std::int32_t checkState : {-1, 0, 1, 2}) {
+        for (const std::int32_t checkState : {kNotACheckItem, 0, 1, 2}) {
             SCOPED_TRACE("option " + std::to_string(row.option) + ", check state " +
                          std::to_string(checkState));
             FillInputs inputs;
@@ -94,7 +97,7 @@ TEST_P(OutputFlagOfItem, FollowsOptionAndCheckStateWhenAvailable) {
 
 TEST_P(OutputFlagOfItem, IsOffWhenNotAvailableWhateverIsChosen) {
     for (const FlagRow& row : flagRows) {
-        for (const std::int32_t checkState : {-1, 0, 1, 2}) {
+        for (const std::int32_t checkState : {kNotACheckItem, 0, 1, 2}) {
             SCOPED_TRACE("option " + std::to_string(row.option) + ", check state " +
                          std::to_string(checkState));
             FillInputs inputs;
@@ -110,36 +113,38 @@ TEST_P(OutputFlagOfItem, IsOffForAnItemThatWasNeverBuilt) {
     ExpectOnlyFlag(GetParam(), 0, inputs.FilledBlock());
 }
 
-INSTANTIATE_TEST_SUITE_P(AllItems, OutputFlagOfItem, testing::Range(0, 22),
+INSTANTIATE_TEST_SUITE_P(AllItems, OutputFlagOfItem, testing::Range(0, kItemCount),
                          [](const auto& row) { return "Item" + std::to_string(row.param); });
 
-TEST(CMIDataOutputFlags, Flag15StaysAsItIs) {
+TEST(CMIDataOutputFlags, FlagOfMicroMechanicsStaysAsItIs) {
     FillInputs inputs;
-    inputs.SetItem(15, true, 1, 2);
+    inputs.SetItem(kItemMicroMechanics, true, 1, 2);
     CZorbI2CMIData data;
-    data.OutputFlags[15] = 4711;
+    data.OutputFlags[kItemMicroMechanics] = 4711;
 
     cmi::FillCMIData(data, inputs.Source());
 
-    EXPECT_EQ(data.OutputFlags[15], 4711);
+    EXPECT_EQ(data.OutputFlags[kItemMicroMechanics], 4711);
 }
 
 TEST(CMIDataOutputFlags, AreOffForUncheckedItemsAndOnForOptionItemsWithARealOption) {
     FillInputs inputs;
-    for (std::int32_t itemId = 0; itemId < 22; ++itemId) {
-        inputs.SetItem(itemId, true, 0, -1);
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
+        inputs.SetItem(itemId, true, 0, kOptionNone);
     }
-    for (const std::int32_t optionItem : {0, 11, 12}) {
-        inputs.SetItem(optionItem, true, -1, 0);
+    for (const std::int32_t optionItem :
+         {kItemFiberOrientation, kItemDigimatExport, kItemInsertFiberMaterial}) {
+        inputs.SetItem(optionItem, true, kNotACheckItem, 0);
     }
-    for (const std::int32_t optionItem : {1, 13}) {
-        inputs.SetItem(optionItem, true, -1, 1);
+    for (const std::int32_t optionItem : {kItemRunner, kItemDensity}) {
+        inputs.SetItem(optionItem, true, kNotACheckItem, 1);
     }
 
     const CZorbI2CMIData data = inputs.FilledBlock();
 
-    const std::vector<std::int32_t> flags(data.OutputFlags, data.OutputFlags + 22);
-    const std::vector<std::int32_t> expected = {1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                                                1, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0};
-    EXPECT_EQ(flags, expected);
+    const std::set<std::int32_t> on = {kItemFiberOrientation, kItemRunner, kItemDigimatExport,
+                                       kItemInsertFiberMaterial, kItemDensity};
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
+        EXPECT_EQ(data.OutputFlags[itemId], on.count(itemId)) << "item " << itemId;
+    }
 }

@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <string>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/support/ControlFileText.h"
 #include "tests/support/HostLocale.h"
 #include "tests/support/SampleProject.h"
@@ -20,10 +22,10 @@ std::string WholePass() {
     project.manager.SetOutFolder("D:\\M\xfcller\\IDiI");
     project.manager.SetCMIFileFullPath("D:\\Out", "Cover", 3, "cmi");
     project.manager.SetDigimatWeldlineData(1234567.125);
-    project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     project.manager.SetPopItems();
     project.manager.HasPopItem();
-    project.manager.SetWeldlineDataStatus(0, {1.5, -2.25, 1000000.0}, {0.8, 0.9, 0.95});
+    project.manager.SetWeldlineDataStatus(kSolverAnsys, {1.5, -2.25, 1000000.0}, {0.8, 0.9, 0.95});
     project.manager.SetWeldlineDataValue();
     project.manager.WriteCMIFile(0);
     return project.files.written["D:\\Out\\Cover03.cmi"];
@@ -43,7 +45,7 @@ TEST(CMIFileLocale, GermanHostGetsDecimalPoints) {
     const std::string text = WholePass();
     EXPECT_EQ(LineOf(text, "WeldlineAngle2"), "WeldlineAngle2 = 1.500\n");
     EXPECT_EQ(LineOf(text, "WeldlineAngle4"), "WeldlineAngle4 = 1000000.000\n");
-    EXPECT_EQ(LineOf(text, "WeldlineAngle ="), "WeldlineAngle = 1234567.125\n");
+    EXPECT_EQ(LineOf(text, "WeldlineAngle"), "WeldlineAngle = 1234567.125\n");
     EXPECT_EQ(LineOf(text, "ReductionRate1"), "ReductionRate1 = 0.800\n");
 }
 

@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <limits>
+#include <numeric>
 #include <string>
 #include <vector>
 
 #include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/CMIDataFields.h"
 #include "tests/support/ControlFileText.h"
@@ -111,8 +113,8 @@ TEST(CMIFileText, PrintsEveryFieldInItsLine) {
         "[\\REDUCTION RATE]\n";
     CZorbI2CMIData data = BlockOfDistinctValues();
     data.IsMappedMesh = 1;
-    const std::vector<std::int32_t> allItems = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10,
-                                                11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21};
+    std::vector<std::int32_t> allItems(kItemCount);
+    std::iota(allItems.begin(), allItems.end(), 0);
 
     EXPECT_EQ(cmi::CMIFileText(data, allItems), expected);
 }
@@ -144,12 +146,12 @@ TEST(CMIFileText, PrintsTheSmallestAndTheLargestInteger) {
     EXPECT_EQ(LineOf(data, "ProjectType"), "ProjectType = 2147483647\n");
 }
 
-TEST(CMIFileText, ClosesSectionsWithABackslashAndThreeLinesWithABlank) {
+TEST(CMIFileText, ClosesSectionsWithABackslashAndThreeLinesWithASpace) {
     CZorbI2CMIData data;
     data.OutFolder = "out";
     const std::string text = cmi::CMIFileText(data, {});
     std::vector<std::string> closingTags;
-    std::vector<std::string> endingInBlank;
+    std::vector<std::string> endingInSpace;
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = text.find('\n', start);
         const std::string line = text.substr(start, end - start);
@@ -158,7 +160,7 @@ TEST(CMIFileText, ClosesSectionsWithABackslashAndThreeLinesWithABlank) {
             closingTags.push_back(line);
         }
         if (!line.empty() && line.back() == ' ' && line.rfind("MapFile", 0) != 0) {
-            endingInBlank.push_back(line);
+            endingInSpace.push_back(line);
         }
     }
     const std::vector<std::string> expectedClosingTags = {
@@ -171,13 +173,13 @@ TEST(CMIFileText, ClosesSectionsWithABackslashAndThreeLinesWithABlank) {
         "[\\DIGIMAT WELDLINE ANGLE]",
         "[\\REDUCTION RATE]",
     };
-    const std::vector<std::string> expectedEndingInBlank = {
+    const std::vector<std::string> expectedEndingInSpace = {
         "[] ",
         "[\\MAP DOMAIN] ",
         "[\\MATERIAL REDUCTION] ",
     };
     EXPECT_EQ(closingTags, expectedClosingTags);
-    EXPECT_EQ(endingInBlank, expectedEndingInBlank);
+    EXPECT_EQ(endingInSpace, expectedEndingInSpace);
 }
 
 TEST(CMIFileText, FirstWeldlineAngleIsAlwaysZero) {
@@ -230,8 +232,8 @@ const std::vector<ItemLineRow> itemLineRows = {
     {19, "DigimatStressOutput =\t\t7   (0:off,1:on)\n"},
     {20, "DigimatTemperatureOutput =\t7   (0:off,1:on)\n"},
     {21, "IsAnnealingstressOutput =\t7   (0:off,1:on)\n"},
-    {22, ""},
-    {23, ""},
+    {kItemCount, ""},
+    {kItemCount + 1, ""},
     {std::numeric_limits<std::int32_t>::max(), ""},
 };
 
@@ -241,7 +243,7 @@ TEST(CMIFileText, EachItemHasItsOwnKeyAndPadding) {
     for (const ItemLineRow& row : itemLineRows) {
         SCOPED_TRACE(row.itemId);
         CZorbI2CMIData data;
-        if (row.itemId >= 0 && row.itemId < 22) {
+        if (row.itemId >= 0 && row.itemId < kItemCount) {
             data.OutputFlags[row.itemId] = 7;
         }
         EXPECT_EQ(ItemLines(data, {row.itemId}), row.line);
@@ -250,17 +252,18 @@ TEST(CMIFileText, EachItemHasItsOwnKeyAndPadding) {
 
 TEST(CMIFileText, PrintsItemsInTheOrderOfTheirIdsAndAsOftenAsGiven) {
     CZorbI2CMIData data;
-    data.OutputFlags[13] = 1;
-    EXPECT_EQ(ItemLines(data, {13, 2, 13}),
+    data.OutputFlags[kItemDensity] = 1;
+    EXPECT_EQ(ItemLines(data, {kItemDensity, kItemMoldbaseMesh, kItemDensity}),
               "IsMoldbaseOutput =              0   (0:off,1:on)\n"
               "IsDensityOutput =               1   (0:off,1:on)\n"
               "IsDensityOutput =               1   (0:off,1:on)\n");
 }
 
-TEST(CMIFileText, Item15AndIdsOutsideTheCatalogueGiveNoLine) {
-    EXPECT_EQ(ItemLines(CZorbI2CMIData(), {-1, 15, 22}), "");
-    EXPECT_EQ(ItemLines(CZorbI2CMIData(), {15, 14, 15}),
-              "IsWeldlineOutput =              0   (0:off,1:on)\n");
+TEST(CMIFileText, MicroMechanicsAndIdsOutsideTheCatalogueGiveNoLine) {
+    EXPECT_EQ(ItemLines(CZorbI2CMIData(), {-1, kItemMicroMechanics, kItemCount}), "");
+    EXPECT_EQ(
+        ItemLines(CZorbI2CMIData(), {kItemMicroMechanics, kItemWeldLine, kItemMicroMechanics}),
+        "IsWeldlineOutput =              0   (0:off,1:on)\n");
 }
 
 // ---- Lines with a rule of their own -------------------------------------------------------------
@@ -287,7 +290,7 @@ TEST(CMIFileText, NamesTheMapFileForMappedMeshesOnly) {
     }
 }
 
-TEST(CMIFileText, EndsTheMapFileLineWithTwoBlanksForOtherMeshesEvenWhenAPathIsSet) {
+TEST(CMIFileText, EndsTheMapFileLineWithTwoSpacesForOtherMeshesEvenWhenAPathIsSet) {
     CZorbI2CMIData data;
     data.MapFile = "C:\\m.map";
     data.IsOriginalMesh = 1;
@@ -297,7 +300,7 @@ TEST(CMIFileText, EndsTheMapFileLineWithTwoBlanksForOtherMeshesEvenWhenAPathIsSe
     EXPECT_EQ(LineOf(data, "MapFile"), "MapFile =  \n");
 }
 
-TEST(CMIFileText, AnEmptyMapFileOfAMappedMeshEndsTheLineWithOneBlank) {
+TEST(CMIFileText, AnEmptyMapFileOfAMappedMeshEndsTheLineWithOneSpace) {
     CZorbI2CMIData data;
     data.IsMappedMesh = 1;
     EXPECT_EQ(LineOf(data, "MapFile"), "MapFile = \n");
@@ -326,9 +329,12 @@ TEST(CMIFileText, AnEmptyKeywordGivesEmptyBrackets) {
 
 TEST(CMIFileText, NeverPrintsTheDigimatOption) {
     CZorbI2CMIData data;
-    const std::string text = cmi::CMIFileText(data, {0, 11, 16});
+    const std::string text =
+        cmi::CMIFileText(data, {kItemFiberOrientation, kItemDigimatExport, kItemDigimatWeldLine});
     data.DigimatOption = 1;
-    EXPECT_EQ(cmi::CMIFileText(data, {0, 11, 16}), text);
+    EXPECT_EQ(
+        cmi::CMIFileText(data, {kItemFiberOrientation, kItemDigimatExport, kItemDigimatWeldLine}),
+        text);
 }
 
 // ---- Texts ------------------------------------------------------------------------------------
@@ -341,8 +347,8 @@ TEST(CMIFileText, LeavesPercentSignsAndBackslashesInPathsAsTheyAre) {
     data.IsMappedMesh = 1;
     EXPECT_EQ(LineOf(data, "OutFolder"), "OutFolder = D:\\100%\\%s%d%.3f%n\\\n");
     EXPECT_EQ(LineOf(data, "MapFile"), "MapFile = %%\\n\\t.map\n");
-    EXPECT_EQ(LineOf(data, "[%d"), "[%d] \n");
-    EXPECT_EQ(LineOf(data, "[%d_"), "[%d_EOF]\n");
+    EXPECT_EQ(LineOf(data, "[%d]"), "[%d] \n");
+    EXPECT_EQ(LineOf(data, "[%d_EOF]"), "[%d_EOF]\n");
 }
 
 TEST(CMIFileText, LeavesBytesAbove127AsTheyAre) {
@@ -398,8 +404,7 @@ TEST(CMIFileText, DoublesAlwaysHaveThreeDecimals) {
     for (const Row& row : rows) {
         CZorbI2CMIData data;
         data.DigimatWeldlineAngle = row.value;
-        EXPECT_EQ(LineOf(data, "WeldlineAngle ="),
-                  std::string("WeldlineAngle = ") + row.text + "\n");
+        EXPECT_EQ(LineOf(data, "WeldlineAngle"), std::string("WeldlineAngle = ") + row.text + "\n");
     }
 }
 

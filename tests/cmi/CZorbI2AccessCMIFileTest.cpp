@@ -12,6 +12,7 @@
 
 #include <zorbi2/CZorbI2CMIData.h>
 #include <zorbi2/CZorbI2EngineManager.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/ControlFileText.h"
 #include "tests/support/TemporaryFolder.h"
@@ -40,37 +41,40 @@ std::string ItemLines(const Ids& part, const Ids& partInsert, const Ids& moldbas
 // ---- Order of the items -------------------------------------------------------------------------
 
 TEST(CMIFileWriter, SortsTheItemsOfAllThreeListsTogether) {
-    EXPECT_EQ(ItemLines({14, 1}, {12, 6}, {10, 2}, CZorbI2CMIData()),
-              "IsRunnerOutput =                0   (0:off,1:on)\n"
-              "IsMoldbaseOutput =              0   (0:off,1:on)\n"
-              "IsFlowPressureOutput =          0   (0:off,1:on)\n"
-              "IsMoldbaseTempOutput =          0   (0:off,1:on)\n"
-              "IsPartInsertMaterialReduction = 0   (0:off,1:on)\n"
-              "IsWeldlineOutput =              0   (0:off,1:on)\n");
+    EXPECT_EQ(
+        ItemLines({kItemWeldLine, kItemRunner}, {kItemInsertFiberMaterial, kItemInsertFlowPressure},
+                  {kItemMoldbaseTemperature, kItemMoldbaseMesh}, CZorbI2CMIData()),
+        "IsRunnerOutput =                0   (0:off,1:on)\n"
+        "IsMoldbaseOutput =              0   (0:off,1:on)\n"
+        "IsFlowPressureOutput =          0   (0:off,1:on)\n"
+        "IsMoldbaseTempOutput =          0   (0:off,1:on)\n"
+        "IsPartInsertMaterialReduction = 0   (0:off,1:on)\n"
+        "IsWeldlineOutput =              0   (0:off,1:on)\n");
 }
 
 TEST(CMIFileWriter, PrintsAnItemOfTwoListsTwice) {
     CZorbI2CMIData data;
-    data.OutputFlags[0] = 1;
-    EXPECT_EQ(ItemLines({13, 0}, {}, {0}, data),
+    data.OutputFlags[kItemFiberOrientation] = 1;
+    EXPECT_EQ(ItemLines({kItemDensity, kItemFiberOrientation}, {}, {kItemFiberOrientation}, data),
               "IsDoMaterialReduction =         1   (0:off,1:on)\n"
               "IsDoMaterialReduction =         1   (0:off,1:on)\n"
               "IsDensityOutput =               0   (0:off,1:on)\n");
 }
 
 TEST(CMIFileWriter, PrintsAnItemTwiceInOneListTwice) {
-    EXPECT_EQ(ItemLines({}, {5, 5}, {}, CZorbI2CMIData()),
+    EXPECT_EQ(ItemLines({}, {kItemInitialStrain, kItemInitialStrain}, {}, CZorbI2CMIData()),
               "IsInitialstrainOutput =         0   (0:off,1:on)\n"
               "IsInitialstrainOutput =         0   (0:off,1:on)\n");
 }
 
-TEST(CMIFileWriter, SkipsItem15InEveryList) {
-    EXPECT_EQ(ItemLines({15}, {15}, {15, 2}, CZorbI2CMIData()),
+TEST(CMIFileWriter, SkipsMicroMechanicsInEveryList) {
+    EXPECT_EQ(ItemLines({kItemMicroMechanics}, {kItemMicroMechanics},
+                        {kItemMicroMechanics, kItemMoldbaseMesh}, CZorbI2CMIData()),
               "IsMoldbaseOutput =              0   (0:off,1:on)\n");
 }
 
 TEST(CMIFileWriter, SkipsIdsOutsideTheCatalogue) {
-    EXPECT_EQ(ItemLines({-1, 22}, {21}, {4711}, CZorbI2CMIData()),
+    EXPECT_EQ(ItemLines({-1, kItemCount}, {kItemAnnealingStress}, {4711}, CZorbI2CMIData()),
               "IsAnnealingstressOutput =\t0   (0:off,1:on)\n");
 }
 
@@ -82,11 +86,11 @@ TEST(CMIFileWriter, LeavesListsAndBlockAsTheyAre) {
     WatchedPlatform files;
     CZorbI2AccessCMIFile writer;
     writer.filePath = "f";
-    const Ids part = {3, 1};
+    const Ids part = {kItemFlowInducedStress, kItemRunner};
     CZorbI2CMIData data;
     data.SolverName = "MARC";
     writer.Write(part, {}, {}, data);
-    EXPECT_THAT(part, ElementsAre(3, 1));
+    EXPECT_THAT(part, ElementsAre(kItemFlowInducedStress, kItemRunner));
     EXPECT_EQ(data.SolverName, "MARC");
     EXPECT_EQ(writer.filePath, "f");
 }
@@ -105,7 +109,7 @@ TEST(CMIFileWriter, OpensExactlyTheStoredPathForWritingTextAndClosesIt) {
     WatchedPlatform files;
     CZorbI2AccessCMIFile writer;
     writer.filePath = "D:\\M\xfcller \\out/Cover01.cmi";
-    writer.Write({0}, {}, {}, CZorbI2CMIData());
+    writer.Write({kItemFiberOrientation}, {}, {}, CZorbI2CMIData());
     EXPECT_THAT(files.events, ElementsAre("open w D:\\M\xfcller \\out/Cover01.cmi",
                                           "close D:\\M\xfcller \\out/Cover01.cmi"));
 }
@@ -115,7 +119,7 @@ TEST(CMIFileWriter, WritesNothingWhenTheFileCannotBeOpened) {
     files.unwritable.insert("X:\\none.cmi");
     CZorbI2AccessCMIFile writer;
     writer.filePath = "X:\\none.cmi";
-    writer.Write({0}, {}, {}, CZorbI2CMIData());
+    writer.Write({kItemFiberOrientation}, {}, {}, CZorbI2CMIData());
     EXPECT_THAT(files.events, ElementsAre("open w X:\\none.cmi"));
     EXPECT_THAT(files.written, IsEmpty());
 }
@@ -131,9 +135,9 @@ TEST(CMIFileWriter, WritesTheSameBytesEachTime) {
     WatchedPlatform files;
     CZorbI2AccessCMIFile writer;
     writer.filePath = "f";
-    writer.Write({0}, {}, {}, CZorbI2CMIData());
+    writer.Write({kItemFiberOrientation}, {}, {}, CZorbI2CMIData());
     const std::string first = files.written["f"];
-    writer.Write({0}, {}, {}, CZorbI2CMIData());
+    writer.Write({kItemFiberOrientation}, {}, {}, CZorbI2CMIData());
     EXPECT_EQ(files.written["f"], first);
     EXPECT_FALSE(first.empty());
 }

@@ -9,6 +9,7 @@
 
 #include <zorbi2/CZorbI2EngineManager.h>
 #include <zorbi2/CZorbI2Item.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "platform/PlatformCalls.h"
 #include "tests/support/SampleProject.h"
@@ -65,7 +66,7 @@ private:
         return file;
     }
 
-    // The engine has one file at a time to write to, so the one opened last is meant.
+    // The engine has one file at a time to write to, so it is the one opened last.
     static int Write(const char* text, std::FILE* file) {
         return current_->Fails(Fault::Call::write, current_->openedLast_)
                    ? EOF
@@ -99,6 +100,19 @@ std::vector<std::string> LeftOpen(const support::WatchedPlatform& files) {
 const std::string shotFile = "D:\\Proj\\Run03\\Cover03.cmx";
 const std::string controlFile = "D:\\Out\\Cover03.cmi";
 
+/// From the record to the written file.
+void MakeWholePass(CZorbI2EngineManager& manager, int solverType) {
+    CZorbFEAInformation record = support::CompleteProject(solverType);
+    EXPECT_TRUE(manager.CreateEngine(&record));
+    EXPECT_TRUE(manager.CreateCMIDataBlock());
+    EXPECT_TRUE(manager.CreateCMIAccess());
+    manager.SetCMIFileFullPath("D:\\Out", "Cover", 3, "cmi");
+    manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
+    manager.SetPopItems();
+    EXPECT_TRUE(manager.HasPopItem());
+    EXPECT_TRUE(manager.WriteCMIFile(0));
+}
+
 class FaultyPlatform : public testing::TestWithParam<Fault> {
 protected:
     FaultyPlatform() {
@@ -110,17 +124,7 @@ protected:
 
     /// A whole pass for a shell project: it looks for the results of all items, writes both debug
     /// files, reads the shot file and writes the control file.
-    void WholePass() {
-        CZorbFEAInformation record = support::CompleteProject(1);
-        EXPECT_TRUE(manager.CreateEngine(&record));
-        EXPECT_TRUE(manager.CreateCMIDataBlock());
-        EXPECT_TRUE(manager.CreateCMIAccess());
-        manager.SetCMIFileFullPath("D:\\Out", "Cover", 3, "cmi");
-        manager.SetEngineCurrentStatus(0, 0, 0, 0);
-        manager.SetPopItems();
-        EXPECT_TRUE(manager.HasPopItem());
-        EXPECT_TRUE(manager.WriteCMIFile(0));
-    }
+    void WholePass() { MakeWholePass(manager, kShellProject); }
 
     support::WatchedPlatform files;
     CZorbI2EngineManager manager;
@@ -136,13 +140,13 @@ TEST_P(FaultyPlatform, ChangesNoAnswerAndLeaksNoFile) {
     }
     const bool hasShotFile = GetParam().pathEnd != std::string(".cmx");
     CZorbI2Item item;
-    EXPECT_TRUE(manager.GetItem(0, 4, &item));
-    EXPECT_EQ(item.options.at(-2), "No file *.k5w");
-    EXPECT_TRUE(manager.GetItem(0, 5, &item));
+    EXPECT_TRUE(manager.GetItem(kCategoryPart, kItemThermalStress, &item));
+    EXPECT_EQ(item.options.at(kOptionResultsMissing), "No file *.k5w");
+    EXPECT_TRUE(manager.GetItem(kCategoryPart, kItemInitialStrain, &item));
     EXPECT_TRUE(item.isAvailable);
-    EXPECT_TRUE(manager.GetItem(1, 12, &item));
+    EXPECT_TRUE(manager.GetItem(kCategoryPartInsert, kItemInsertFiberMaterial, &item));
     EXPECT_EQ(item.isAvailable, hasShotFile);
-    // The shot file is left open on purpose; nothing else is.
+    // The shot file is deliberately left open; nothing else is.
     EXPECT_EQ(LeftOpen(files), std::vector<std::string>(hasShotFile ? 1 : 0, shotFile));
 }
 
@@ -178,16 +182,8 @@ TEST(PlatformFaults, AllCallsFailingTogetherChangeNoAnswer) {
     platform::CurrentCalls().openFile = [](const char*, const char*) -> std::FILE* {
         return nullptr;
     };
-    CZorbFEAInformation record = support::CompleteProject(0);
     CZorbI2EngineManager manager;
-    EXPECT_TRUE(manager.CreateEngine(&record));
-    EXPECT_TRUE(manager.CreateCMIDataBlock());
-    EXPECT_TRUE(manager.CreateCMIAccess());
-    manager.SetCMIFileFullPath("D:\\Out", "Cover", 3, "cmi");
-    manager.SetEngineCurrentStatus(0, 0, 0, 0);
-    manager.SetPopItems();
-    EXPECT_TRUE(manager.HasPopItem());
-    EXPECT_EQ(manager.GetProjectResults(4), -6);
-    EXPECT_EQ(manager.GetProjectResults(12), -19);
-    EXPECT_TRUE(manager.WriteCMIFile(0));
+    MakeWholePass(manager, kSolidProject);
+    EXPECT_EQ(manager.GetProjectResults(kItemThermalStress), kResultNoK5w);
+    EXPECT_EQ(manager.GetProjectResults(kItemInsertFiberMaterial), kResultNoInsertFiberResults);
 }

@@ -3,35 +3,28 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <zorbi2/CZorbI2WeldlineDataStatus.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/ControlFileText.h"
+#include "tests/support/Errors.h"
 #include "tests/support/SampleProject.h"
 
+using support::kInvalidSubscript;
 using support::LineOf;
 using support::OpenProject;
+using support::OutOfRangeText;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-void ExpectSubscriptError(const std::function<void()>& operation) {
-    try {
-        operation();
-        ADD_FAILURE() << "no error";
-    } catch (const std::out_of_range& error) {
-        EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
-    }
-}
-
-constexpr int faultySolvers[] = {std::numeric_limits<int>::min(), -1, 9, 10,
-                                 std::numeric_limits<int>::max()};
+constexpr int faultySolvers[] = {std::numeric_limits<int>::min(), -1, kSolverCount,
+                                 kSolverCount + 1, std::numeric_limits<int>::max()};
 
 CZorbI2WeldlineDataStatus RecordOf(OpenProject& project, int solver) {
     CZorbI2WeldlineDataStatus record;
@@ -61,7 +54,7 @@ std::string WrittenSections(const std::string& text) {
 
 TEST(WeldlineOperations, EverySolverStartsWithTheSameAnglesAndRates) {
     OpenProject project;
-    for (int solver = 0; solver < 9; ++solver) {
+    for (int solver = 0; solver < kSolverCount; ++solver) {
         const CZorbI2WeldlineDataStatus record = RecordOf(project, solver);
         EXPECT_EQ(record.solverIndex, solver);
         EXPECT_THAT(record.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
@@ -70,75 +63,85 @@ TEST(WeldlineOperations, EverySolverStartsWithTheSameAnglesAndRates) {
 }
 
 TEST(WeldlineOperations, SolversThatAreNotOfferedHaveRecordsToo) {
-    OpenProject project(support::CompleteProject(1));
-    EXPECT_EQ(RecordOf(project, 8).solverIndex, 8);
-    EXPECT_TRUE(project.manager.SetWeldlineDataStatus(7, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3}));
-    EXPECT_THAT(RecordOf(project, 7).WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
+    OpenProject project(support::CompleteProject(kShellProject));
+    EXPECT_EQ(RecordOf(project, kSolverWorkbench).solverIndex, kSolverWorkbench);
+    EXPECT_TRUE(
+        project.manager.SetWeldlineDataStatus(kSolverRadioss, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3}));
+    EXPECT_THAT(RecordOf(project, kSolverRadioss).WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
 }
 
 // ---- SetWeldlineDataStatus ----------------------------------------------------------------------
 
 TEST(WeldlineOperations, SettingARecordTakesThreeOfFourAnglesAndKeepsTheListThreeLong) {
     OpenProject project;
-    EXPECT_TRUE(
-        project.manager.SetWeldlineDataStatus(2, {10.0, 20.0, 30.0, 40.0}, {0.5, 0.6, 0.7}));
-    const CZorbI2WeldlineDataStatus record = RecordOf(project, 2);
-    EXPECT_EQ(record.solverIndex, 2);
+    EXPECT_TRUE(project.manager.SetWeldlineDataStatus(kSolverMscNastran, {10.0, 20.0, 30.0, 40.0},
+                                                      {0.5, 0.6, 0.7}));
+    const CZorbI2WeldlineDataStatus record = RecordOf(project, kSolverMscNastran);
+    EXPECT_EQ(record.solverIndex, kSolverMscNastran);
     EXPECT_THAT(record.WeldlineAngles, ElementsAre(10.0, 20.0, 30.0));
     EXPECT_THAT(record.ReductionRates, ElementsAre(0.5, 0.6, 0.7));
-    EXPECT_THAT(RecordOf(project, 1).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
-    EXPECT_THAT(RecordOf(project, 3).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
+    EXPECT_THAT(RecordOf(project, kSolverAbaqus).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
+    EXPECT_THAT(RecordOf(project, kSolverNeNastran).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
 }
 
-TEST(WeldlineOperations, SettingARecordOutsideTheNineSolversRaisesTheSubscriptError) {
+TEST(WeldlineOperations, SettingARecordOutsideTheSolversRaisesTheSubscriptError) {
     OpenProject project;
     for (const int solver : faultySolvers) {
-        ExpectSubscriptError([&] {
-            project.manager.SetWeldlineDataStatus(solver, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
-        });
+        EXPECT_EQ(
+            OutOfRangeText([&] {
+                project.manager.SetWeldlineDataStatus(solver, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+            }),
+            kInvalidSubscript);
     }
-    for (int solver = 0; solver < 9; ++solver) {
+    for (int solver = 0; solver < kSolverCount; ++solver) {
         EXPECT_THAT(RecordOf(project, solver).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
     }
 }
 
 TEST(WeldlineOperations, SettingTooFewAnglesStoresThoseThatAreThere) {
     OpenProject project;
-    ExpectSubscriptError([&] {
-        project.manager.SetWeldlineDataStatus(4, {1.0, 2.0}, {0.1, 0.2, 0.3});
-    });
-    EXPECT_THAT(RecordOf(project, 4).WeldlineAngles, ElementsAre(1.0, 2.0, 90.0));
-    EXPECT_THAT(RecordOf(project, 4).ReductionRates, ElementsAre(0.8, 0.9, 0.95));
+    EXPECT_EQ(OutOfRangeText([&] {
+                  project.manager.SetWeldlineDataStatus(kSolverLsDyna, {1.0, 2.0}, {0.1, 0.2, 0.3});
+              }),
+              kInvalidSubscript);
+    EXPECT_THAT(RecordOf(project, kSolverLsDyna).WeldlineAngles, ElementsAre(1.0, 2.0, 90.0));
+    EXPECT_THAT(RecordOf(project, kSolverLsDyna).ReductionRates, ElementsAre(0.8, 0.9, 0.95));
 }
 
 TEST(WeldlineOperations, SettingTooFewRatesStoresAllAnglesAndTheRatesThatAreThere) {
     OpenProject project;
-    ExpectSubscriptError([&] { project.manager.SetWeldlineDataStatus(4, {1.0, 2.0, 3.0}, {0.1}); });
-    EXPECT_THAT(RecordOf(project, 4).WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
-    EXPECT_THAT(RecordOf(project, 4).ReductionRates, ElementsAre(0.1, 0.9, 0.95));
+    EXPECT_EQ(OutOfRangeText([&] {
+                  project.manager.SetWeldlineDataStatus(kSolverLsDyna, {1.0, 2.0, 3.0}, {0.1});
+              }),
+              kInvalidSubscript);
+    EXPECT_THAT(RecordOf(project, kSolverLsDyna).WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
+    EXPECT_THAT(RecordOf(project, kSolverLsDyna).ReductionRates, ElementsAre(0.1, 0.9, 0.95));
 }
 
 TEST(WeldlineOperations, SettingARecordShortenedByHandStopsAtItsEnd) {
     OpenProject project;
-    project.Selector().weldlineTable[4].WeldlineAngles.resize(1);
-    ExpectSubscriptError([&] {
-        project.manager.SetWeldlineDataStatus(4, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
-    });
-    EXPECT_THAT(RecordOf(project, 4).WeldlineAngles, ElementsAre(1.0));
-    EXPECT_THAT(RecordOf(project, 4).ReductionRates, ElementsAre(0.8, 0.9, 0.95));
+    project.Selector().weldlineTable[kSolverLsDyna].WeldlineAngles.resize(1);
+    EXPECT_EQ(
+        OutOfRangeText([&] {
+            project.manager.SetWeldlineDataStatus(kSolverLsDyna, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+        }),
+        kInvalidSubscript);
+    EXPECT_THAT(RecordOf(project, kSolverLsDyna).WeldlineAngles, ElementsAre(1.0));
+    EXPECT_THAT(RecordOf(project, kSolverLsDyna).ReductionRates, ElementsAre(0.8, 0.9, 0.95));
 }
 
 TEST(WeldlineOperations, SettingARecordTakesAnyNumber) {
     OpenProject project;
-    EXPECT_TRUE(project.manager.SetWeldlineDataStatus(0, {-1.0, 0.0, 1e300}, {-2.0, 0.0, 7.0}));
-    EXPECT_THAT(RecordOf(project, 0).WeldlineAngles, ElementsAre(-1.0, 0.0, 1e300));
-    EXPECT_THAT(RecordOf(project, 0).ReductionRates, ElementsAre(-2.0, 0.0, 7.0));
+    EXPECT_TRUE(
+        project.manager.SetWeldlineDataStatus(kSolverAnsys, {-1.0, 0.0, 1e300}, {-2.0, 0.0, 7.0}));
+    EXPECT_THAT(RecordOf(project, kSolverAnsys).WeldlineAngles, ElementsAre(-1.0, 0.0, 1e300));
+    EXPECT_THAT(RecordOf(project, kSolverAnsys).ReductionRates, ElementsAre(-2.0, 0.0, 7.0));
 }
 
 TEST(WeldlineOperations, SettingTheRecordOfTheCurrentSolverDoesNotChangeTheWorkingData) {
     OpenProject project;
-    project.manager.SetEngineCurrentStatus(3, 0, 0, 0);
-    project.manager.SetWeldlineDataStatus(3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+    project.manager.SetEngineCurrentStatus(kSolverNeNastran, kMeshOriginal, 0, 0);
+    project.manager.SetWeldlineDataStatus(kSolverNeNastran, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
     EXPECT_THAT(WorkingData(project).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
     EXPECT_THAT(WorkingData(project).ReductionRates, ElementsAre(0.8, 0.9, 0.95));
 }
@@ -147,31 +150,32 @@ TEST(WeldlineOperations, SettingTheRecordOfTheCurrentSolverDoesNotChangeTheWorki
 
 TEST(WeldlineOperations, TakingTheRecordOfTheCurrentSolverReplacesTheWorkingLists) {
     OpenProject project;
-    project.manager.SetWeldlineDataStatus(3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+    project.manager.SetWeldlineDataStatus(kSolverNeNastran, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
     WorkingData(project).WeldlineAngles = {9.0, 9.0, 9.0, 9.0};
-    WorkingData(project).solverIndex = 6;
-    project.manager.SetEngineCurrentStatus(3, 0, 0, 0);
+    WorkingData(project).solverIndex = kSolverNxNastran;
+    project.manager.SetEngineCurrentStatus(kSolverNeNastran, kMeshOriginal, 0, 0);
     project.manager.SetWeldlineDataValue();
     EXPECT_THAT(WorkingData(project).WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
     EXPECT_THAT(WorkingData(project).ReductionRates, ElementsAre(0.1, 0.2, 0.3));
-    EXPECT_EQ(WorkingData(project).solverIndex, 6);
+    EXPECT_EQ(WorkingData(project).solverIndex, kSolverNxNastran);
 }
 
 TEST(WeldlineOperations, TakingARecordUsesOnlyItsFirstThreeElements) {
     OpenProject project;
-    project.Selector().weldlineTable[0].WeldlineAngles = {1.0, 2.0, 3.0, 4.0};
-    project.Selector().weldlineTable[0].ReductionRates = {0.1, 0.2, 0.3, 0.4};
-    project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    project.Selector().weldlineTable[kSolverAnsys].WeldlineAngles = {1.0, 2.0, 3.0, 4.0};
+    project.Selector().weldlineTable[kSolverAnsys].ReductionRates = {0.1, 0.2, 0.3, 0.4};
+    project.manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     project.manager.SetWeldlineDataValue();
     EXPECT_THAT(WorkingData(project).WeldlineAngles, ElementsAre(1.0, 2.0, 3.0));
     EXPECT_THAT(WorkingData(project).ReductionRates, ElementsAre(0.1, 0.2, 0.3));
 }
 
-TEST(WeldlineOperations, TakingARecordOutsideTheNineSolversLeavesTheWorkingData) {
+TEST(WeldlineOperations, TakingARecordOutsideTheSolversLeavesTheWorkingData) {
     for (const int solver : faultySolvers) {
         OpenProject project;
-        project.manager.SetEngineCurrentStatus(solver, 0, 0, 0);
-        ExpectSubscriptError([&] { project.manager.SetWeldlineDataValue(); });
+        project.manager.SetEngineCurrentStatus(solver, kMeshOriginal, 0, 0);
+        EXPECT_EQ(OutOfRangeText([&] { project.manager.SetWeldlineDataValue(); }),
+                  kInvalidSubscript);
         EXPECT_THAT(WorkingData(project).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
         EXPECT_THAT(WorkingData(project).ReductionRates, ElementsAre(0.8, 0.9, 0.95));
     }
@@ -179,19 +183,19 @@ TEST(WeldlineOperations, TakingARecordOutsideTheNineSolversLeavesTheWorkingData)
 
 TEST(WeldlineOperations, TakingARecordWithTwoAnglesLeavesThoseTwoAndNoRates) {
     OpenProject project;
-    project.Selector().weldlineTable[5].WeldlineAngles = {1.0, 2.0};
-    project.manager.SetEngineCurrentStatus(5, 0, 0, 0);
-    ExpectSubscriptError([&] { project.manager.SetWeldlineDataValue(); });
+    project.Selector().weldlineTable[kSolverMarc].WeldlineAngles = {1.0, 2.0};
+    project.manager.SetEngineCurrentStatus(kSolverMarc, kMeshOriginal, 0, 0);
+    EXPECT_EQ(OutOfRangeText([&] { project.manager.SetWeldlineDataValue(); }), kInvalidSubscript);
     EXPECT_THAT(WorkingData(project).WeldlineAngles, ElementsAre(1.0, 2.0));
     EXPECT_THAT(WorkingData(project).ReductionRates, IsEmpty());
-    ExpectSubscriptError([&] { project.manager.WriteCMIFile(0); });
+    EXPECT_EQ(OutOfRangeText([&] { project.manager.WriteCMIFile(0); }), kInvalidSubscript);
 }
 
 TEST(WeldlineOperations, TakingARecordWithTwoRatesLeavesAllAnglesAndThoseTwo) {
     OpenProject project;
-    project.Selector().weldlineTable[5].ReductionRates = {0.1, 0.2};
-    project.manager.SetEngineCurrentStatus(5, 0, 0, 0);
-    ExpectSubscriptError([&] { project.manager.SetWeldlineDataValue(); });
+    project.Selector().weldlineTable[kSolverMarc].ReductionRates = {0.1, 0.2};
+    project.manager.SetEngineCurrentStatus(kSolverMarc, kMeshOriginal, 0, 0);
+    EXPECT_EQ(OutOfRangeText([&] { project.manager.SetWeldlineDataValue(); }), kInvalidSubscript);
     EXPECT_THAT(WorkingData(project).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
     EXPECT_THAT(WorkingData(project).ReductionRates, ElementsAre(0.1, 0.2));
 }
@@ -203,35 +207,36 @@ TEST(WeldlineOperations, ReadingARecordReplacesLongerAndShorterLists) {
     CZorbI2WeldlineDataStatus target;
     target.solverIndex = 77;
     target.WeldlineAngles = {1.0, 2.0, 3.0, 4.0, 5.0};
-    EXPECT_TRUE(project.manager.GetWeldlinePopData(4, &target));
-    EXPECT_EQ(target.solverIndex, 4);
+    EXPECT_TRUE(project.manager.GetWeldlinePopData(kSolverLsDyna, &target));
+    EXPECT_EQ(target.solverIndex, kSolverLsDyna);
     EXPECT_THAT(target.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
     EXPECT_THAT(target.ReductionRates, ElementsAre(0.8, 0.9, 0.95));
 }
 
 TEST(WeldlineOperations, ReadingARecordCopiesListsOfAnyLengthWhole) {
     OpenProject project;
-    project.Selector().weldlineTable[1].WeldlineAngles = {1.0, 2.0, 3.0, 4.0};
-    project.Selector().weldlineTable[1].ReductionRates.clear();
-    const CZorbI2WeldlineDataStatus record = RecordOf(project, 1);
+    project.Selector().weldlineTable[kSolverAbaqus].WeldlineAngles = {1.0, 2.0, 3.0, 4.0};
+    project.Selector().weldlineTable[kSolverAbaqus].ReductionRates.clear();
+    const CZorbI2WeldlineDataStatus record = RecordOf(project, kSolverAbaqus);
     EXPECT_THAT(record.WeldlineAngles, ElementsAre(1.0, 2.0, 3.0, 4.0));
     EXPECT_THAT(record.ReductionRates, IsEmpty());
 }
 
 TEST(WeldlineOperations, ReadingARecordGivesACopyOfItsOwn) {
     OpenProject project;
-    CZorbI2WeldlineDataStatus record = RecordOf(project, 1);
+    CZorbI2WeldlineDataStatus record = RecordOf(project, kSolverAbaqus);
     record.WeldlineAngles[0] = 1.0;
-    EXPECT_THAT(RecordOf(project, 1).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
+    EXPECT_THAT(RecordOf(project, kSolverAbaqus).WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
 }
 
-TEST(WeldlineOperations, ReadingARecordOutsideTheNineSolversLeavesTheTarget) {
+TEST(WeldlineOperations, ReadingARecordOutsideTheSolversLeavesTheTarget) {
     OpenProject project;
     for (const int solver : faultySolvers) {
         CZorbI2WeldlineDataStatus target;
         target.solverIndex = 77;
         target.WeldlineAngles = {1.0};
-        ExpectSubscriptError([&] { project.manager.GetWeldlinePopData(solver, &target); });
+        EXPECT_EQ(OutOfRangeText([&] { project.manager.GetWeldlinePopData(solver, &target); }),
+                  kInvalidSubscript);
         EXPECT_EQ(target.solverIndex, 77);
         EXPECT_THAT(target.WeldlineAngles, ElementsAre(1.0));
         EXPECT_THAT(target.ReductionRates, IsEmpty());
@@ -242,8 +247,8 @@ TEST(WeldlineOperations, ReadingARecordOutsideTheNineSolversLeavesTheTarget) {
 
 TEST(WeldlineOperations, FileShowsTheStartingValuesUntilARecordIsTaken) {
     OpenProject project;
-    project.manager.SetEngineCurrentStatus(3, 0, 0, 0);
-    project.manager.SetWeldlineDataStatus(3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+    project.manager.SetEngineCurrentStatus(kSolverNeNastran, kMeshOriginal, 0, 0);
+    project.manager.SetWeldlineDataStatus(kSolverNeNastran, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
     EXPECT_EQ(WrittenSections(Write(project)),
               "[WELDLINE ANGLE]\n"
               "WeldlineAngle1 = 0.000\n"
@@ -263,8 +268,8 @@ TEST(WeldlineOperations, FileShowsTheStartingValuesUntilARecordIsTaken) {
 
 TEST(WeldlineOperations, FileShowsTheThreeAnglesOneNumberHigher) {
     OpenProject project;
-    project.manager.SetEngineCurrentStatus(3, 0, 0, 0);
-    project.manager.SetWeldlineDataStatus(3, {15.5, 45.25, 75.125}, {0.5, 0.6, 0.7});
+    project.manager.SetEngineCurrentStatus(kSolverNeNastran, kMeshOriginal, 0, 0);
+    project.manager.SetWeldlineDataStatus(kSolverNeNastran, {15.5, 45.25, 75.125}, {0.5, 0.6, 0.7});
     project.manager.SetWeldlineDataValue();
     project.manager.SetDigimatWeldlineData(120.0);
     EXPECT_EQ(WrittenSections(Write(project)),
@@ -286,10 +291,10 @@ TEST(WeldlineOperations, FileShowsTheThreeAnglesOneNumberHigher) {
 
 TEST(WeldlineOperations, FileKeepsTheRecordTakenLastWhenTheSolverChanges) {
     OpenProject project;
-    project.manager.SetWeldlineDataStatus(3, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
-    project.manager.SetEngineCurrentStatus(3, 0, 0, 0);
+    project.manager.SetWeldlineDataStatus(kSolverNeNastran, {1.0, 2.0, 3.0}, {0.1, 0.2, 0.3});
+    project.manager.SetEngineCurrentStatus(kSolverNeNastran, kMeshOriginal, 0, 0);
     project.manager.SetWeldlineDataValue();
-    project.manager.SetEngineCurrentStatus(5, 0, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverMarc, kMeshOriginal, 0, 0);
     EXPECT_EQ(LineOf(Write(project), "WeldlineAngle2"), "WeldlineAngle2 = 1.000\n");
     project.manager.SetWeldlineDataValue();
     EXPECT_EQ(LineOf(Write(project), "WeldlineAngle2"), "WeldlineAngle2 = 30.000\n");
@@ -297,11 +302,11 @@ TEST(WeldlineOperations, FileKeepsTheRecordTakenLastWhenTheSolverChanges) {
 
 TEST(WeldlineOperations, DigimatAngleTakesAnyNumber) {
     OpenProject project;
-    project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     project.manager.SetDigimatWeldlineData(-5.0);
     EXPECT_EQ(project.Engine().digimatWeldlineAngle, -5.0);
-    EXPECT_EQ(LineOf(Write(project), "WeldlineAngle ="), "WeldlineAngle = -5.000\n");
+    EXPECT_EQ(LineOf(Write(project), "WeldlineAngle"), "WeldlineAngle = -5.000\n");
     project.manager.SetDigimatWeldlineData(1e20);
-    EXPECT_EQ(LineOf(Write(project), "WeldlineAngle ="),
+    EXPECT_EQ(LineOf(Write(project), "WeldlineAngle"),
               "WeldlineAngle = 100000000000000000000.000\n");
 }

@@ -3,15 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <zorbi2/CZorbI2AccessCMIFile.h>
 #include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/CMIDataFields.h"
 #include "tests/support/ControlFileText.h"
+#include "tests/support/Errors.h"
 #include "tests/support/SampleProject.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/WatchedPlatform.h"
@@ -27,7 +28,8 @@ namespace {
 const std::string controlFile = "D:\\Out\\Cover03.cmi";
 
 /// Opens the project under a solver and offers its items.
-void Start(OpenProject& project, int solver = 0, int meshKind = 0, int annealingMode = 0) {
+void Start(OpenProject& project, int solver = kSolverAnsys, int meshKind = kMeshOriginal,
+           int annealingMode = 0) {
     project.manager.SetCMIFileFullPath("D:\\Out", "Cover", 3, "cmi");
     project.manager.SetEngineCurrentStatus(solver, meshKind, 0, annealingMode);
     project.manager.SetPopItems();
@@ -85,9 +87,9 @@ TEST(WriteCMIFile, ValuesSetInTheBlockByHandNeverReachTheFile) {
     const std::string text = Write(project);
     const auto fields = support::FieldsOf(*project.manager.GetZorbCMIData());
 
-    const int unprinted = project.manager.GetZorbCMIData()->OutputFlags[15];
+    const int unprinted = project.manager.GetZorbCMIData()->OutputFlags[kItemMicroMechanics];
     *project.manager.GetZorbCMIData() = support::BlockOfDistinctValues();
-    project.manager.GetZorbCMIData()->OutputFlags[15] = unprinted;
+    project.manager.GetZorbCMIData()->OutputFlags[kItemMicroMechanics] = unprinted;
 
     EXPECT_EQ(Write(project), text);
     EXPECT_THAT(support::FieldsOf(*project.manager.GetZorbCMIData()), ContainerEq(fields));
@@ -95,18 +97,18 @@ TEST(WriteCMIFile, ValuesSetInTheBlockByHandNeverReachTheFile) {
 
 TEST(WriteCMIFile, SecondWriteForgetsTheFirst) {
     OpenProject project;
-    Start(project, 4, 3);
+    Start(project, kSolverLsDyna, kMesh3DMappingShell);
     project.manager.SetOutFolder("D:\\Out");
     project.manager.SetViewEdit(true);
-    Choose(project, 0, -1, 6);
-    Choose(project, 13, -1, 4);
+    Choose(project, kItemFiberOrientation, -1, 6);
+    Choose(project, kItemDensity, -1, 4);
     const std::string first = Write(project);
     EXPECT_EQ(LineOf(first, "Is3DMappingShell"), "Is3DMappingShell = 1 (0:off,1:on)\n");
     EXPECT_EQ(LineOf(first, "IsDistributeModel"), "IsDistributeModel = 1 (0:off,1:on)\n");
 
     project.manager.SetOutFolder("");
     project.manager.SetViewEdit(false);
-    Start(project, 0, 0);
+    Start(project, kSolverAnsys, kMeshOriginal);
     project.manager.SetItemsValue();
     const std::string second = Write(project);
     EXPECT_EQ(LineOf(second, "OutFolder"), "OutFolder = \n");
@@ -115,7 +117,7 @@ TEST(WriteCMIFile, SecondWriteForgetsTheFirst) {
     EXPECT_EQ(LineOf(second, "IsDistributeModel"), "IsDistributeModel = 0 (0:off,1:on)\n");
     EXPECT_EQ(LineOf(second, "IsViewEditModelMapping"),
               "IsViewEditModelMapping = 0 (0:off,1:on)\n");
-    EXPECT_EQ(LineOf(second, "[LSDYNA"), "");
+    EXPECT_EQ(LineOf(second, "[LSDYNA]"), "");
     EXPECT_EQ(LineOf(second, "DensityReduction"), "DensityReduction = 0 (2~10)\n");
 }
 
@@ -123,10 +125,10 @@ TEST(WriteCMIFile, SecondWriteForgetsTheFirst) {
 
 TEST(WriteCMIFile, CopiesTheHostsRecordAndSettings) {
     CZorbFEAInformation record = support::CompleteProject();
-    record.projectType = 9;
+    record.projectType = kProjectTypeMucell;
     OpenProject project(record);
-    Start(project, 2, 2);
-    project.manager.SetEngineCurrentStatus(2, 2, 7, 0);
+    Start(project, kSolverMscNastran, kMeshMapped);
+    project.manager.SetEngineCurrentStatus(kSolverMscNastran, kMeshMapped, 7, 0);
     project.manager.SetOutFolder("D:\\Out\\I2");
     project.manager.SetMappedMeshFilePath("D:\\Mesh\\fine.msh");
     const std::string text = Write(project);
@@ -136,25 +138,27 @@ TEST(WriteCMIFile, CopiesTheHostsRecordAndSettings) {
     EXPECT_EQ(LineOf(text, "QuadraticElement"), "QuadraticElement = 1 (0:off,1:on)\n");
     EXPECT_EQ(LineOf(text, "OutFolder"), "OutFolder = D:\\Out\\I2\n");
     EXPECT_EQ(LineOf(text, "MapFile"), "MapFile = D:\\Mesh\\fine.msh\n");
-    EXPECT_EQ(LineOf(text, "[MSC"), "[MSCNASTRAN] \n");
+    EXPECT_EQ(LineOf(text, "[MSCNASTRAN]"), "[MSCNASTRAN] \n");
     EXPECT_EQ(LineOf(text, "IDCompositeModel"), "IDCompositeModel = 2\n");
 }
 
 TEST(WriteCMIFile, TakesViewEditFromTheRecordUntilItIsSet) {
     CZorbFEAInformation record = support::CompleteProject();
-    record.flags[19] = 2;
+    record.flags[CZorbFEAInformation::kViewEditAtStart] = 2;
     OpenProject project(record);
     Start(project);
-    EXPECT_EQ(LineOf(Write(project), "IsViewEdit"), "IsViewEditModelMapping = 1 (0:off,1:on)\n");
+    EXPECT_EQ(LineOf(Write(project), "IsViewEditModelMapping"),
+              "IsViewEditModelMapping = 1 (0:off,1:on)\n");
     project.manager.SetViewEdit(false);
-    EXPECT_EQ(LineOf(Write(project), "IsViewEdit"), "IsViewEditModelMapping = 0 (0:off,1:on)\n");
+    EXPECT_EQ(LineOf(Write(project), "IsViewEditModelMapping"),
+              "IsViewEditModelMapping = 0 (0:off,1:on)\n");
 }
 
-TEST(WriteCMIFile, MeshKind1OfAnAnnealedProjectWritesTheAnnealingLineInstead) {
+TEST(WriteCMIFile, DeformedMeshOfAnAnnealedProjectWritesTheAnnealingLineInstead) {
     CZorbFEAInformation record = support::CompleteProject();
-    record.projectType = 3;
+    record.projectType = kProjectTypeAnnealing;
     OpenProject project(record);
-    Start(project, 0, 1, 1);
+    Start(project, kSolverAnsys, kMeshDeformed, kAnnealingDeformedMesh);
     const std::string text = Write(project);
     EXPECT_EQ(LineOf(text, "IsDeformedMesh"), "IsDeformedMesh = 0 (0:off,1:on)\n");
     EXPECT_EQ(LineOf(text, "IsAnnealingDeformedMesh"),
@@ -162,10 +166,10 @@ TEST(WriteCMIFile, MeshKind1OfAnAnnealedProjectWritesTheAnnealingLineInstead) {
 }
 
 TEST(WriteCMIFile, SolverOutsideTheRangeGivesEmptyBrackets) {
-    for (const int solver : {-1, 9, 4711}) {
+    for (const int solver : {-1, kSolverCount, 4711}) {
         OpenProject project;
         Start(project);
-        project.manager.SetEngineCurrentStatus(solver, 0, 0, 0);
+        project.manager.SetEngineCurrentStatus(solver, kMeshOriginal, 0, 0);
         const std::string text = Write(project);
         EXPECT_NE(text.find("\n[] \n"), std::string::npos) << solver;
         EXPECT_NE(text.find("\n[_EOF]\n"), std::string::npos) << solver;
@@ -173,9 +177,9 @@ TEST(WriteCMIFile, SolverOutsideTheRangeGivesEmptyBrackets) {
 }
 
 TEST(WriteCMIFile, PrintsTheOfferedItemsAndNoOthers) {
-    CZorbFEAInformation record = support::CompleteProject(1);
+    CZorbFEAInformation record = support::CompleteProject(kShellProject);
     OpenProject project(record);
-    Start(project, 4, 0);  // LS-DYNA offers items 0 and 11 of a shell project
+    Start(project, kSolverLsDyna, kMeshOriginal);  // offers fiber orientation and Digimat export
     EXPECT_EQ(support::ItemLinesOf(Write(project)),
               "IsDoMaterialReduction =         1   (0:off,1:on)\n"
               "DigimatOutput =                 0   (0:off,1:on)\n");
@@ -183,8 +187,9 @@ TEST(WriteCMIFile, PrintsTheOfferedItemsAndNoOthers) {
 
 TEST(WriteCMIFile, PrintsTheOfferOfTheLastSetPopItems) {
     OpenProject project;
-    Start(project, 4, 3);
-    project.manager.SetEngineCurrentStatus(4, 0, 0, 0);  // no SetPopItems after it
+    Start(project, kSolverLsDyna, kMesh3DMappingShell);
+    project.manager.SetEngineCurrentStatus(kSolverLsDyna, kMeshOriginal, 0,
+                                           0);  // no SetPopItems after it
     EXPECT_EQ(support::ItemLinesOf(Write(project)),
               "IsInitialstrainOutput =         0   (0:off,1:on)\n"
               "IsPackTempOutput =              0   (0:off,1:on)\n"
@@ -194,18 +199,18 @@ TEST(WriteCMIFile, PrintsTheOfferOfTheLastSetPopItems) {
 TEST(WriteCMIFile, TakesChoicesOnlyAfterTheyAreCommitted) {
     OpenProject project;
     Start(project);
-    EXPECT_TRUE(project.manager.SetItemStatus(3, 1, -1));
-    EXPECT_EQ(LineOf(Write(project), "IsFlowResidual"),
+    EXPECT_TRUE(project.manager.SetItemStatus(kItemFlowInducedStress, 1, -1));
+    EXPECT_EQ(LineOf(Write(project), "IsFlowResidualstressOutput"),
               "IsFlowResidualstressOutput =    0   (0:off,1:on)\n");
     project.manager.SetItemsValue();
-    EXPECT_EQ(LineOf(Write(project), "IsFlowResidual"),
+    EXPECT_EQ(LineOf(Write(project), "IsFlowResidualstressOutput"),
               "IsFlowResidualstressOutput =    1   (0:off,1:on)\n");
 }
 
 TEST(WriteCMIFile, NeverSwitchesOnAnItemWithoutResults) {
     OpenProject project(support::CompleteProject(), support::ResultFiles::none);
     Start(project);
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         project.manager.SetItemStatus(itemId, 1, 1);
     }
     project.manager.SetItemsValue();
@@ -271,7 +276,7 @@ TEST(WriteCMIFile, AnswersTrueForAFolderThatDoesNotExistOnTheRealFileSystem) {
     manager.CreateCMIAccess();
     const support::TemporaryFolder folder;
     manager.SetCMIFileFullPath(folder.EnginePath("none"), "Cover", 3, "cmi");
-    manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     EXPECT_TRUE(manager.WriteCMIFile(0));
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
@@ -280,12 +285,8 @@ namespace {
 
 void ExpectSubscriptErrorBeforeAnyFileIsOpened(OpenProject& project) {
     project.files.events.clear();
-    try {
-        project.manager.WriteCMIFile(0);
-        ADD_FAILURE() << "the short list went unnoticed";
-    } catch (const std::out_of_range& error) {
-        EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
-    }
+    EXPECT_EQ(support::OutOfRangeText([&] { project.manager.WriteCMIFile(0); }),
+              support::kInvalidSubscript);
     EXPECT_THAT(project.files.events, IsEmpty());
     EXPECT_THAT(project.files.written, IsEmpty());
 }

@@ -8,12 +8,14 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <numeric>
 #include <string>
 #include <vector>
 
 #include <zorbi2/CZorbI2AccessCMIFile.h>
 #include <zorbi2/CZorbI2CMIData.h>
 #include <zorbi2/CZorbI2WeldlineDataStatus.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/FailingAllocations.h"
 #include "tests/support/SampleProject.h"
@@ -53,7 +55,7 @@ Attempt Try(FailingAllocations& watch, std::size_t number, Mode mode, Operation&
 void ReadOfferedItems(CZorbI2EngineManager& manager) {
     CZorbI2Item item;
     CZorbI2ItemStatus status;
-    for (int position = 0; position < 16; ++position) {
+    for (int position = 0; position < kItemCount; ++position) {
         manager.GetPartPopItem(position, &item, &status);
         manager.GetPartInsertPopItem(position, &item, &status);
         manager.GetMoldBasePopItem(position, &item, &status);
@@ -68,7 +70,7 @@ void SetPaths(CZorbI2EngineManager& manager) {
 
 /// Offers the original ANSYS mesh, the largest offer of a solid project.
 void OfferItems(CZorbI2EngineManager& manager) {
-    manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     manager.SetPopItems();
     manager.HasPopItem();
 }
@@ -79,15 +81,15 @@ void MakeWholePass(CZorbI2EngineManager& manager) {
     OfferItems(manager);
     ReadOfferedItems(manager);
     std::map<int, std::string> options;
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         manager.GetItemAllOptions(itemId, options);
         manager.SetItemStatus(itemId, 1, 1);
     }
     manager.SetItemsValue();
     CZorbI2WeldlineDataStatus weldlines;
-    manager.SetWeldlineDataStatus(0, {10.0, 20.0, 30.0}, {0.5, 0.6, 0.7});
+    manager.SetWeldlineDataStatus(kSolverAnsys, {10.0, 20.0, 30.0}, {0.5, 0.6, 0.7});
     manager.SetWeldlineDataValue();
-    manager.GetWeldlinePopData(0, &weldlines);
+    manager.GetWeldlinePopData(kSolverAnsys, &weldlines);
     manager.WriteCMIFile(0);
     manager.Close();
 }
@@ -143,12 +145,12 @@ struct Gaps {
 Gaps GapsOf(const CZorbI2Engine& engine) {
     const support::UnwatchedAllocations unwatched;
     Gaps gaps;
-    for (int solver = 0; solver < 9; ++solver) {
+    for (int solver = 0; solver < kSolverCount; ++solver) {
         if (!engine.solverSlots[solver]) {
             gaps.solvers.push_back(solver);
         }
     }
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         if (!engine.items[itemId]) {
             gaps.items.push_back(itemId);
         }
@@ -158,11 +160,11 @@ Gaps GapsOf(const CZorbI2Engine& engine) {
 
 /// An item that is not there acts like one without results.
 void ExpectActsWithoutResults(CZorbI2EngineManager& manager, int itemId) {
-    manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     CZorbI2Item item;
     CZorbI2ItemStatus status;
     std::map<int, std::string> options;
-    for (const int category : {0, 1, 2}) {
+    for (const int category : {kCategoryPart, kCategoryPartInsert, kCategoryMoldbase}) {
         EXPECT_FALSE(manager.GetItem(category, itemId, &item));
     }
     EXPECT_FALSE(manager.GetItemAllOptions(itemId, options));
@@ -209,6 +211,12 @@ struct Recreation {
     CZorbI2EngineManager manager;
 };
 
+std::vector<int> NumbersBelow(int end) {
+    std::vector<int> numbers(end);
+    std::iota(numbers.begin(), numbers.end(), 0);
+    return numbers;
+}
+
 }  // namespace
 
 TEST(CreateEngineWithoutMemory, IsFalseThrowsOrLeavesOneGap) {
@@ -251,9 +259,8 @@ TEST(CreateEngineWithoutMemory, IsFalseThrowsOrLeavesOneGap) {
         }
         EXPECT_EQ(watch.Live(), 0U);
     }
-    EXPECT_THAT(found.solvers, testing::UnorderedElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8));
-    EXPECT_THAT(found.items, testing::UnorderedElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12,
-                                                           13, 14, 15, 16, 17, 18, 19, 20, 21));
+    EXPECT_THAT(found.solvers, testing::UnorderedElementsAreArray(NumbersBelow(kSolverCount)));
+    EXPECT_THAT(found.items, testing::UnorderedElementsAreArray(NumbersBelow(kItemCount)));
 }
 
 TEST(CreateEngineWithoutMemory, ForGoodIsFalseAtFirstAndThrowsLater) {
@@ -357,7 +364,7 @@ TEST(OperationWithoutMemory, GetPartPopItemByID) {
     ExpectToSurvive([](OpenProject& project) {
         CZorbI2Item item;
         CZorbI2ItemStatus status;
-        ASSERT_TRUE(project.manager.GetPartPopItemByID(12, &item, &status));
+        ASSERT_TRUE(project.manager.GetPartPopItemByID(kItemInsertFiberMaterial, &item, &status));
         EXPECT_EQ(item.options.size(), 6U);
     });
 }
@@ -365,7 +372,7 @@ TEST(OperationWithoutMemory, GetPartPopItemByID) {
 TEST(OperationWithoutMemory, GetItem) {
     ExpectToSurvive([](OpenProject& project) {
         CZorbI2Item item;
-        ASSERT_TRUE(project.manager.GetItem(0, 13, &item));
+        ASSERT_TRUE(project.manager.GetItem(kCategoryPart, kItemDensity, &item));
         EXPECT_EQ(item.options.size(), 7U);
     });
 }
@@ -373,14 +380,14 @@ TEST(OperationWithoutMemory, GetItem) {
 TEST(OperationWithoutMemory, GetItemAllOptions) {
     ExpectToSurvive([](OpenProject& project) {
         std::map<int, std::string> options;
-        ASSERT_TRUE(project.manager.GetItemAllOptions(13, options));
+        ASSERT_TRUE(project.manager.GetItemAllOptions(kItemDensity, options));
         EXPECT_EQ(options.size(), 7U);
     });
 }
 
 TEST(OperationWithoutMemory, SetItemStatusAndSetItemsValue) {
     ExpectToSurvive([](OpenProject& project) {
-        EXPECT_TRUE(project.manager.SetItemStatus(9, 1, -1));
+        EXPECT_TRUE(project.manager.SetItemStatus(kItemEndOfCoolingTemperature, 1, -1));
         project.manager.SetItemsValue();
     });
 }
@@ -391,8 +398,9 @@ TEST(OperationWithoutMemory, Paths) {
 
 TEST(OperationWithoutMemory, GetProjectResults) {
     ExpectToSurvive([](OpenProject& project) {
-        for (int itemId = 0; itemId < 22; ++itemId) {
-            EXPECT_EQ(project.manager.GetProjectResults(itemId), itemId == 17 ? -11 : 1);
+        for (int itemId = 0; itemId < kItemCount; ++itemId) {
+            EXPECT_EQ(project.manager.GetProjectResults(itemId),
+                      itemId == kItemDigimatMucell ? kResultNoCheck : kResultAvailable);
         }
     });
 }

@@ -12,6 +12,7 @@
 #include <zorbi2/CZorbI2Item.h>
 #include <zorbi2/CZorbI2ItemStatus.h>
 #include <zorbi2/CZorbI2WeldlineDataStatus.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/SampleProject.h"
 
@@ -44,33 +45,35 @@ const Call bareEngineCalls[] = {
     {"SetViewEdit", [](Manager& m) { m.SetViewEdit(true); }},
     {"SetDigimatWeldlineData", [](Manager& m) { m.SetDigimatWeldlineData(1.0); }},
     {"GetCurrentSolverStatus",
-     [](Manager& m) { m.GetCurrentSolverStatus(0, number, number, number); }},
+     [](Manager& m) { m.GetCurrentSolverStatus(kSolverAnsys, number, number, number); }},
     {"HasPartItem", [](Manager& m) { m.HasPartItem(); }},
     {"HasPartInsertItem", [](Manager& m) { m.HasPartInsertItem(); }},
     {"HasMoldbaseItem", [](Manager& m) { m.HasMoldbaseItem(); }},
     {"GetItem", [](Manager& m) { m.GetItem(0, 0, &item); }},
-    {"GetItemAllOptions", [](Manager& m) { m.GetItemAllOptions(0, options); }},
-    {"GetProjectResults", [](Manager& m) { m.GetProjectResults(0); }},
+    {"GetItemAllOptions", [](Manager& m) { m.GetItemAllOptions(kItemFiberOrientation, options); }},
+    {"GetProjectResults", [](Manager& m) { m.GetProjectResults(kItemFiberOrientation); }},
     {"WriteCMIFile", [](Manager& m) { m.WriteCMIFile(0); }},
 };
 
 /// Calls that need the catalogue.
 const Call catalogueCalls[] = {
-    {"SetEngineCurrentStatus", [](Manager& m) { m.SetEngineCurrentStatus(0, 0, 0, 0); }},
+    {"SetEngineCurrentStatus",
+     [](Manager& m) { m.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0); }},
     {"SetPopItems", [](Manager& m) { m.SetPopItems(); }},
     {"HasPopItem", [](Manager& m) { m.HasPopItem(); }},
     {"HasPartPopItem", [](Manager& m) { m.HasPartPopItem(); }},
     {"HasPartInsertPopItem", [](Manager& m) { m.HasPartInsertPopItem(); }},
     {"HasMoldbasePopItem", [](Manager& m) { m.HasMoldbasePopItem(); }},
     {"GetPartPopItem", [](Manager& m) { m.GetPartPopItem(0, &item, &status); }},
-    {"GetPartPopItemByID", [](Manager& m) { m.GetPartPopItemByID(0, &item, &status); }},
+    {"GetPartPopItemByID",
+     [](Manager& m) { m.GetPartPopItemByID(kItemFiberOrientation, &item, &status); }},
     {"GetPartInsertPopItem", [](Manager& m) { m.GetPartInsertPopItem(0, &item, &status); }},
     {"GetMoldBasePopItem", [](Manager& m) { m.GetMoldBasePopItem(0, &item, &status); }},
-    {"SetItemStatus", [](Manager& m) { m.SetItemStatus(0, 0, 0); }},
+    {"SetItemStatus", [](Manager& m) { m.SetItemStatus(kItemFiberOrientation, 0, 0); }},
     {"SetItemsValue", [](Manager& m) { m.SetItemsValue(); }},
-    {"SetWeldlineDataStatus", [](Manager& m) { m.SetWeldlineDataStatus(0, {}, {}); }},
+    {"SetWeldlineDataStatus", [](Manager& m) { m.SetWeldlineDataStatus(kSolverAnsys, {}, {}); }},
     {"SetWeldlineDataValue", [](Manager& m) { m.SetWeldlineDataValue(); }},
-    {"GetWeldlinePopData", [](Manager& m) { m.GetWeldlinePopData(0, &weldlines); }},
+    {"GetWeldlinePopData", [](Manager& m) { m.GetWeldlinePopData(kSolverAnsys, &weldlines); }},
 };
 
 class BeforeCreateEngineDeathTest : public testing::TestWithParam<Call> {};

@@ -12,6 +12,7 @@
 #include <zorbi2/CZorbI2AccessCMIFile.h>
 #include <zorbi2/CZorbI2CMIData.h>
 #include <zorbi2/CZorbI2WeldlineDataStatus.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/Errors.h"
 #include "tests/support/FailingAllocations.h"
@@ -52,8 +53,8 @@ TEST(Manager, CloseReleasesNothing) {
     const support::FailingAllocations watch;
     EXPECT_TRUE(project.manager.Close());
     EXPECT_EQ(watch.Count(), 0U);
-    EXPECT_EQ(project.manager.GetItem(0, 0, nullptr), false);
-    EXPECT_EQ(project.Engine().items[0]->title, "Fiber orientation");
+    EXPECT_EQ(project.manager.GetItem(kCategoryPart, kItemFiberOrientation, nullptr), false);
+    EXPECT_EQ(project.Engine().items[kItemFiberOrientation]->title, "Fiber orientation");
     EXPECT_TRUE(project.manager.Close());
 }
 
@@ -103,7 +104,7 @@ TEST(Manager, SecondCreateOverwritesThePointerAndFreesNothing) {
     EXPECT_NE(project.manager.engine, firstEngine.get());
     EXPECT_NE(project.manager.cmiData, firstData.get());
     EXPECT_NE(project.manager.accessCmiFile, firstWriter.get());
-    EXPECT_EQ(firstEngine->items[0]->title, "Fiber orientation");
+    EXPECT_EQ(firstEngine->items[kItemFiberOrientation]->title, "Fiber orientation");
     EXPECT_EQ(firstData->SolverName, "first");
     EXPECT_EQ(firstWriter->filePath, "first");
 }
@@ -148,7 +149,7 @@ TEST(Manager, LeavesNothingBehind) {
         manager.CreateCMIDataBlock();
         manager.CreateCMIAccess();
         manager.SetOutFolder("a folder with a name that needs memory of its own");
-        manager.SetEngineCurrentStatus(0, 0, 0, 0);
+        manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
         manager.SetPopItems();
         manager.WriteCMIFile(0);
         EXPECT_GT(watch.Live(), 100U);
@@ -159,25 +160,26 @@ TEST(Manager, LeavesNothingBehind) {
 
 TEST(Manager, ForwardsProjectResults) {
     OpenProject project;
-    EXPECT_EQ(project.manager.GetProjectResults(0), 1);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemFiberOrientation), kResultAvailable);
     project.files.existing.clear();
-    EXPECT_EQ(project.manager.GetProjectResults(0), -2);
-    EXPECT_EQ(project.manager.GetProjectResults(13), -8);
-    EXPECT_EQ(project.manager.GetProjectResults(17), -11);
-    EXPECT_EQ(project.manager.GetProjectResults(-1), -11);
-    EXPECT_EQ(project.manager.GetProjectResults(22), -11);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemFiberOrientation), kResultNoO2w);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemDensity), kResultNoK5f);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemDigimatMucell), kResultNoCheck);
+    EXPECT_EQ(project.manager.GetProjectResults(-1), kResultNoCheck);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemCount), kResultNoCheck);
 }
 
 TEST(Manager, ForwardsWeldlineData) {
     OpenProject project;
-    EXPECT_TRUE(project.manager.SetWeldlineDataStatus(2, {10.0, 20.0, 30.0}, {0.5, 0.6, 0.7}));
+    EXPECT_TRUE(project.manager.SetWeldlineDataStatus(kSolverMscNastran, {10.0, 20.0, 30.0},
+                                                      {0.5, 0.6, 0.7}));
     CZorbI2WeldlineDataStatus record;
-    EXPECT_TRUE(project.manager.GetWeldlinePopData(2, &record));
-    EXPECT_EQ(record.solverIndex, 2);
+    EXPECT_TRUE(project.manager.GetWeldlinePopData(kSolverMscNastran, &record));
+    EXPECT_EQ(record.solverIndex, kSolverMscNastran);
     EXPECT_THAT(record.WeldlineAngles, ElementsAre(10.0, 20.0, 30.0));
     EXPECT_THAT(record.ReductionRates, ElementsAre(0.5, 0.6, 0.7));
     EXPECT_THAT(project.Engine().weldlineAngleSet->WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
-    project.manager.SetEngineCurrentStatus(2, 0, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverMscNastran, kMeshOriginal, 0, 0);
     project.manager.SetWeldlineDataValue();
     EXPECT_THAT(project.Engine().weldlineAngleSet->WeldlineAngles, ElementsAre(10.0, 20.0, 30.0));
     EXPECT_THAT(project.Engine().weldlineAngleSet->ReductionRates, ElementsAre(0.5, 0.6, 0.7));
@@ -186,7 +188,7 @@ TEST(Manager, ForwardsWeldlineData) {
 TEST(Manager, WritesTheOfferedItemsAndIgnoresTheNumber) {
     OpenProject project;
     project.manager.SetCMIFileFullPath("D:\\out", "Cover", 3, "cmi");
-    project.manager.SetEngineCurrentStatus(4, 3, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverLsDyna, kMesh3DMappingShell, 0, 0);
     project.manager.SetPopItems();
     EXPECT_TRUE(project.manager.WriteCMIFile(0));
     const std::string text = project.files.written["D:\\out\\Cover03.cmi"];
@@ -200,7 +202,7 @@ TEST(Manager, WriteIsTrueWhenTheFolderDoesNotExist) {
     OpenProject project;
     project.manager.SetCMIFileFullPath("D:\\nowhere", "Cover", 3, "cmi");
     project.files.unwritable.insert("D:\\nowhere\\Cover03.cmi");
-    project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     EXPECT_TRUE(project.manager.WriteCMIFile(0));
     EXPECT_EQ(project.files.events.back(), "open w D:\\nowhere\\Cover03.cmi");
     EXPECT_EQ(project.files.written.count("D:\\nowhere\\Cover03.cmi"), 0U);
@@ -208,13 +210,13 @@ TEST(Manager, WriteIsTrueWhenTheFolderDoesNotExist) {
 
 TEST(Manager, WriteResetsTheDataBlockBeforeItFillsIt) {
     OpenProject project;
-    project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     project.Engine().weldlineAngleSet->WeldlineAngles.clear();  // ends the fill before its end
     CZorbI2CMIData& data = *project.manager.GetZorbCMIData();
     data.DigimatOption = 77;
     data.DigimatWeldlineAngle = 77.0;
     EXPECT_EQ(support::OutOfRangeText([&] { project.manager.WriteCMIFile(0); }),
-              "invalid vector<T> subscript");
+              support::kInvalidSubscript);
     EXPECT_EQ(data.DigimatOption, 0);
     EXPECT_EQ(data.DigimatWeldlineAngle, 135.0);
     EXPECT_EQ(data.IsOriginalMesh, 1);
@@ -237,17 +239,17 @@ TEST(ManagerWithBareEngine, TakesTheSettings) {
 
 TEST(ManagerWithBareEngine, StillFindsOutAboutResults) {
     OpenProject project(support::ProjectWithoutCatalogue());
-    EXPECT_EQ(project.manager.GetProjectResults(12), 1);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemInsertFiberMaterial), kResultAvailable);
     EXPECT_EQ(project.Engine().valueShotRunID, 2);
-    EXPECT_EQ(project.manager.GetProjectResults(17), -11);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemDigimatMucell), kResultNoCheck);
 }
 
 TEST(ManagerWithBareEngine, HasNoItems) {
     OpenProject project(support::ProjectWithoutCatalogue());
     CZorbI2Item item;
     item.title = "mine";
-    for (int itemId = -1; itemId <= 22; ++itemId) {
-        for (const int category : {0, 1, 2}) {
+    for (int itemId = -1; itemId <= kItemCount; ++itemId) {
+        for (const int category : {kCategoryPart, kCategoryPartInsert, kCategoryMoldbase}) {
             EXPECT_FALSE(project.manager.GetItem(category, itemId, &item));
         }
     }
@@ -256,7 +258,7 @@ TEST(ManagerWithBareEngine, HasNoItems) {
     EXPECT_FALSE(project.manager.HasPartInsertItem());
     EXPECT_FALSE(project.manager.HasMoldbaseItem());
     std::map<int, std::string> options = {{1, "of an earlier item"}};
-    EXPECT_FALSE(project.manager.GetItemAllOptions(0, options));
+    EXPECT_FALSE(project.manager.GetItemAllOptions(kItemFiberOrientation, options));
     EXPECT_THAT(options, IsEmpty());
 }
 
@@ -265,7 +267,7 @@ TEST(ManagerWithBareEngine, HasNoSolverStatus) {
     int meshKind = -77;
     int quadraticElement = -77;
     int annealingMode = -77;
-    project.manager.GetCurrentSolverStatus(0, meshKind, quadraticElement, annealingMode);
+    project.manager.GetCurrentSolverStatus(kSolverAnsys, meshKind, quadraticElement, annealingMode);
     EXPECT_EQ(meshKind, -77);
     EXPECT_EQ(quadraticElement, -77);
     EXPECT_EQ(annealingMode, -77);

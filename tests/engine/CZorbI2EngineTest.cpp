@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <zorbi2/CZorbI2AccessCMIFile.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/Errors.h"
 #include "tests/support/FailingAllocations.h"
@@ -90,7 +91,7 @@ TEST(Engine, LeavesTheHostsRecordAloneAndDoesNotLookAtItAgain) {
     record = CZorbFEAInformation();
     record.projectFolder = "E:\\";
     files.events.clear();
-    manager.GetProjectResults(13);
+    manager.GetProjectResults(kItemDensity);
     EXPECT_THAT(files.events, ElementsAre("exists D:\\Proj\\Run03\\Cover03.k5f",
                                           "exists D:\\Proj\\Run03\\Cover03.K5F"));
 }
@@ -116,13 +117,14 @@ TEST(Engine, OfANullRecordIsBareWithAnEmptyRecord) {
     EXPECT_THAT(files.events, IsEmpty());
 }
 
-TEST(Engine, BuildsTheCatalogueOnlyWhenFlag1IsExactlyOne) {
+TEST(Engine, BuildsTheCatalogueOnlyWhenItsFlagIsExactlyOne) {
     for (const int flag : {0, 2, 255}) {
         CZorbFEAInformation record = support::CompleteProject();
-        record.flags[1] = static_cast<unsigned char>(flag);
+        record.flags[CZorbFEAInformation::kBuildCatalogue] = static_cast<unsigned char>(flag);
         OpenProject project(record);
         ExpectBare(project.Engine());
-        EXPECT_EQ(project.Engine().feaInformation->flags[1], flag);
+        EXPECT_EQ(project.Engine().feaInformation->flags[CZorbFEAInformation::kBuildCatalogue],
+                  flag);
         EXPECT_THAT(project.files.events, IsEmpty());
     }
 }
@@ -135,8 +137,8 @@ TEST(Engine, WithCatalogueHasAllItsParts) {
     EXPECT_NE(project.Engine().popItemSelector, nullptr);
 }
 
-TEST(Engine, OffersAllSolversButTwoForShellProjects) {
-    OpenProject shell(support::CompleteProject(1));
+TEST(Engine, OffersAllSolversButRadiossAndWorkbenchForShellProjects) {
+    OpenProject shell(support::CompleteProject(kShellProject));
     EXPECT_THAT(shell.Engine().solverOffered,
                 ElementsAre(true, true, true, true, true, true, true, false, false));
 }
@@ -157,7 +159,7 @@ TEST(Engine, StartsWithEmptyPathsAndDefaults) {
         EXPECT_EQ(project.Engine().outFolder, "");
         EXPECT_EQ(project.Engine().cmiFileFullPath, "");
         EXPECT_EQ(project.Engine().mappedMeshFilePath, "");
-        EXPECT_EQ(project.Engine().digimatWeldlineAngle, 135.0);
+        EXPECT_EQ(project.Engine().digimatWeldlineAngle, kDefaultDigimatWeldlineAngle);
         EXPECT_FALSE(project.Engine().viewEdit);
     }
 }
@@ -180,12 +182,14 @@ TEST(Engine, StartsWithTheShotFileValuesOfTheRun) {
     EXPECT_EQ(project.Engine().valueShotRunID, 2);
 }
 
-TEST(Engine, TakesViewEditFromFlag19WithOrWithoutCatalogue) {
+TEST(Engine, TakesViewEditFromTheRecordWithOrWithoutCatalogue) {
     for (const int buildCatalogue : {0, 1}) {
         for (const int viewEdit : {0, 1, 2}) {
             CZorbFEAInformation record = support::PlainProject();
-            record.flags[1] = static_cast<unsigned char>(buildCatalogue);
-            record.flags[19] = static_cast<unsigned char>(viewEdit);
+            record.flags[CZorbFEAInformation::kBuildCatalogue] =
+                static_cast<unsigned char>(buildCatalogue);
+            record.flags[CZorbFEAInformation::kViewEditAtStart] =
+                static_cast<unsigned char>(viewEdit);
             OpenProject project(record);
             EXPECT_EQ(project.Engine().viewEdit, viewEdit != 0);
         }
@@ -265,7 +269,7 @@ TEST(CmiFileFullPath, OfAnEmptyFolderRaisesOutOfRangeAndStays) {
     OpenProject project;
     project.manager.SetCMIFileFullPath("C:\\Work", "Part", 2, "cmi");
     EXPECT_EQ(OutOfRangeText([&] { project.manager.SetCMIFileFullPath("", "Other", 3, "cmi"); }),
-              "invalid string position");
+              support::kInvalidPosition);
     EXPECT_EQ(project.Engine().cmiFileFullPath, "C:\\Work\\Part02.cmi");
     EXPECT_EQ(project.manager.GetZorbAccessCMIFile()->filePath, "C:\\Work\\Part02.cmi");
 }

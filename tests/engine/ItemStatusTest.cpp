@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/support/Errors.h"
 #include "tests/support/SampleProject.h"
 
@@ -56,15 +58,17 @@ class ProjectWithStatus : public OpenProject {
 public:
     explicit ProjectWithStatus(ResultFiles results = ResultFiles::all)
         : OpenProject(support::CompleteProject(), results) {
-        manager.SetEngineCurrentStatus(0, 0, 0, 0);
+        manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     }
 
-    CZorbI2ItemStatus& Entry(int itemId) { return Selector().itemStatusLists[0][itemId]; }
+    CZorbI2ItemStatus& Entry(int itemId) {
+        return Selector().itemStatusLists[kSolverAnsys][itemId];
+    }
 };
 
 void ExpectChoice(ProjectWithStatus& project, const EntryCase& entryCase, int newCheckState,
                   int newOptionValue) {
-    CZorbI2ItemStatus& entry = project.Entry(9);
+    CZorbI2ItemStatus& entry = project.Entry(kItemEndOfCoolingTemperature);
     entry.optionValue = entryCase.optionValue;
     entry.checkState = entryCase.checkState;
 
@@ -86,10 +90,12 @@ void ExpectChoice(ProjectWithStatus& project, const EntryCase& entryCase, int ne
             accepted = true;
             break;
     }
-    EXPECT_EQ(project.manager.SetItemStatus(9, newCheckState, newOptionValue), accepted);
+    EXPECT_EQ(
+        project.manager.SetItemStatus(kItemEndOfCoolingTemperature, newCheckState, newOptionValue),
+        accepted);
     EXPECT_EQ(entry.checkState, checkState);
     EXPECT_EQ(entry.optionValue, optionValue);
-    EXPECT_EQ(entry.itemId, 9);
+    EXPECT_EQ(entry.itemId, kItemEndOfCoolingTemperature);
 }
 
 std::vector<int> OptionsOfAllItems(OpenProject& project) {
@@ -129,60 +135,65 @@ TEST(SetItemStatus, RefusesAnItemWithoutResultsWhateverTheValues) {
     ProjectWithStatus project(ResultFiles::none);
     for (const int newCheckState : newValues) {
         for (const int newOptionValue : newValues) {
-            EXPECT_FALSE(project.manager.SetItemStatus(0, newCheckState, newOptionValue));
-            EXPECT_FALSE(project.manager.SetItemStatus(3, newCheckState, newOptionValue));
+            EXPECT_FALSE(project.manager.SetItemStatus(kItemFiberOrientation, newCheckState,
+                                                       newOptionValue));
+            EXPECT_FALSE(project.manager.SetItemStatus(kItemFlowInducedStress, newCheckState,
+                                                       newOptionValue));
         }
     }
-    EXPECT_EQ(project.Entry(0).optionValue, -2);
-    EXPECT_EQ(project.Entry(0).checkState, -1);
-    EXPECT_EQ(project.Entry(3).optionValue, -2);
-    EXPECT_EQ(project.Entry(3).checkState, 0);
+    EXPECT_EQ(project.Entry(kItemFiberOrientation).optionValue, kOptionResultsMissing);
+    EXPECT_EQ(project.Entry(kItemFiberOrientation).checkState, kNotACheckItem);
+    EXPECT_EQ(project.Entry(kItemFlowInducedStress).optionValue, kOptionResultsMissing);
+    EXPECT_EQ(project.Entry(kItemFlowInducedStress).checkState, 0);
 }
 
 TEST(SetItemStatus, OptionItemRefusesANegativeOptionAndTakesAnyOther) {
     ProjectWithStatus project;
-    EXPECT_FALSE(project.manager.SetItemStatus(0, 5, -1));
-    EXPECT_EQ(project.Entry(0).optionValue, 2);
-    EXPECT_TRUE(project.manager.SetItemStatus(0, -7, 1));
-    EXPECT_EQ(project.Entry(0).optionValue, 1);
-    EXPECT_TRUE(project.manager.SetItemStatus(0, -7, 2));
-    EXPECT_EQ(project.Entry(0).optionValue, 2);
-    EXPECT_EQ(project.Entry(0).checkState, -1);
-    EXPECT_TRUE(project.manager.SetItemStatus(0, 0, 1000));  // not one of its options
-    EXPECT_EQ(project.Entry(0).optionValue, 1000);
+    EXPECT_FALSE(project.manager.SetItemStatus(kItemFiberOrientation, 5, -1));
+    EXPECT_EQ(project.Entry(kItemFiberOrientation).optionValue, 2);
+    EXPECT_TRUE(project.manager.SetItemStatus(kItemFiberOrientation, -7, 1));
+    EXPECT_EQ(project.Entry(kItemFiberOrientation).optionValue, 1);
+    EXPECT_TRUE(project.manager.SetItemStatus(kItemFiberOrientation, -7, 2));
+    EXPECT_EQ(project.Entry(kItemFiberOrientation).optionValue, 2);
+    EXPECT_EQ(project.Entry(kItemFiberOrientation).checkState, kNotACheckItem);
+    EXPECT_TRUE(
+        project.manager.SetItemStatus(kItemFiberOrientation, 0, 1000));  // not one of its options
+    EXPECT_EQ(project.Entry(kItemFiberOrientation).optionValue, 1000);
 }
 
 TEST(SetItemStatus, CheckItemTakesTheCheckStateAndLeavesTheOption) {
     ProjectWithStatus project;
-    EXPECT_TRUE(project.manager.SetItemStatus(9, 1, 3));
-    EXPECT_EQ(project.Entry(9).checkState, 1);
-    EXPECT_EQ(project.Entry(9).optionValue, -1);
+    EXPECT_TRUE(project.manager.SetItemStatus(kItemEndOfCoolingTemperature, 1, 3));
+    EXPECT_EQ(project.Entry(kItemEndOfCoolingTemperature).checkState, 1);
+    EXPECT_EQ(project.Entry(kItemEndOfCoolingTemperature).optionValue, kOptionNone);
 }
 
 TEST(SetItemStatus, PositionOutsideTheListRaisesOutOfRange) {
     ProjectWithStatus project;
-    for (const int index :
-         {-1, 22, 23, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    for (const int index : {-1, kItemCount, kItemCount + 1, std::numeric_limits<int>::min(),
+                            std::numeric_limits<int>::max()}) {
         EXPECT_EQ(OutOfRangeText([&] { project.manager.SetItemStatus(index, 1, 1); }),
-                  "invalid vector<T> subscript")
+                  support::kInvalidSubscript)
             << index;
     }
-    EXPECT_TRUE(project.manager.SetItemStatus(21, 1, -1));
-    EXPECT_EQ(project.Entry(21).checkState, 1);
+    EXPECT_TRUE(project.manager.SetItemStatus(kItemAnnealingStress, 1, -1));
+    EXPECT_EQ(project.Entry(kItemAnnealingStress).checkState, 1);
 }
 
 TEST(SetItemStatus, ChangesTheCurrentSolversListOnly) {
     ProjectWithStatus project;
-    project.manager.SetItemStatus(13, 0, 6);
-    project.manager.SetEngineCurrentStatus(4, 0, 0, 0);
-    project.manager.SetItemStatus(13, 0, 3);
+    project.manager.SetItemStatus(kItemDensity, 0, 6);
+    project.manager.SetEngineCurrentStatus(kSolverLsDyna, kMeshOriginal, 0, 0);
+    project.manager.SetItemStatus(kItemDensity, 0, 3);
     const auto& lists = project.Selector().itemStatusLists;
-    EXPECT_EQ(lists[0][13].optionValue, 6);
-    EXPECT_EQ(lists[4][13].optionValue, 3);
-    for (const int solver : {1, 2, 3, 5, 6, 7, 8}) {
-        EXPECT_EQ(lists[solver][13].optionValue, 0) << solver;
+    EXPECT_EQ(lists[kSolverAnsys][kItemDensity].optionValue, 6);
+    EXPECT_EQ(lists[kSolverLsDyna][kItemDensity].optionValue, 3);
+    for (int solver = 0; solver < kSolverCount; ++solver) {
+        if (solver != kSolverAnsys && solver != kSolverLsDyna) {
+            EXPECT_EQ(lists[solver][kItemDensity].optionValue, 0) << solver;
+        }
     }
-    EXPECT_EQ(project.Engine().items[13]->optionValue, 0);
+    EXPECT_EQ(project.Engine().items[kItemDensity]->optionValue, 0);
 }
 
 TEST(SetItemsValue, RightAfterConstructionLeavesTheCatalogueAsItIs) {
@@ -198,12 +209,12 @@ TEST(SetItemsValue, RightAfterConstructionLeavesTheCatalogueAsItIs) {
 
 TEST(SetItemsValue, CommitsBothValuesOfEveryEntry) {
     ProjectWithStatus project;
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         project.Entry(itemId).checkState = 100 + itemId;
         project.Entry(itemId).optionValue = 200 + itemId;
     }
     project.manager.SetItemsValue();
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         EXPECT_EQ(project.Engine().items[itemId]->checkState, 100 + itemId);
         EXPECT_EQ(project.Engine().items[itemId]->optionValue, 200 + itemId);
     }
@@ -211,37 +222,37 @@ TEST(SetItemsValue, CommitsBothValuesOfEveryEntry) {
 
 TEST(SetItemsValue, GoesByTheIdOfTheEntryAndNotByPositionOrPointer) {
     ProjectWithStatus project;
-    project.Entry(3).itemId = 4;
-    project.Entry(3).checkState = 1;
-    project.Entry(4).itemId = 3;
-    project.Entry(4).checkState = 2;
-    project.Entry(4).item = nullptr;
+    project.Entry(kItemFlowInducedStress).itemId = kItemThermalStress;
+    project.Entry(kItemFlowInducedStress).checkState = 1;
+    project.Entry(kItemThermalStress).itemId = kItemFlowInducedStress;
+    project.Entry(kItemThermalStress).checkState = 2;
+    project.Entry(kItemThermalStress).item = nullptr;
     project.manager.SetItemsValue();
-    EXPECT_EQ(project.Engine().items[4]->checkState, 1);
-    EXPECT_EQ(project.Engine().items[3]->checkState, 2);
+    EXPECT_EQ(project.Engine().items[kItemThermalStress]->checkState, 1);
+    EXPECT_EQ(project.Engine().items[kItemFlowInducedStress]->checkState, 2);
 }
 
 TEST(SetItemsValue, LaterEntryForTheSameItemWins) {
     ProjectWithStatus project;
-    project.Entry(3).checkState = 1;
-    project.Entry(5).itemId = 3;
-    project.Entry(5).checkState = 2;
+    project.Entry(kItemFlowInducedStress).checkState = 1;
+    project.Entry(kItemInitialStrain).itemId = kItemFlowInducedStress;
+    project.Entry(kItemInitialStrain).checkState = 2;
     project.manager.SetItemsValue();
-    EXPECT_EQ(project.Engine().items[3]->checkState, 2);
+    EXPECT_EQ(project.Engine().items[kItemFlowInducedStress]->checkState, 2);
 }
 
 TEST(SetItemsValue, LeavesTheListAsItIs) {
     ProjectWithStatus project;
-    project.manager.SetItemStatus(9, 1, -1);
+    project.manager.SetItemStatus(kItemEndOfCoolingTemperature, 1, -1);
     project.manager.SetItemsValue();
-    EXPECT_EQ(project.Entry(9).checkState, 1);
-    EXPECT_EQ(project.Entry(9).optionValue, -1);
-    EXPECT_EQ(project.Selector().itemStatusLists[0].size(), 22U);
+    EXPECT_EQ(project.Entry(kItemEndOfCoolingTemperature).checkState, 1);
+    EXPECT_EQ(project.Entry(kItemEndOfCoolingTemperature).optionValue, kOptionNone);
+    EXPECT_EQ(project.Selector().itemStatusLists[kSolverAnsys].size(), std::size_t{kItemCount});
 }
 
 TEST(SetItemsValue, OfAnEmptyListChangesNothing) {
     ProjectWithStatus project;
-    project.Selector().itemStatusLists[0].clear();
+    project.Selector().itemStatusLists[kSolverAnsys].clear();
     const std::vector<int> options = OptionsOfAllItems(project);
     project.manager.SetItemsValue();
     EXPECT_EQ(OptionsOfAllItems(project), options);
@@ -249,35 +260,35 @@ TEST(SetItemsValue, OfAnEmptyListChangesNothing) {
 
 TEST(SetItemsValue, CommitsTheCurrentSolversChoices) {
     ProjectWithStatus project;
-    project.manager.SetItemStatus(13, 0, 6);
-    project.manager.SetEngineCurrentStatus(4, 0, 0, 0);
-    project.manager.SetItemStatus(13, 0, 3);
+    project.manager.SetItemStatus(kItemDensity, 0, 6);
+    project.manager.SetEngineCurrentStatus(kSolverLsDyna, kMeshOriginal, 0, 0);
+    project.manager.SetItemStatus(kItemDensity, 0, 3);
     project.manager.SetItemsValue();
-    EXPECT_EQ(project.Engine().items[13]->optionValue, 3);
-    project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
-    EXPECT_EQ(project.Engine().items[13]->optionValue, 3);
+    EXPECT_EQ(project.Engine().items[kItemDensity]->optionValue, 3);
+    project.manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
+    EXPECT_EQ(project.Engine().items[kItemDensity]->optionValue, 3);
     project.manager.SetItemsValue();
-    EXPECT_EQ(project.Engine().items[13]->optionValue, 6);
+    EXPECT_EQ(project.Engine().items[kItemDensity]->optionValue, 6);
 }
 
 TEST(SetItemsValue, SkipsAnItemThatIsNotThere) {
     ProjectWithStatus project;
-    project.Engine().items[3].reset();
-    project.Entry(4).checkState = 1;
+    project.Engine().items[kItemFlowInducedStress].reset();
+    project.Entry(kItemThermalStress).checkState = 1;
     project.manager.SetItemsValue();
-    EXPECT_EQ(project.Engine().items[3], nullptr);
-    EXPECT_EQ(project.Engine().items[4]->checkState, 1);
+    EXPECT_EQ(project.Engine().items[kItemFlowInducedStress], nullptr);
+    EXPECT_EQ(project.Engine().items[kItemThermalStress]->checkState, 1);
 }
 
-TEST(GetItem, ReadsAllEightFields) {
+TEST(GetItem, ReadsEveryField) {
     OpenProject project;
     CZorbI2Item item;
     item.options = {{77, "of an earlier item"}};
-    ASSERT_TRUE(project.manager.GetItem(0, 15, &item));
-    EXPECT_EQ(item.category, 0);
-    EXPECT_EQ(item.itemId, 15);
+    ASSERT_TRUE(project.manager.GetItem(kCategoryPart, kItemMicroMechanics, &item));
+    EXPECT_EQ(item.category, kCategoryPart);
+    EXPECT_EQ(item.itemId, kItemMicroMechanics);
     EXPECT_TRUE(item.isAvailable);
-    EXPECT_EQ(item.checkState, -1);
+    EXPECT_EQ(item.checkState, kNotACheckItem);
     EXPECT_THAT(item.options,
                 ElementsAre(Pair(0, "Traditional composite model"), Pair(1, "Halpin-Tsai model"),
                             Pair(2, "Mori-Tanaka model")));
@@ -290,9 +301,9 @@ TEST(GetItem, RefusesIdsOutsideTheCatalogue) {
     OpenProject project;
     CZorbI2Item item;
     item.title = "mine";
-    for (const int itemId :
-         {22, -1, 23, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
-        for (const int category : {0, 1, 2}) {
+    for (const int itemId : {kItemCount, -1, kItemCount + 1, std::numeric_limits<int>::min(),
+                             std::numeric_limits<int>::max()}) {
+        for (const int category : {kCategoryPart, kCategoryPartInsert, kCategoryMoldbase}) {
             EXPECT_FALSE(project.manager.GetItem(category, itemId, &item)) << itemId;
         }
     }
@@ -301,15 +312,16 @@ TEST(GetItem, RefusesIdsOutsideTheCatalogue) {
 
 TEST(GetItem, RefusesANullItem) {
     OpenProject project;
-    for (int itemId = -1; itemId <= 22; ++itemId) {
-        EXPECT_FALSE(project.manager.GetItem(0, itemId, nullptr)) << itemId;
+    for (int itemId = -1; itemId <= kItemCount; ++itemId) {
+        EXPECT_FALSE(project.manager.GetItem(kCategoryPart, itemId, nullptr)) << itemId;
     }
 }
 
 TEST(GetItem, RefusesEveryOtherCategoryThanTheItemsOwn) {
     constexpr int categories[] = {0, 0, 2, 0, 0, 0, 1, 2, 0, 0, 2, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+    static_assert(std::size(categories) == kItemCount);
     OpenProject project;
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         for (const int category : {-1, 0, 1, 2, 3}) {
             CZorbI2Item item;
             item.title = "mine";
@@ -324,15 +336,15 @@ TEST(GetItem, RefusesEveryOtherCategoryThanTheItemsOwn) {
 TEST(GetItem, FiberMaterialOutputBelongsToThePartInsert) {
     OpenProject project;
     CZorbI2Item item;
-    EXPECT_TRUE(project.manager.GetItem(1, 12, &item));
+    EXPECT_TRUE(project.manager.GetItem(kCategoryPartInsert, kItemInsertFiberMaterial, &item));
     EXPECT_EQ(item.title, "Fiber material property output");
-    EXPECT_FALSE(project.manager.GetItem(0, 12, &item));
+    EXPECT_FALSE(project.manager.GetItem(kCategoryPart, kItemInsertFiberMaterial, &item));
 }
 
 TEST(GetItem, IntoTheEnginesOwnItemLeavesItWhole) {
     OpenProject project;
-    CZorbI2Item* own = project.Engine().items[13].get();
-    EXPECT_TRUE(project.manager.GetItem(0, 13, own));
+    CZorbI2Item* own = project.Engine().items[kItemDensity].get();
+    EXPECT_TRUE(project.manager.GetItem(kCategoryPart, kItemDensity, own));
     EXPECT_EQ(own->options.size(), 7U);
     EXPECT_EQ(own->title, "Density output");
 }
@@ -340,40 +352,40 @@ TEST(GetItem, IntoTheEnginesOwnItemLeavesItWhole) {
 TEST(GetItem, ReadsCommittedChoicesOnly) {
     ProjectWithStatus project;
     CZorbI2Item item;
-    project.manager.SetItemStatus(9, 1, -1);
-    ASSERT_TRUE(project.manager.GetItem(0, 9, &item));
+    project.manager.SetItemStatus(kItemEndOfCoolingTemperature, 1, -1);
+    ASSERT_TRUE(project.manager.GetItem(kCategoryPart, kItemEndOfCoolingTemperature, &item));
     EXPECT_EQ(item.checkState, 0);
     project.manager.SetItemsValue();
-    ASSERT_TRUE(project.manager.GetItem(0, 9, &item));
+    ASSERT_TRUE(project.manager.GetItem(kCategoryPart, kItemEndOfCoolingTemperature, &item));
     EXPECT_EQ(item.checkState, 1);
 }
 
 TEST(GetItemAllOptions, ReplacesTheMapByTheItemsOptions) {
     OpenProject project;
     std::map<int, std::string> options = {{77, "of an earlier item"}};
-    EXPECT_TRUE(project.manager.GetItemAllOptions(1, options));
+    EXPECT_TRUE(project.manager.GetItemAllOptions(kItemRunner, options));
     EXPECT_THAT(options, ElementsAre(Pair(0, "Exclude runner"), Pair(1, "Include runner")));
 }
 
 TEST(GetItemAllOptions, OfAnItemWithoutResultsAreTheReason) {
     OpenProject project(support::PlainProject(), ResultFiles::none);
     std::map<int, std::string> options;
-    EXPECT_TRUE(project.manager.GetItemAllOptions(1, options));
-    EXPECT_THAT(options, ElementsAre(Pair(-2, "No runners")));
+    EXPECT_TRUE(project.manager.GetItemAllOptions(kItemRunner, options));
+    EXPECT_THAT(options, ElementsAre(Pair(kOptionResultsMissing, "No runners")));
 }
 
 TEST(GetItemAllOptions, WithoutOptionsIsFalseAndEmptiesTheMap) {
     OpenProject project;
-    project.Engine().items[3]->options.clear();
+    project.Engine().items[kItemFlowInducedStress]->options.clear();
     std::map<int, std::string> options = {{77, "of an earlier item"}};
-    EXPECT_FALSE(project.manager.GetItemAllOptions(3, options));
+    EXPECT_FALSE(project.manager.GetItemAllOptions(kItemFlowInducedStress, options));
     EXPECT_THAT(options, IsEmpty());
 }
 
 TEST(GetItemAllOptions, IntoTheItemsOwnMapLeavesItWhole) {
     OpenProject project;
-    std::map<int, std::string>& own = project.Engine().items[13]->options;
-    EXPECT_TRUE(project.manager.GetItemAllOptions(13, own));
+    std::map<int, std::string>& own = project.Engine().items[kItemDensity]->options;
+    EXPECT_TRUE(project.manager.GetItemAllOptions(kItemDensity, own));
     EXPECT_EQ(own.size(), 7U);
 }
 
@@ -387,12 +399,12 @@ TEST(HasItem, OfAGroupGoesByTheCatalogueAndNotByTheOffer) {
 TEST(HasItem, OfAGroupIsFalseWithoutAnItemOfIt) {
     OpenProject project;
     ItemArray& items = project.Engine().items;
-    items[6].reset();
-    items[12].reset();
+    items[kItemInsertFlowPressure].reset();
+    items[kItemInsertFiberMaterial].reset();
     EXPECT_TRUE(project.manager.HasPartItem());
     EXPECT_FALSE(project.manager.HasPartInsertItem());
     EXPECT_TRUE(project.manager.HasMoldbaseItem());
-    for (const int itemId : {2, 7, 10}) {
+    for (const int itemId : {kItemMoldbaseMesh, kItemMoldbasePressure, kItemMoldbaseTemperature}) {
         EXPECT_TRUE(project.manager.HasMoldbaseItem());
         items[itemId].reset();
     }

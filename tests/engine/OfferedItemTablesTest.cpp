@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/support/SampleProject.h"
 
 using support::OpenProject;
@@ -110,11 +112,11 @@ std::string TableName(const std::map<int, Row>& offers, int solver, int meshKind
 Lists ExpectedLists(const std::map<int, Row>& offers, int solver, int meshKind, int annealing,
                     int projectType) {
     Lists lists = tables.at(TableName(offers, solver, meshKind, annealing));
-    if (projectType != 9) {
-        std::erase(lists.part, 17);
+    if (projectType != kProjectTypeMucell) {
+        std::erase(lists.part, kItemDigimatMucell);
     }
-    if (projectType != 3) {
-        std::erase(lists.part, 21);
+    if (projectType != kProjectTypeAnnealing) {
+        std::erase(lists.part, kItemAnnealingStress);
     }
     return lists;
 }
@@ -182,7 +184,7 @@ void Offer(OpenProject& project, int solver, int meshKind, int annealing) {
 TEST(OfferedItems, OfSolidProjectsForEveryStatus) {
     for (const int voxelFlag : {0, 2, 256}) {
         for (const int projectType : projectTypes) {
-            ExpectOffers(0, voxelFlag, projectType, solidOffers);
+            ExpectOffers(kSolidProject, voxelFlag, projectType, solidOffers);
         }
     }
 }
@@ -190,7 +192,7 @@ TEST(OfferedItems, OfSolidProjectsForEveryStatus) {
 TEST(OfferedItems, OfSolidVoxelProjectsForEveryStatus) {
     for (const int voxelFlag : {1, 257}) {
         for (const int projectType : projectTypes) {
-            ExpectOffers(0, voxelFlag, projectType, solidVoxelOffers);
+            ExpectOffers(kSolidProject, voxelFlag, projectType, solidVoxelOffers);
         }
     }
 }
@@ -198,7 +200,7 @@ TEST(OfferedItems, OfSolidVoxelProjectsForEveryStatus) {
 TEST(OfferedItems, OfShellProjectsForEveryStatusAndVoxelFlag) {
     for (const int voxelFlag : {0, 1, 2, 256, 257}) {
         for (const int projectType : projectTypes) {
-            ExpectOffers(1, voxelFlag, projectType, shellOffers);
+            ExpectOffers(kShellProject, voxelFlag, projectType, shellOffers);
         }
     }
 }
@@ -213,9 +215,9 @@ TEST(OfferedItems, OfOtherProjectsStayAsTheyAre) {
     }
 }
 
-TEST(OfferedItems, OfAnsysOriginalMeshInProjectType9) {
-    OpenProject project(ProjectOf(0, 0, 9));
-    Offer(project, 0, 0, 0);
+TEST(OfferedItems, OfAnsysOriginalMeshInAMucellProject) {
+    OpenProject project(ProjectOf(kSolidProject, 0, kProjectTypeMucell));
+    Offer(project, kSolverAnsys, kMeshOriginal, 0);
     EXPECT_TRUE(project.manager.HasPopItem());
     const PopItemSelector& selector = project.Selector();
     EXPECT_THAT(selector.partPopItems,
@@ -227,24 +229,24 @@ TEST(OfferedItems, OfAnsysOriginalMeshInProjectType9) {
     EXPECT_EQ(selector.moldbaseCount, 3);
 }
 
-TEST(OfferedItems, The17thIsMissingInProjectType0) {
-    OpenProject project(ProjectOf(0, 0, 0));
-    Offer(project, 0, 0, 0);
+TEST(OfferedItems, OmitDigimatMucellOutsideMucellProjects) {
+    OpenProject project(ProjectOf(kSolidProject, 0, 0));
+    Offer(project, kSolverAnsys, kMeshOriginal, 0);
     EXPECT_TRUE(project.manager.HasPopItem());
-    EXPECT_THAT(project.Selector().partPopItems, Not(Contains(17)));
+    EXPECT_THAT(project.Selector().partPopItems, Not(Contains(kItemDigimatMucell)));
     EXPECT_EQ(project.Selector().partCount, 15);
 }
 
 TEST(OfferedItems, OfAnnealedLsDynaMeshEndWithTheAnnealingStress) {
-    OpenProject project(ProjectOf(0, 0, 3));
-    Offer(project, 4, 1, 1);
+    OpenProject project(ProjectOf(kSolidProject, 0, kProjectTypeAnnealing));
+    Offer(project, kSolverLsDyna, kMeshDeformed, kAnnealingDeformedMesh);
     EXPECT_THAT(project.Selector().partPopItems,
                 ElementsAre(15, 0, 1, 11, 16, 18, 19, 20, 13, 14, 21));
 }
 
 TEST(OfferedItems, OfAVoxelProjectAreNoneForTheOriginalMesh) {
-    OpenProject project(ProjectOf(0, 1, 0));
-    Offer(project, 0, 0, 0);
+    OpenProject project(ProjectOf(kSolidProject, 1, 0));
+    Offer(project, kSolverAnsys, kMeshOriginal, 0);
     EXPECT_THAT(project.Selector().partPopItems, IsEmpty());
     EXPECT_THAT(project.Selector().partInsertPopItems, IsEmpty());
     EXPECT_THAT(project.Selector().moldbasePopItems, IsEmpty());
@@ -252,8 +254,8 @@ TEST(OfferedItems, OfAVoxelProjectAreNoneForTheOriginalMesh) {
 }
 
 TEST(OfferedItems, OfAShellProjectAreNoneForWorkbench) {
-    OpenProject project(ProjectOf(1, 0, 0));
-    Offer(project, 8, 2, 0);
+    OpenProject project(ProjectOf(kShellProject, 0, 0));
+    Offer(project, kSolverWorkbench, kMeshMapped, 0);
     EXPECT_THAT(project.Selector().partPopItems, IsEmpty());
     EXPECT_THAT(project.Selector().partInsertPopItems, IsEmpty());
     EXPECT_THAT(project.Selector().moldbasePopItems, IsEmpty());
@@ -261,17 +263,17 @@ TEST(OfferedItems, OfAShellProjectAreNoneForWorkbench) {
 
 TEST(OfferedItems, OfAbaqusButNotOfAnsysRemainInUnknownAnnealingModes) {
     OpenProject project;
-    Offer(project, 0, 1, 2);
+    Offer(project, kSolverAnsys, kMeshDeformed, 2);
     EXPECT_THAT(project.Selector().partPopItems, IsEmpty());
     EXPECT_THAT(project.Selector().partInsertPopItems, IsEmpty());
-    Offer(project, 1, 1, 2);
+    Offer(project, kSolverAbaqus, kMeshDeformed, 2);
     EXPECT_THAT(project.Selector().partPopItems, ElementsAre(15, 0, 1, 11, 16, 18, 19, 20, 13, 14));
     EXPECT_THAT(project.Selector().partInsertPopItems, ElementsAre(12));
 }
 
 TEST(OfferedItems, DoNotDependOnQuadraticElements) {
     OpenProject project;
-    project.manager.SetEngineCurrentStatus(2, 2, 1, 0);
+    project.manager.SetEngineCurrentStatus(kSolverMscNastran, kMeshMapped, 1, 0);
     project.manager.SetPopItems();
     EXPECT_THAT(project.Selector().partPopItems,
                 ElementsAre(15, 0, 1, 5, 8, 9, 11, 16, 18, 19, 20, 13, 14));

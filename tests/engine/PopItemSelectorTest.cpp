@@ -4,20 +4,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <string>
+
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/Errors.h"
 #include "tests/support/SampleProject.h"
 
+using support::kInvalidSubscript;
 using support::OpenProject;
 using support::OutOfRangeText;
 using testing::ElementsAre;
 using testing::SizeIs;
 
 namespace {
-
-constexpr const char* outsideList = "invalid vector<T> subscript";
 
 using ReadOperation = bool (CZorbI2EngineManager::*)(int, CZorbI2Item*, CZorbI2ItemStatus*);
 
@@ -52,7 +52,7 @@ const Group groups[] = {
 class AnsysProject : public OpenProject {
 public:
     AnsysProject() {
-        manager.SetEngineCurrentStatus(0, 0, 0, 0);
+        manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
         manager.SetPopItems();
         manager.HasPopItem();
     }
@@ -93,16 +93,16 @@ TEST(PopItems, AreReadByPositionInOfferingOrderUntilFalse) {
 
 TEST(PopItems, ComeWithTheWholeItemAndTheStatusOfTheCurrentSolver) {
     AnsysProject project;
-    project.Selector().itemStatusLists[0][12].optionValue = 4;
-    project.Selector().itemStatusLists[1][12].optionValue = 1;
+    project.Selector().itemStatusLists[kSolverAnsys][kItemInsertFiberMaterial].optionValue = 4;
+    project.Selector().itemStatusLists[kSolverAbaqus][kItemInsertFiberMaterial].optionValue = 1;
     ASSERT_TRUE(project.manager.GetPartInsertPopItem(1, &project.item, &project.status));
-    EXPECT_EQ(project.status.item, project.Engine().items[12].get());
-    EXPECT_EQ(project.status.itemId, 12);
-    EXPECT_EQ(project.status.checkState, -1);
+    EXPECT_EQ(project.status.item, project.Engine().items[kItemInsertFiberMaterial].get());
+    EXPECT_EQ(project.status.itemId, kItemInsertFiberMaterial);
+    EXPECT_EQ(project.status.checkState, kNotACheckItem);
     EXPECT_EQ(project.status.optionValue, 4);
-    EXPECT_EQ(project.item.category, 1);
+    EXPECT_EQ(project.item.category, kCategoryPartInsert);
     EXPECT_TRUE(project.item.isAvailable);
-    EXPECT_EQ(project.item.checkState, -1);
+    EXPECT_EQ(project.item.checkState, kNotACheckItem);
     EXPECT_EQ(project.item.optionValue, 2);
     EXPECT_EQ(project.item.title, "Fiber material property output");
     EXPECT_THAT(project.item.options, SizeIs(6));
@@ -110,10 +110,11 @@ TEST(PopItems, ComeWithTheWholeItemAndTheStatusOfTheCurrentSolver) {
 
 TEST(PopItems, ItemIsTheOneThatTheStatusEntryRefersTo) {
     AnsysProject project;
-    project.Selector().itemStatusLists[0][15].item = project.Engine().items[3].get();
+    project.Selector().itemStatusLists[kSolverAnsys][kItemMicroMechanics].item =
+        project.Engine().items[kItemFlowInducedStress].get();
     ASSERT_TRUE(project.manager.GetPartPopItem(0, &project.item, &project.status));
-    EXPECT_EQ(project.status.itemId, 15);
-    EXPECT_EQ(project.item.itemId, 3);
+    EXPECT_EQ(project.status.itemId, kItemMicroMechanics);
+    EXPECT_EQ(project.item.itemId, kItemFlowInducedStress);
 }
 
 TEST(PopItems, CopyIsTheHostsOwn) {
@@ -121,8 +122,8 @@ TEST(PopItems, CopyIsTheHostsOwn) {
     ASSERT_TRUE(project.manager.GetPartPopItem(1, &project.item, &project.status));
     project.item.options.clear();
     project.item.title = "changed";
-    EXPECT_THAT(project.Engine().items[0]->options, SizeIs(6));
-    EXPECT_EQ(project.Engine().items[0]->title, "Fiber orientation");
+    EXPECT_THAT(project.Engine().items[kItemFiberOrientation]->options, SizeIs(6));
+    EXPECT_EQ(project.Engine().items[kItemFiberOrientation]->title, "Fiber orientation");
 }
 
 TEST(PopItems, RefuseANullItem) {
@@ -163,53 +164,57 @@ TEST(PopItems, StaleCountAboveTheListRaisesOutOfRange) {
         const int last = static_cast<int>(group.ids.size()) - 1;
         (project.Selector().*group.offered).clear();
         MarkRecords(project);
-        EXPECT_EQ(OutOfRangeText([&] { project.Read(group, last); }), outsideList) << group.name;
-        EXPECT_EQ(OutOfRangeText([&] { project.Read(group, 0); }), outsideList) << group.name;
+        EXPECT_EQ(OutOfRangeText([&] { project.Read(group, last); }), kInvalidSubscript)
+            << group.name;
+        EXPECT_EQ(OutOfRangeText([&] { project.Read(group, 0); }), kInvalidSubscript) << group.name;
         ExpectRecordsUntouched(project);
     }
 }
 
 TEST(PopItems, OfferedAnewButNotCountedAreBoundByTheOldCounts) {
     AnsysProject project;
-    project.manager.SetEngineCurrentStatus(4, 3, 0, 0);  // offers 5, 8, 9
+    project.manager.SetEngineCurrentStatus(kSolverLsDyna, kMesh3DMappingShell, 0,
+                                           0);  // offers strain and temperatures
     project.manager.SetPopItems();
     EXPECT_TRUE(project.manager.GetPartPopItem(2, &project.item, &project.status));
-    EXPECT_EQ(project.item.itemId, 9);
+    EXPECT_EQ(project.item.itemId, kItemEndOfCoolingTemperature);
     EXPECT_EQ(
         OutOfRangeText([&] { project.manager.GetPartPopItem(3, &project.item, &project.status); }),
-        outsideList);
+        kInvalidSubscript);
     EXPECT_TRUE(project.manager.HasPopItem());
     EXPECT_FALSE(project.manager.GetPartPopItem(3, &project.item, &project.status));
 }
 
 TEST(PopItems, StaleCountBelowTheListHidesTheRest) {
     AnsysProject project;
-    project.manager.SetEngineCurrentStatus(4, 3, 0, 0);  // offers 5, 8, 9
+    project.manager.SetEngineCurrentStatus(kSolverLsDyna, kMesh3DMappingShell, 0,
+                                           0);  // offers strain and temperatures
     project.manager.SetPopItems();
     project.manager.HasPopItem();
-    project.manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    project.manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     project.manager.SetPopItems();
     EXPECT_TRUE(project.manager.GetPartPopItem(2, &project.item, &project.status));
-    EXPECT_EQ(project.item.itemId, 1);
+    EXPECT_EQ(project.item.itemId, kItemRunner);
     EXPECT_FALSE(project.manager.GetPartPopItem(3, &project.item, &project.status));
 }
 
 TEST(PopItems, OfferedIdOutsideTheStatusListRaisesOutOfRange) {
     AnsysProject project;
     MarkRecords(project);
-    for (const int id : {22, -1}) {
+    for (const int id : {kItemCount, -1}) {
         project.Selector().partPopItems[0] = id;
-        EXPECT_EQ(OutOfRangeText([&] { project.Read(groups[0], 0); }), outsideList) << id;
+        EXPECT_EQ(OutOfRangeText([&] { project.Read(groups[0], 0); }), kInvalidSubscript) << id;
     }
     ExpectRecordsUntouched(project);
 }
 
 TEST(PopItems, OneWithoutItsItemIsRefused) {
     AnsysProject project;
-    project.Selector().itemStatusLists[0][15].item = nullptr;
+    project.Selector().itemStatusLists[kSolverAnsys][kItemMicroMechanics].item = nullptr;
     MarkRecords(project);
     EXPECT_FALSE(project.Read(groups[0], 0));
-    EXPECT_FALSE(project.manager.GetPartPopItemByID(15, &project.item, &project.status));
+    EXPECT_FALSE(
+        project.manager.GetPartPopItemByID(kItemMicroMechanics, &project.item, &project.status));
     ExpectRecordsUntouched(project);
 }
 
@@ -219,7 +224,7 @@ TEST(PopItems, HaveTestsAnswerFromTheLastCount) {
     EXPECT_TRUE(manager.HasPartPopItem());
     EXPECT_TRUE(manager.HasPartInsertPopItem());
     EXPECT_TRUE(manager.HasMoldbasePopItem());
-    manager.SetEngineCurrentStatus(100, 0, 0, 0);  // offers nothing
+    manager.SetEngineCurrentStatus(100, kMeshOriginal, 0, 0);  // offers nothing
     manager.SetPopItems();
     EXPECT_TRUE(manager.HasPartPopItem());
     EXPECT_TRUE(manager.HasPartInsertPopItem());
@@ -228,7 +233,7 @@ TEST(PopItems, HaveTestsAnswerFromTheLastCount) {
     EXPECT_FALSE(manager.HasPartPopItem());
     EXPECT_FALSE(manager.HasPartInsertPopItem());
     EXPECT_FALSE(manager.HasMoldbasePopItem());
-    manager.SetEngineCurrentStatus(0, 0, 0, 0);
+    manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     manager.SetPopItems();
     EXPECT_FALSE(manager.HasPartPopItem());
 }
@@ -240,7 +245,7 @@ TEST(PopItems, GroupsAreCountedEachForItself) {
         for (const Group& group : groups) {
             (selector.*group.offered).clear();
         }
-        (selector.*counted.offered) = {7, 8};
+        (selector.*counted.offered) = {kItemMoldbasePressure, kItemPackingTemperature};
         EXPECT_TRUE(project.manager.HasPopItem()) << counted.name;
         for (const Group& group : groups) {
             EXPECT_EQ(selector.*group.count, group.count == counted.count ? 2 : 0);
@@ -257,14 +262,14 @@ TEST(PopItems, OneOfferedItemIsEnough) {
         (project.Selector().*group.offered).clear();
     }
     EXPECT_FALSE(project.manager.HasPopItem());
-    project.Selector().moldbasePopItems = {2};
+    project.Selector().moldbasePopItems = {kItemMoldbaseMesh};
     EXPECT_TRUE(project.manager.HasPopItem());
 }
 
 TEST(PopItemById, ReadsAnyItemOfferedOrNot) {
     OpenProject project;
-    project.manager.SetEngineCurrentStatus(3, 0, 0, 0);
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    project.manager.SetEngineCurrentStatus(kSolverNeNastran, kMeshOriginal, 0, 0);
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         CZorbI2Item item;
         CZorbI2ItemStatus status;
         EXPECT_TRUE(project.manager.GetPartPopItemByID(itemId, &item, &status)) << itemId;
@@ -277,14 +282,15 @@ TEST(PopItemById, ReadsAnyItemOfferedOrNot) {
 TEST(PopItemById, RefusesANullItem) {
     AnsysProject project;
     MarkRecords(project);
-    EXPECT_FALSE(project.manager.GetPartPopItemByID(0, nullptr, &project.status));
+    EXPECT_FALSE(
+        project.manager.GetPartPopItemByID(kItemFiberOrientation, nullptr, &project.status));
     ExpectRecordsUntouched(project);
 }
 
-TEST(PopItemById, RefusesNegativeIdsAndThoseAbove22) {
+TEST(PopItemById, RefusesNegativeIdsAndThoseFarPastTheList) {
     AnsysProject project;
     MarkRecords(project);
-    for (const int itemId : {-2147483647 - 1, -22, -1, 23, 2147483647}) {
+    for (const int itemId : {-2147483647 - 1, -kItemCount, -1, kItemCount + 1, 2147483647}) {
         EXPECT_FALSE(project.manager.GetPartPopItemByID(itemId, &project.item, &project.status))
             << itemId;
     }
@@ -294,29 +300,35 @@ TEST(PopItemById, RefusesNegativeIdsAndThoseAbove22) {
 TEST(PopItemById, TheIdJustPastTheListRaisesOutOfRange) {
     AnsysProject project;
     MarkRecords(project);
-    EXPECT_EQ(OutOfRangeText(
-                  [&] { project.manager.GetPartPopItemByID(22, &project.item, &project.status); }),
-              outsideList);
+    EXPECT_EQ(OutOfRangeText([&] {
+                  project.manager.GetPartPopItemByID(kItemCount, &project.item, &project.status);
+              }),
+              kInvalidSubscript);
     ExpectRecordsUntouched(project);
-    EXPECT_TRUE(project.manager.GetPartPopItemByID(21, &project.item, &project.status));
+    EXPECT_TRUE(
+        project.manager.GetPartPopItemByID(kItemAnnealingStress, &project.item, &project.status));
     EXPECT_EQ(project.item.title, "Annealing stress output");
 }
 
 TEST(PopItemById, TheBoundIsTheLengthOfTheCurrentList) {
     AnsysProject project;
-    project.Selector().itemStatusLists[0].resize(10);
-    EXPECT_TRUE(project.manager.GetPartPopItemByID(9, &project.item, &project.status));
-    EXPECT_FALSE(project.manager.GetPartPopItemByID(11, &project.item, &project.status));
-    EXPECT_EQ(OutOfRangeText(
-                  [&] { project.manager.GetPartPopItemByID(10, &project.item, &project.status); }),
-              outsideList);
+    project.Selector().itemStatusLists[kSolverAnsys].resize(10);
+    EXPECT_TRUE(project.manager.GetPartPopItemByID(kItemEndOfCoolingTemperature, &project.item,
+                                                   &project.status));
+    EXPECT_FALSE(
+        project.manager.GetPartPopItemByID(kItemDigimatExport, &project.item, &project.status));
+    EXPECT_EQ(OutOfRangeText([&] {
+                  project.manager.GetPartPopItemByID(kItemMoldbaseTemperature, &project.item,
+                                                     &project.status);
+              }),
+              kInvalidSubscript);
 }
 
-TEST(PopItemSelector, StartsWithNineEqualListsOfTheItemsOwnChoices) {
+TEST(PopItemSelector, StartsWithAnEqualListOfTheItemsOwnChoicesForEachSolver) {
     OpenProject project;
     for (const ItemStatusList& list : project.Selector().itemStatusLists) {
-        ASSERT_THAT(list, SizeIs(22));
-        for (int itemId = 0; itemId < 22; ++itemId) {
+        ASSERT_THAT(list, SizeIs(kItemCount));
+        for (int itemId = 0; itemId < kItemCount; ++itemId) {
             const CZorbI2Item* item = project.Engine().items[itemId].get();
             EXPECT_EQ(list[itemId].item, item);
             EXPECT_EQ(list[itemId].itemId, itemId);
@@ -327,8 +339,8 @@ TEST(PopItemSelector, StartsWithNineEqualListsOfTheItemsOwnChoices) {
 }
 
 TEST(PopItemSelector, StartsWithoutOffersCountsAndCurrentSolver) {
-    CZorbFEAInformation record = support::CompleteProject(1);
-    record.projectType = 9;
+    CZorbFEAInformation record = support::CompleteProject(kShellProject);
+    record.projectType = kProjectTypeMucell;
     record.voxelFlag = 258;
     OpenProject project(record);
     const PopItemSelector& selector = project.Selector();
@@ -345,14 +357,14 @@ TEST(PopItemSelector, StartsWithoutOffersCountsAndCurrentSolver) {
     EXPECT_EQ(selector.currentSolver, -1);
     EXPECT_EQ(selector.currentWeldlineIndex, -1);
     EXPECT_EQ(selector.solverType, 1);
-    EXPECT_EQ(selector.projectType, 9);
+    EXPECT_EQ(selector.projectType, kProjectTypeMucell);
     EXPECT_EQ(selector.voxelFlag, 2);
 }
 
 TEST(PopItemSelector, HasOneWeldlineRecordPerSolver) {
     OpenProject project;
-    ASSERT_THAT(project.Selector().weldlineTable, SizeIs(9));
-    for (int solver = 0; solver < 9; ++solver) {
+    ASSERT_THAT(project.Selector().weldlineTable, SizeIs(kSolverCount));
+    for (int solver = 0; solver < kSolverCount; ++solver) {
         const CZorbI2WeldlineDataStatus& record = project.Selector().weldlineTable[solver];
         EXPECT_EQ(record.solverIndex, solver);
         EXPECT_THAT(record.WeldlineAngles, ElementsAre(30.0, 60.0, 90.0));
@@ -365,15 +377,19 @@ TEST(PopItemSelector, BeforeAnyStatusTheListIsLikeAnEmptyOne) {
     CZorbI2EngineManager& manager = project.manager;
     CZorbI2Item item;
     CZorbI2ItemStatus status;
-    EXPECT_EQ(OutOfRangeText([&] { manager.SetItemStatus(0, 1, 1); }), outsideList);
-    EXPECT_EQ(OutOfRangeText([&] { manager.GetPartPopItemByID(0, &item, &status); }), outsideList);
-    EXPECT_FALSE(manager.GetPartPopItemByID(1, &item, &status));
+    EXPECT_EQ(OutOfRangeText([&] { manager.SetItemStatus(kItemFiberOrientation, 1, 1); }),
+              kInvalidSubscript);
+    EXPECT_EQ(
+        OutOfRangeText([&] { manager.GetPartPopItemByID(kItemFiberOrientation, &item, &status); }),
+        kInvalidSubscript);
+    EXPECT_FALSE(manager.GetPartPopItemByID(kItemRunner, &item, &status));
     EXPECT_FALSE(manager.GetPartPopItem(0, &item, &status));
     manager.SetItemsValue();
-    EXPECT_EQ(project.Engine().items[0]->optionValue, 2);
+    EXPECT_EQ(project.Engine().items[kItemFiberOrientation]->optionValue, 2);
     manager.SetPopItems();
     EXPECT_FALSE(manager.HasPopItem());
-    project.Selector().partPopItems = {0};
+    project.Selector().partPopItems = {kItemFiberOrientation};
     project.Selector().partCount = 1;
-    EXPECT_EQ(OutOfRangeText([&] { manager.GetPartPopItem(0, &item, &status); }), outsideList);
+    EXPECT_EQ(OutOfRangeText([&] { manager.GetPartPopItem(0, &item, &status); }),
+              kInvalidSubscript);
 }

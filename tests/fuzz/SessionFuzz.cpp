@@ -2,13 +2,13 @@
 // make it throw anything but the errors that it names.
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <zorbi2/ZorbI2Engine.h>
 
+#include "tests/support/Errors.h"
 #include "tests/support/ResultReaderDouble.h"
 #include "tests/support/WatchedPlatform.h"
 
@@ -164,8 +164,8 @@ void Call(CZorbI2EngineManager& manager, Input& input) {
 }
 
 bool IsNamedError(const std::out_of_range& error) {
-    return std::strcmp(error.what(), "invalid vector<T> subscript") == 0 ||
-           std::strcmp(error.what(), "invalid string position") == 0;
+    return error.what() == std::string(support::kInvalidSubscript) ||
+           error.what() == std::string(support::kInvalidPosition);
 }
 
 }  // namespace

@@ -45,9 +45,7 @@ void ReadBlockWithStrtok(std::FILE* file, Values& values) {
 }
 
 Values ReadWithStrtok(const std::string& bytes, Values values) {
-    std::FILE* file = support::OpenTemporaryStream();
-    std::fwrite(bytes.data(), 1, bytes.size(), file);
-    std::rewind(file);
+    std::FILE* file = support::OpenTemporaryStream(bytes);
     char line[1024];
     while (std::fgets(line, sizeof line, file) != nullptr) {
         if (std::strstr(line, "<SOLID_MCM>") != nullptr) {

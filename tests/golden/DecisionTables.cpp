@@ -12,6 +12,7 @@
 #include <zorbi2/CZorbI2Engine.h>
 #include <zorbi2/CZorbI2Item.h>
 #include <zorbi2/PopItemSelector.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "cmi/WeldlineData.h"
 #include "items/ResultMessages.h"
@@ -45,7 +46,7 @@ std::string Joined(const List& list, const char* separator) {
 // ---- Offered items ------------------------------------------------------------------------------
 
 void AddOffers(PopItemSelector& selector, const std::string& project, Lines& lines) {
-    for (int solver = -1; solver <= 9; ++solver) {
+    for (int solver = -1; solver <= kSolverCount; ++solver) {
         for (int meshKind = -1; meshKind <= 4; ++meshKind) {
             for (int annealingMode = -1; annealingMode <= 2; ++annealingMode) {
                 selector.SetCurrentStatus(solver, meshKind, 0, annealingMode);
@@ -94,7 +95,7 @@ CZorbFEAInformation SampleRecord(int solverType, int voxelFlag) {
     record.projectFolder = "D:\\Proj\\Run03\\";
     record.solverType = solverType;
     record.voxelFlag = voxelFlag;
-    record.flags[1] = 1;
+    record.flags[CZorbFEAInformation::kBuildCatalogue] = 1;
     return record;
 }
 
@@ -210,7 +211,8 @@ std::string Outcome(int itemId, const CheckCase& one) {
                  "\n</SOLID_MCM>\n");
     }
     CZorbFEAInformation record = one.record;
-    record.flags[1] = 0;  // a bare engine checks nothing by itself
+    record.flags[CZorbFEAInformation::kBuildCatalogue] =
+        0;  // a bare engine checks nothing by itself
     CZorbI2Engine engine(&record);
     const int code = engine.GetProjectResults(itemId);
     Lines written;
@@ -237,12 +239,14 @@ std::vector<std::string> Subset(const std::vector<std::string>& all, unsigned bi
 }
 
 std::vector<int> ProjectTypesFor(int itemId) {
-    return itemId == 8 ? std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}
-                       : std::vector<int>{0};
+    return itemId == kItemPackingTemperature
+               ? std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}
+               : std::vector<int>{0};
 }
 
 bool AsksReader(int itemId) {
-    return itemId == 0 || itemId == 11 || itemId == 15;
+    return itemId == kItemFiberOrientation || itemId == kItemDigimatExport ||
+           itemId == kItemMicroMechanics;
 }
 
 void AddChecks(const CheckRow& row, const CZorbFEAInformation& record, const std::string& inputs,
@@ -250,7 +254,7 @@ void AddChecks(const CheckRow& row, const CZorbFEAInformation& record, const std
     const std::vector<int> versions =
         AsksReader(row.itemId) ? std::vector<int>{0, 1003, 1004} : std::vector<int>{0};
     const std::vector<int> shots =
-        row.itemId == 12 ? std::vector<int>{0, 1, 2} : std::vector<int>{0};
+        row.itemId == kItemInsertFiberMaterial ? std::vector<int>{0, 1, 2} : std::vector<int>{0};
     for (unsigned bits = 0; bits < 1U << row.endings.size(); ++bits) {
         const std::vector<std::string> endings = Subset(row.endings, bits);
         for (const int version : versions) {

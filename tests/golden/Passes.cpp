@@ -256,8 +256,8 @@ void PutList(std::ostream& text, const char* key, const std::vector<Value>& valu
 
 /// With its line ends as "|".
 std::string OnOneLine(std::string text) {
-    for (char& letter : text) {
-        letter = letter == '\n' ? '|' : letter;
+    for (char& character : text) {
+        character = character == '\n' ? '|' : character;
     }
     return text;
 }

@@ -302,7 +302,7 @@ class Session:
 KEYWORDS = ["ANSYS", "ABAQUS", "MSCNASTRAN", "NENASTRAN", "LSDYNA", "MARC", "NXNASTRAN", "RADIOSS",
             "WORKBENCH"]
 
-# Item -> key with what stands between key and value; blanks fill up to column 32.
+# Item -> key with what stands between key and value; spaces fill up to column 32.
 BLANK_KEYS = {
     0: "IsDoMaterialReduction", 1: "IsRunnerOutput", 2: "IsMoldbaseOutput",
     3: "IsFlowResidualstressOutput", 4: "IsThermalResidualstressOutput",

@@ -8,6 +8,7 @@
 #include <zorbi2/CZorbI2AccessCMIFile.h>
 #include <zorbi2/CZorbI2CMIData.h>
 #include <zorbi2/CZorbI2Engine.h>
+#include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Engine.h>
 
 #if __cplusplus >= 201402L && !defined(_MSC_VER)
@@ -42,33 +43,46 @@ void TakeConstantsByReference() {
     const std::size_t& flagCount = CZorbFEAInformation::kFlagCount;
     const int& solverCount = kSolverCount;
     Expect(flagCount == 20, "the record has 20 flags");
-    Expect(solverCount == 9, "there are nine solvers");
+    Expect(solverCount == kSolverWorkbench + 1, "Workbench is the last solver");
 }
 
 void ReadSolverSlots(const CZorbI2Engine& engine) {
     const SolverSlot& lsDyna = *engine.solverSlots[kSolverLsDyna];
-    Expect(lsDyna.name == "LS-Dyna", "slot 4 is LS-Dyna's");
+    Expect(lsDyna.name == "LS-Dyna", "the slot is LS-Dyna's");
     Expect(lsDyna.meshTypes.size() == 4, "LS-Dyna has four mesh kinds");
-    Expect(lsDyna.meshKind == kMeshMapped, "slot 4 has the mesh kind that was set");
+    Expect(lsDyna.meshKind == kMeshMapped, "the slot has the mesh kind that was set");
     Expect(engine.popItemSelector->currentSolver == kSolverLsDyna, "LS-Dyna is current");
 }
 
 void ReadItem(CZorbI2EngineManager& manager) {
     CZorbI2Item item;
     CZorbI2ItemStatus status;
-    Expect(manager.GetPartPopItemByID(0, &item, &status), "item 0 is read");
-    Expect(item.title == "Fiber orientation", "item 0 has its title");
-    Expect(item.options.size() == 6, "item 0 has six options");
-    Expect(status.optionValue == 2, "item 0 starts with its third option");
+    Expect(manager.GetPartPopItemByID(kItemFiberOrientation, &item, &status),
+           "the fiber orientation is read");
+    Expect(item.title == "Fiber orientation", "the fiber orientation has its title");
+    Expect(item.options.size() == 6, "the fiber orientation has six options");
+    Expect(status.optionValue == 2, "the fiber orientation starts with its third option");
     std::map<int, std::string> options;
-    Expect(manager.GetItemAllOptions(1, options), "item 1 has options");
-    Expect(options[-2] == "No runners", "item 1 has a reason");
+    Expect(manager.GetItemAllOptions(kItemRunner, options), "the runner has options");
+    Expect(options[kOptionResultsMissing] == "No runners", "the runner has a reason");
+}
+
+/// Finds lines of the control file as a reader of the file does.
+void ReadControlFileFormat() {
+    const ControlFileLine* density = ControlFileLineOfItem(kItemDensity);
+    Expect(density != nullptr && ControlFileKey(density->text) == "IsDensityOutput",
+           "the density has a line with its key");
+    Expect(ControlFileLineOfItem(kItemMicroMechanics) == nullptr, "micromechanics has no line");
+    ControlFileRange range = {0, 0};
+    Expect(GetControlFileRange(*density, &range) && range.highest == 1, "the line has a range");
+    Expect(std::string(kSolverKeywords[kSolverLsDyna]) == "LSDYNA", "LS-Dyna has its keyword");
 }
 
 }  // namespace
 
 int main() {
     TakeConstantsByReference();
+    ReadControlFileFormat();
     CZorbFEAInformation info = Project();
     CZorbI2EngineManager manager;
     Expect(manager.CreateEngine(&info), "engine created");
@@ -78,7 +92,7 @@ int main() {
     manager.SetEngineCurrentStatus(kSolverLsDyna, kMeshMapped, 0, 0);
     ReadSolverSlots(*manager.GetZorbI2Engine());
     ReadItem(manager);
-    Expect(manager.SetItemStatus(0, 0, 4), "choice taken");
+    Expect(manager.SetItemStatus(kItemFiberOrientation, 0, 4), "choice taken");
     manager.SetItemsValue();
     Expect(manager.WriteCMIFile(0), "write answers true");
     Expect(manager.GetZorbCMIData()->FiberThetaXSegment == 30, "choice has reached the data block");

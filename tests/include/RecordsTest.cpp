@@ -207,7 +207,7 @@ TEST(Records, ItemStartsZeroedAndEmptyInDeclaredOrder) {
                             &item.options, &item.optionValue, &item.title, &item.description}));
 }
 
-TEST(Records, ItemTakesItsEightValuesAndKeepsCopies) {
+TEST(Records, ItemTakesItsValuesAndKeepsCopies) {
     Text title = "title";
     Text description = "description";
     std::map<Int32, Text> options = {{5, "five"}};
@@ -322,20 +322,4 @@ TEST(Records, DataBlockIsDeclaredInOrder) {
                                     &data.DigimatWeldlineAngle,
                                     &data.IsViewEditModelMapping,
                                     &data.DigimatOption}));
-}
-
-TEST(Records, NamesOfSolversSectionsAndKeysHaveTheirNumbers) {
-    EXPECT_THAT((std::vector<int>{kSolverAnsys, kSolverAbaqus, kSolverMscNastran, kSolverNeNastran,
-                                  kSolverLsDyna, kSolverMarc, kSolverNxNastran, kSolverRadioss,
-                                  kSolverWorkbench, kSolverCount}),
-                ElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9));
-    EXPECT_THAT((std::vector<int>{kCategoryPart, kCategoryPartInsert, kCategoryMoldbase}),
-                ElementsAre(0, 1, 2));
-    EXPECT_THAT((std::vector<int>{kMeshOriginal, kMeshDeformed, kMeshMapped, kMesh3DMappingShell}),
-                ElementsAre(0, 1, 2, 3));
-    EXPECT_THAT((std::vector<int>{kOptionResultsMissing, kOptionNone, kNotACheckItem}),
-                ElementsAre(-2, -1, -1));
-    EXPECT_THAT((std::vector<int>{kSolidProject, kShellProject, kResultAvailable, kItemCount}),
-                ElementsAre(0, 1, 1, 22));
-    EXPECT_EQ(kDefaultDigimatWeldlineAngle, 135.0);
 }

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/support/ResultReaderDouble.h"
 #include "tests/support/SampleProject.h"
 
@@ -42,31 +44,32 @@ void AddShotFileCheck(std::vector<std::string>& events) {
 
 TEST(CatalogueChecks, OfASolidProjectWithoutFilesInOrder) {
     std::vector<std::string> expected;
-    AddFiberOrientationCheck(expected);                                                      // 15
-    AddFiberOrientationCheck(expected);                                                      // 0
-    AddShotFileCheck(expected);                                                              // 12
-    AddTest(expected, ".k5f", ".K5F");                                                       // 13
-    expected.push_back("trace @@@ ZorbI2Engine GetThermalStressResults OstraMesh = false");  // 4
+    AddFiberOrientationCheck(expected);  // micromechanics
+    AddFiberOrientationCheck(expected);  // fiber orientation
+    AddShotFileCheck(expected);          // insert fiber material
+    AddTest(expected, ".k5f", ".K5F");   // density
+    expected.push_back(
+        "trace @@@ ZorbI2Engine GetThermalStressResults OstraMesh = false");  // thermal stress
     AddTest(expected, ".k5w", ".K5W");
     expected.push_back("open w ThermalTest.txt");
     AddTest(expected, ".k5w", ".K5W");
     expected.push_back("close ThermalTest.txt");
-    AddTest(expected, ".rsf", ".RSF");       // 3
-    AddTest(expected, ".k5f", ".K5F");       // 5
-    AddTest(expected, ".k5p", ".K5P");       // 8
-    AddTest(expected, ".k5f", ".K5F");       // 16
-    AddTest(expected, "_medi.crp", ".CRP");  // 18
+    AddTest(expected, ".rsf", ".RSF");       // flow-induced stress
+    AddTest(expected, ".k5f", ".K5F");       // initial strain
+    AddTest(expected, ".k5p", ".K5P");       // packing temperature
+    AddTest(expected, ".k5f", ".K5F");       // Digimat weld lines
+    AddTest(expected, "_medi.crp", ".CRP");  // Digimat fiber
     AddTest(expected, ".k5o", ".K5O");
-    AddTest(expected, ".rsf", ".RSF");  // 19
+    AddTest(expected, ".rsf", ".RSF");  // Digimat stress
     AddTest(expected, ".k5w", ".K5W");
-    AddTest(expected, ".k5p", ".K5P");  // 20
+    AddTest(expected, ".k5p", ".K5P");  // Digimat temperature
     AddTest(expected, ".k5c", ".K5C");
-    AddTest(expected, ".k5c", ".K5C");  // 9
-    AddTest(expected, ".k5f", ".K5F");  // 14
-    AddTest(expected, ".k5s", ".K5S");  // 21
-    AddTest(expected, ".k5f", ".K5F");  // 6
-    AddTest(expected, ".k5f", ".K5F");  // 7
-    AddTest(expected, ".k5c", ".K5C");  // 10
+    AddTest(expected, ".k5c", ".K5C");  // end-of-cooling temperature
+    AddTest(expected, ".k5f", ".K5F");  // weld lines
+    AddTest(expected, ".k5s", ".K5S");  // annealing stress
+    AddTest(expected, ".k5f", ".K5F");  // insert flow pressure
+    AddTest(expected, ".k5f", ".K5F");  // moldbase pressure
+    AddTest(expected, ".k5c", ".K5C");  // moldbase temperature
 
     OpenProject project(support::PlainProject(), ResultFiles::none);
     EXPECT_EQ(project.files.events, expected);
@@ -95,9 +98,9 @@ TEST(CatalogueChecks, OfAnUnknownKindOfProjectReadTheShotFileBeforeTheFolderIsNo
 TEST(CatalogueChecks, AreNotMadeAgainWhenFilesAppearLater) {
     OpenProject project(support::CompleteProject(), ResultFiles::none);
     support::AddAllResults(project.files);
-    EXPECT_EQ(project.manager.GetProjectResults(3), 1);
+    EXPECT_EQ(project.manager.GetProjectResults(kItemFlowInducedStress), kResultAvailable);
     CZorbI2Item item;
-    ASSERT_TRUE(project.manager.GetItem(0, 3, &item));
+    ASSERT_TRUE(project.manager.GetItem(kCategoryPart, kItemFlowInducedStress, &item));
     EXPECT_FALSE(item.isAvailable);
-    EXPECT_EQ(item.optionValue, -2);
+    EXPECT_EQ(item.optionValue, kOptionResultsMissing);
 }

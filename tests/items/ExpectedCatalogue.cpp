@@ -1,5 +1,7 @@
 #include "tests/items/ExpectedCatalogue.h"
 
+#include <zorbi2/ZorbI2Types.h>
+
 namespace expected {
 
 namespace {
@@ -66,93 +68,66 @@ const std::vector<Item> catalogue = {
 };
 // clang-format on
 
-const std::map<int, std::string> missingInSolidProject = {
-    {0, "No fiber results nor file *.o2w"},
-    {1, "No runners"},
-    {2, "No moldbase"},
-    {3, "No file *.RSF"},
-    {4, "No file *.k5w"},
-    {5, "No file *.k5f"},
-    {6, "No inserted-part nor file *.k5f"},
-    {7, "No moldbase nor file *.k5f"},
-    {8, "No file *.k5p"},
-    {9, "No file *.k5c"},
-    {10, "No moldbase nor file *.k5c."},
-    {12, "No part insert fiber results."},
-    {13, "No file *.k5f"},
-    {14, "No file *.k5f"},
-    {15, "No fiber results nor file *.o2w"},
-    {16, "No file *.k5f"},
-    {18, "No file *_medi.crp"},
-    {19, "Unknown messages"},
-    {20, "Unknown messages"},
-    {21, "Unknown messages"},
+/// The reasons of an item without results in the three kinds of project.
+struct Missing {
+    int itemId;
+    const char* inSolidProject;
+    const char* inShellProject;
+    const char* inOtherProject;
 };
 
-const std::map<int, std::string> missingInShellProject = {
-    {0, "No fiber results."},
-    {1, "No runners"},
-    {2, "No moldbase"},
-    {3, "No file *.RSF"},
-    {4, "No file *.k5w"},
-    {5, "No file *.k5f"},
-    {6, "No inserted-part nor file *.k5f"},
-    {7, "No moldbase nor file *.k5f"},
-    {8, "No file *.k5p"},
-    {9, "No file *.k5c"},
-    {10, "No moldbase nor file *.k5c."},
-    {11, "No fiber results."},
-    {12, "No part insert fiber results."},
-    {13, "No file *.k5f"},
-    {14, "No file *.k5f"},
-    {15, "No fiber results."},
-    {16, "No file *.k5f"},
-    {18, "No file *_medi.crp"},
-    {19, "Unknown messages"},
-    {20, "Unknown messages"},
-    {21, "Unknown messages"},
-};
+constexpr const char* available = nullptr;
 
-const std::map<int, std::string> missingInOtherProject = {
-    {1, "No runners"},
-    {2, "No moldbase"},
-    {3, "No file *.RSF"},
-    {4, "No file *.k5w"},
-    {6, "No inserted-part nor file *.k5f"},
-    {7, "No moldbase nor file *.k5f"},
-    {9, "No file *.k5c"},
-    {10, "No moldbase nor file *.k5c."},
-    {12, "No part insert fiber results."},
-    {13, "No file *.k5f"},
-    {14, "No file *.k5f"},
-    {16, "No file *.k5f"},
-    {18, "No file *_medi.crp"},
-    {19, "Unknown messages"},
-    {20, "Unknown messages"},
-    {21, "Unknown messages"},
+// clang-format off
+const std::vector<Missing> missingResults = {
+    { 0, "No fiber results nor file *.o2w",   "No fiber results.",                 available},
+    { 1, "No runners",                        "No runners",                        "No runners"},
+    { 2, "No moldbase",                       "No moldbase",                       "No moldbase"},
+    { 3, "No file *.RSF",                     "No file *.RSF",                     "No file *.RSF"},
+    { 4, "No file *.k5w",                     "No file *.k5w",                     "No file *.k5w"},
+    { 5, "No file *.k5f",                     "No file *.k5f",                     available},
+    { 6, "No inserted-part nor file *.k5f",   "No inserted-part nor file *.k5f",   "No inserted-part nor file *.k5f"},
+    { 7, "No moldbase nor file *.k5f",        "No moldbase nor file *.k5f",        "No moldbase nor file *.k5f"},
+    { 8, "No file *.k5p",                     "No file *.k5p",                     available},
+    { 9, "No file *.k5c",                     "No file *.k5c",                     "No file *.k5c"},
+    {10, "No moldbase nor file *.k5c.",       "No moldbase nor file *.k5c.",       "No moldbase nor file *.k5c."},
+    {11, available,                           "No fiber results.",                 available},
+    {12, "No part insert fiber results.",     "No part insert fiber results.",     "No part insert fiber results."},
+    {13, "No file *.k5f",                     "No file *.k5f",                     "No file *.k5f"},
+    {14, "No file *.k5f",                     "No file *.k5f",                     "No file *.k5f"},
+    {15, "No fiber results nor file *.o2w",   "No fiber results.",                 available},
+    {16, "No file *.k5f",                     "No file *.k5f",                     "No file *.k5f"},
+    {18, "No file *_medi.crp",                "No file *_medi.crp",                "No file *_medi.crp"},
+    {19, "Unknown messages",                  "Unknown messages",                  "Unknown messages"},
+    {20, "Unknown messages",                  "Unknown messages",                  "Unknown messages"},
+    {21, "Unknown messages",                  "Unknown messages",                  "Unknown messages"},
 };
+// clang-format on
 
 }  // namespace
 
 std::vector<Item> CatalogueOf(int solverType) {
     std::vector<Item> items = catalogue;
-    if (solverType == 1) {
-        items[11].checkState = 0;
-        items[11].optionValue = -1;
-        items[11].options = none;
+    if (solverType == kShellProject) {
+        Item& digimatExport = items[kItemDigimatExport];
+        digimatExport.checkState = 0;
+        digimatExport.optionValue = kOptionNone;
+        digimatExport.options = none;
     }
     return items;
 }
 
 std::map<int, std::string> MissingResultsOf(int solverType) {
-    switch (solverType) {
-        case 0:
-            return missingInSolidProject;
-        case 1:
-            return missingInShellProject;
-        default:
-            return missingInOtherProject;
+    std::map<int, std::string> reasons;
+    for (const Missing& row : missingResults) {
+        const char* const reason = solverType == kSolidProject   ? row.inSolidProject
+                                   : solverType == kShellProject ? row.inShellProject
+                                                                 : row.inOtherProject;
+        if (reason != available) {
+            reasons[row.itemId] = reason;
+        }
     }
+    return reasons;
 }
 
 }  // namespace expected

@@ -1,4 +1,4 @@
-// The 22 items as hosts know them, written out by hand for the tests of the catalogue.
+// The items as hosts know them, written out by hand for the tests of the catalogue.
 #pragma once
 
 #include <map>
@@ -18,7 +18,7 @@ struct Item {
     std::string description;
 };
 
-/// In the order of their ids. Only solver type 1 makes a difference.
+/// In the order of their ids. Only a shell project makes a difference.
 std::vector<Item> CatalogueOf(int solverType);
 
 /// What is missing, by item id, in a project without any file or fact. Items that are available

@@ -4,12 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <new>
 #include <string>
 #include <vector>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/items/ExpectedCatalogue.h"
-#include "tests/support/FailingAllocations.h"
+#include "tests/items/LostToFailingAllocations.h"
 #include "tests/support/SampleProject.h"
 
 using support::OpenProject;
@@ -19,10 +20,14 @@ using testing::Pair;
 
 namespace {
 
-constexpr int solverTypes[] = {0, 1, 2};
+constexpr int solverTypes[] = {kSolidProject, kShellProject, 2};
+
+/// In which the catalogue is built.
+constexpr int buildingOrder[] = {15, 0,  1,  12, 13, 4,  3,  5, 8, 11, 16,
+                                 17, 18, 19, 20, 9,  14, 21, 6, 2, 7,  10};
 
 ResultCode EveryItemHasResults(std::int32_t /*itemId*/) {
-    return 1;
+    return kResultAvailable;
 }
 
 ItemArray Catalogue(int solverType, const items::ResultCodeOf& resultCodeOf) {
@@ -50,32 +55,8 @@ void ExpectMissing(const CZorbI2Item& item, const expected::Item& expectedItem,
                    const std::string& reason) {
     ExpectTexts(item, expectedItem);
     EXPECT_FALSE(item.isAvailable);
-    EXPECT_THAT(item.options, ElementsAre(Pair(-2, reason)));
-    EXPECT_EQ(item.optionValue, -2);
-}
-
-/// The items that are left null when one allocation after the other fails, in this order.
-std::vector<int> ItemsLostToFailingAllocations() {
-    std::vector<int> lost;
-    const items::ResultCodeOf resultCodeOf = EveryItemHasResults;
-    bool ranClean = false;
-    for (std::size_t number = 0; !ranClean; ++number) {
-        ItemArray items;
-        try {
-            const support::FailingAllocations failing(number,
-                                                      support::FailingAllocations::Mode::once);
-            items::BuildItemCatalogue(items, 0, resultCodeOf);
-            ranClean = !failing.HasFailed();
-        } catch (const std::bad_alloc&) {
-            continue;  // no memory for a text or an option
-        }
-        for (int itemId = 0; itemId < 22; ++itemId) {
-            if (!items[itemId]) {
-                lost.push_back(itemId);
-            }
-        }
-    }
-    return lost;
+    EXPECT_THAT(item.options, ElementsAre(Pair(kOptionResultsMissing, reason)));
+    EXPECT_EQ(item.optionValue, kOptionResultsMissing);
 }
 
 }  // namespace
@@ -110,35 +91,36 @@ TEST(ItemCatalogue, EveryFieldOfEveryItemWithoutAnyResultFile) {
     }
 }
 
-TEST(ItemCatalogue, WithoutResultsEveryItemButThe17thHasOnlyTheReason) {
-    OpenProject project(support::PlainProject(1), ResultFiles::none);
+TEST(ItemCatalogue, WithoutResultsEveryItemButDigimatMucellHasOnlyTheReason) {
+    OpenProject project(support::PlainProject(kShellProject), ResultFiles::none);
     for (const auto& item : project.Engine().items) {
         ASSERT_NE(item, nullptr);
         ASSERT_EQ(item->options.size(), 1U) << "item " << item->itemId;
-        if (item->itemId == 17) {
+        if (item->itemId == kItemDigimatMucell) {
             EXPECT_TRUE(item->isAvailable);
-            EXPECT_THAT(item->options, ElementsAre(Pair(-1, "No such features")));
+            EXPECT_THAT(item->options, ElementsAre(Pair(kOptionNone, "No such features")));
         } else {
-            EXPECT_EQ(item->options.begin()->first, -2) << "item " << item->itemId;
+            EXPECT_EQ(item->options.begin()->first, kOptionResultsMissing)
+                << "item " << item->itemId;
             EXPECT_NE(item->options.begin()->second, "") << "item " << item->itemId;
-            EXPECT_EQ(item->optionValue, -2) << "item " << item->itemId;
+            EXPECT_EQ(item->optionValue, kOptionResultsMissing) << "item " << item->itemId;
         }
     }
 }
 
 TEST(ItemCatalogue, DigimatExportIsACheckItemForShellProjectsOnly) {
-    OpenProject shell(support::CompleteProject(1));
-    const CZorbI2Item& item = *shell.Engine().items[11];
+    OpenProject shell(support::CompleteProject(kShellProject));
+    const CZorbI2Item& item = *shell.Engine().items[kItemDigimatExport];
     EXPECT_EQ(item.checkState, 0);
-    EXPECT_THAT(item.options, ElementsAre(Pair(-1, "No such features")));
-    EXPECT_EQ(item.optionValue, -1);
+    EXPECT_THAT(item.options, ElementsAre(Pair(kOptionNone, "No such features")));
+    EXPECT_EQ(item.optionValue, kOptionNone);
 }
 
 TEST(ItemCatalogue, DigimatExportHasTwoOptionsForAllOtherProjects) {
     for (const int solverType : {-1, 0, 2}) {
         OpenProject project(support::CompleteProject(solverType));
-        const CZorbI2Item& item = *project.Engine().items[11];
-        EXPECT_EQ(item.checkState, -1);
+        const CZorbI2Item& item = *project.Engine().items[kItemDigimatExport];
+        EXPECT_EQ(item.checkState, kNotACheckItem);
         EXPECT_THAT(item.options, ElementsAre(Pair(0, "Digimat"), Pair(1, "Converse")));
         EXPECT_EQ(item.optionValue, 0);
     }
@@ -147,16 +129,21 @@ TEST(ItemCatalogue, DigimatExportHasTwoOptionsForAllOtherProjects) {
 TEST(ItemCatalogue, DefaultsAreMediumForFibersConstantForDensityAndMoriTanaka) {
     OpenProject project;
     const ItemArray& items = project.Engine().items;
-    EXPECT_EQ(items[0]->options.at(items[0]->optionValue), "Material reduction-Medium");
-    EXPECT_EQ(items[12]->options.at(items[12]->optionValue), "Material reduction-Medium");
-    EXPECT_EQ(items[13]->options.at(items[13]->optionValue), "Constant density");
-    EXPECT_EQ(items[15]->options.at(items[15]->optionValue), "Mori-Tanaka model");
+    EXPECT_EQ(items[kItemFiberOrientation]->options.at(items[kItemFiberOrientation]->optionValue),
+              "Material reduction-Medium");
+    EXPECT_EQ(
+        items[kItemInsertFiberMaterial]->options.at(items[kItemInsertFiberMaterial]->optionValue),
+        "Material reduction-Medium");
+    EXPECT_EQ(items[kItemDensity]->options.at(items[kItemDensity]->optionValue),
+              "Constant density");
+    EXPECT_EQ(items[kItemMicroMechanics]->options.at(items[kItemMicroMechanics]->optionValue),
+              "Mori-Tanaka model");
 }
 
 TEST(ItemCatalogue, DensityHasSevenOptionsInKeyOrder) {
     OpenProject project;
     std::map<int, std::string> options;
-    EXPECT_TRUE(project.manager.GetItemAllOptions(13, options));
+    EXPECT_TRUE(project.manager.GetItemAllOptions(kItemDensity, options));
     EXPECT_THAT(options,
                 ElementsAre(Pair(0, "Constant density"), Pair(1, "Density reduction-Min"),
                             Pair(2, "Density reduction-Low"), Pair(3, "Density reduction-Medium"),
@@ -164,26 +151,31 @@ TEST(ItemCatalogue, DensityHasSevenOptionsInKeyOrder) {
                             Pair(6, "Density reduction-None")));
 }
 
-TEST(ItemCatalogue, AsksForResultsInItsOwnOrderAndNeverForThe17th) {
+TEST(ItemCatalogue, AsksForResultsInItsOwnOrderAndNeverForDigimatMucell) {
+    std::vector<int> order(std::begin(buildingOrder), std::end(buildingOrder));
+    std::erase(order, kItemDigimatMucell);
     std::vector<int> asked;
     Catalogue(0, [&asked](std::int32_t itemId) {
         asked.push_back(itemId);
-        return 1;
+        return kResultAvailable;
     });
-    EXPECT_THAT(asked, ElementsAre(15, 0, 1, 12, 13, 4, 3, 5, 8, 11, 16, 18, 19, 20, 9, 14, 21, 6,
-                                   2, 7, 10));
+    EXPECT_EQ(asked, order);
 }
 
 TEST(ItemCatalogue, BuildsItemsInTheSameOrderAndOneWithoutMemoryStaysNull) {
-    EXPECT_THAT(
-        ItemsLostToFailingAllocations(),
-        ElementsAre(15, 0, 1, 12, 13, 4, 3, 5, 8, 11, 16, 17, 18, 19, 20, 9, 14, 21, 6, 2, 7, 10));
+    const std::vector<int> order(std::begin(buildingOrder), std::end(buildingOrder));
+    const items::ResultCodeOf resultCodeOf = EveryItemHasResults;
+    const auto build = [&](ItemArray& items) {
+        items::BuildItemCatalogue(items, kSolidProject, resultCodeOf);
+    };
+    EXPECT_EQ(LostToFailingAllocations<ItemArray>(build), order);
 }
 
-TEST(ItemCatalogue, OnlyCodeOneMeansAvailable) {
-    for (const int code : {-27, -1, 0, 2, 15, 255}) {
+TEST(ItemCatalogue, OnlyTheCodeOfAvailableResultsMeansAvailable) {
+    for (const int code : {kResultNoK5s, kResultNoFiberResults, kResultNoFiberResultsNorO2w, 2,
+                           kResultNoFiberResultsEither, 255}) {
         for (const auto& item : Catalogue(0, [code](std::int32_t) { return code; })) {
-            EXPECT_EQ(item->isAvailable, item->itemId == 17)
+            EXPECT_EQ(item->isAvailable, item->itemId == kItemDigimatMucell)
                 << "code " << code << ", item " << item->itemId;
         }
     }
@@ -197,30 +189,39 @@ TEST(ItemCatalogue, EveryItemIsAvailableWhenAllResultsAre) {
 
 TEST(ItemCatalogue, ReasonIsTheMessageOfTheItemsOwnCode) {
     const ItemArray items = Catalogue(0, [](std::int32_t itemId) {
-        constexpr int codes[] = {-24, -23, -19, -18, -17};
+        constexpr int codes[] = {kResultNoMeetingAngle, kResultNoDigimatInformation,
+                                 kResultNoInsertFiberResults, kResultNoK5c,
+                                 kResultNoMoldbaseNorK5c};
         return codes[itemId % 5];
     });
-    EXPECT_EQ(items[0]->options.at(-2), "No meeting angle information.");
-    EXPECT_EQ(items[1]->options.at(-2), "No digimat information");
-    EXPECT_EQ(items[2]->options.at(-2), "No part insert fiber results.");
-    EXPECT_EQ(items[3]->options.at(-2), "No file *.k5c");
-    EXPECT_EQ(items[4]->options.at(-2), "No moldbase nor file *.k5c.");
+    EXPECT_EQ(items[kItemFiberOrientation]->options.at(kOptionResultsMissing),
+              "No meeting angle information.");
+    EXPECT_EQ(items[kItemRunner]->options.at(kOptionResultsMissing), "No digimat information");
+    EXPECT_EQ(items[kItemMoldbaseMesh]->options.at(kOptionResultsMissing),
+              "No part insert fiber results.");
+    EXPECT_EQ(items[kItemFlowInducedStress]->options.at(kOptionResultsMissing), "No file *.k5c");
+    EXPECT_EQ(items[kItemThermalStress]->options.at(kOptionResultsMissing),
+              "No moldbase nor file *.k5c.");
 }
 
 TEST(ItemOptions, UnavailableItemHasTheReasonWhateverItsId) {
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         std::map<std::int32_t, std::string> options;
-        EXPECT_EQ(items::BuildItemOptions(0, itemId, -3, false, options), -2);
-        EXPECT_THAT(options, ElementsAre(Pair(-2, "No runners"))) << "item " << itemId;
+        EXPECT_EQ(items::BuildItemOptions(kSolidProject, itemId, kResultNoRunners, false, options),
+                  kOptionResultsMissing);
+        EXPECT_THAT(options, ElementsAre(Pair(kOptionResultsMissing, "No runners")))
+            << "item " << itemId;
     }
 }
 
 TEST(ItemOptions, AvailabilityDecidesAndNotTheCode) {
     std::map<std::int32_t, std::string> options;
-    EXPECT_EQ(items::BuildItemOptions(0, 1, 1, false, options), -2);
-    EXPECT_THAT(options, ElementsAre(Pair(-2, "Unknown messages")));
+    EXPECT_EQ(items::BuildItemOptions(kSolidProject, kItemRunner, kResultAvailable, false, options),
+              kOptionResultsMissing);
+    EXPECT_THAT(options, ElementsAre(Pair(kOptionResultsMissing, "Unknown messages")));
     options.clear();
-    EXPECT_EQ(items::BuildItemOptions(0, 1, -3, true, options), 0);
+    EXPECT_EQ(items::BuildItemOptions(kSolidProject, kItemRunner, kResultNoRunners, true, options),
+              0);
     EXPECT_THAT(options, ElementsAre(Pair(0, "Exclude runner"), Pair(1, "Include runner")));
 }
 
@@ -228,8 +229,9 @@ TEST(ItemOptions, AvailableItemHasItsSetAndDefault) {
     for (const int solverType : solverTypes) {
         for (const expected::Item& item : expected::CatalogueOf(solverType)) {
             std::map<std::int32_t, std::string> options;
-            EXPECT_EQ(items::BuildItemOptions(solverType, item.itemId, 1, true, options),
-                      item.optionValue);
+            EXPECT_EQ(
+                items::BuildItemOptions(solverType, item.itemId, kResultAvailable, true, options),
+                item.optionValue);
             EXPECT_EQ(options, item.options) << "item " << item.itemId;
         }
     }

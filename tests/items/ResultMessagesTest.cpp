@@ -16,7 +16,7 @@ std::string MessageOf(int code) {
 
 }  // namespace
 
-TEST(ResultMessages, EveryCodeFromMinus40To40HasItsText) {
+TEST(ResultMessages, EveryCodeHasItsText) {
     const std::map<int, std::string> texts = {
         {-24, "No meeting angle information."},
         {-23, "No digimat information"},
@@ -51,14 +51,14 @@ TEST(ResultMessages, CodeOfAvailableResultsHasNoMessageOfItsOwn) {
     EXPECT_EQ(MessageOf(1), "Unknown messages");
 }
 
-TEST(ResultMessages, CodesMinus12AndMinus11HaveNoTextButTheirNeighborsDo) {
+TEST(ResultMessages, GapsBetweenCodesHaveNoTextButTheirNeighborsDo) {
     EXPECT_EQ(MessageOf(-13), "No inserted-part nor file *.k5f");
     EXPECT_EQ(MessageOf(-12), "Unknown messages");
     EXPECT_EQ(MessageOf(-11), "Unknown messages");
     EXPECT_EQ(MessageOf(-10), "No file *_medi.crp");
 }
 
-TEST(ResultMessages, CodeZeroHasATextOfItsOwn) {
+TEST(ResultMessages, CodeOfNeitherFiberResultsNorFilesHasATextOfItsOwn) {
     EXPECT_EQ(MessageOf(0), "No fiber results nor file *.o2w");
 }
 

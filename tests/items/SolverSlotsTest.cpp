@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/FailingAllocations.h"
+#include <zorbi2/ZorbI2Types.h>
+
+#include "tests/items/LostToFailingAllocations.h"
 #include "tests/support/SampleProject.h"
 
 using support::OpenProject;
@@ -102,29 +104,6 @@ void ExpectSlot(const SolverSlot* slot, const ExpectedSlot& expected) {
     EXPECT_EQ(slot->annealingMode, 0);
 }
 
-/// The slots that are left null when one allocation after the other fails, in this order.
-std::vector<int> SlotsLostToFailingAllocations() {
-    std::vector<int> lost;
-    bool ranClean = false;
-    for (std::size_t number = 0; !ranClean; ++number) {
-        SolverSlotArray slots;
-        try {
-            const support::FailingAllocations failing(number,
-                                                      support::FailingAllocations::Mode::once);
-            items::BuildSolverSlots(slots, std::vector<bool>(9, true), 0, 0);
-            ranClean = !failing.HasFailed();
-        } catch (const std::bad_alloc&) {
-            continue;  // no memory for a text or a list
-        }
-        for (int solver = 0; solver < 9; ++solver) {
-            if (!slots[solver]) {
-                lost.push_back(solver);
-            }
-        }
-    }
-    return lost;
-}
-
 }  // namespace
 
 TEST(SolverSlots, HaveNamesMeshKindsAndElementTypesByProject) {
@@ -153,20 +132,20 @@ TEST(SolverSlots, HaveNamesMeshKindsAndElementTypesByProject) {
 }
 
 TEST(SolverSlots, ShellProjectHasNoRadiossNorWorkbenchAndShellElementsForAnsys) {
-    OpenProject project(support::PlainProject(1));
+    OpenProject project(support::PlainProject(kShellProject));
     const SolverSlotArray& slots = project.Engine().solverSlots;
-    EXPECT_EQ(slots[7], nullptr);
-    EXPECT_EQ(slots[8], nullptr);
-    EXPECT_THAT(slots[0]->elementTypes, ElementsAre("Shell-181", "Shell-281"));
-    EXPECT_THAT(slots[5]->elementTypes, ElementsAre("Linear"));
-    EXPECT_THAT(slots[4]->meshTypes, ElementsAre("Original", "Deformed", "Mapped"));
+    EXPECT_EQ(slots[kSolverRadioss], nullptr);
+    EXPECT_EQ(slots[kSolverWorkbench], nullptr);
+    EXPECT_THAT(slots[kSolverAnsys]->elementTypes, ElementsAre("Shell-181", "Shell-281"));
+    EXPECT_THAT(slots[kSolverMarc]->elementTypes, ElementsAre("Linear"));
+    EXPECT_THAT(slots[kSolverLsDyna]->meshTypes, ElementsAre("Original", "Deformed", "Mapped"));
 }
 
 TEST(SolverSlots, VoxelProjectMapsOnlyAndLsDynaAlsoToShell) {
-    OpenProject project(ProjectOf(0, 1));
+    OpenProject project(ProjectOf(kSolidProject, 1));
     for (const auto& slot : project.Engine().solverSlots) {
         ASSERT_NE(slot, nullptr);
-        if (slot->solverIndex == 4) {
+        if (slot->solverIndex == kSolverLsDyna) {
             EXPECT_THAT(slot->meshTypes, ElementsAre("Mapped", "3D mapping to shell"));
         } else {
             EXPECT_THAT(slot->meshTypes, ElementsAre("Mapped")) << slot->name;
@@ -175,33 +154,40 @@ TEST(SolverSlots, VoxelProjectMapsOnlyAndLsDynaAlsoToShell) {
 }
 
 TEST(SolverSlots, WorkbenchMapsOnlyWithoutVoxelResultsToo) {
-    OpenProject project(ProjectOf(0, 0));
-    EXPECT_THAT(project.Engine().solverSlots[8]->meshTypes, ElementsAre("Mapped"));
+    OpenProject project(ProjectOf(kSolidProject, 0));
+    EXPECT_THAT(project.Engine().solverSlots[kSolverWorkbench]->meshTypes, ElementsAre("Mapped"));
 }
 
 TEST(SolverSlots, OnlyOfferedSolversGetOne) {
     SolverSlotArray slots;
-    std::vector<bool> offered(9, false);
-    offered[3] = true;
-    items::BuildSolverSlots(slots, offered, 0, 0);
-    for (int solver = 0; solver < 9; ++solver) {
-        EXPECT_EQ(slots[solver] != nullptr, solver == 3) << solver;
+    std::vector<bool> offered(kSolverCount, false);
+    offered[kSolverNeNastran] = true;
+    items::BuildSolverSlots(slots, offered, kSolidProject, 0);
+    for (int solver = 0; solver < kSolverCount; ++solver) {
+        EXPECT_EQ(slots[solver] != nullptr, solver == kSolverNeNastran) << solver;
     }
 }
 
 TEST(SolverSlots, AreBuiltInTheirOwnOrderAndOneWithoutMemoryStaysNull) {
-    EXPECT_THAT(SlotsLostToFailingAllocations(), ElementsAre(0, 8, 1, 2, 3, 4, 5, 6, 7));
+    const std::vector<bool> allOffered(kSolverCount, true);
+    const auto build = [&](SolverSlotArray& slots) {
+        items::BuildSolverSlots(slots, allOffered, kSolidProject, 0);
+    };
+    EXPECT_THAT(LostToFailingAllocations<SolverSlotArray>(build),
+                ElementsAre(kSolverAnsys, kSolverWorkbench, kSolverAbaqus, kSolverMscNastran,
+                            kSolverNeNastran, kSolverLsDyna, kSolverMarc, kSolverNxNastran,
+                            kSolverRadioss));
 }
 
 TEST(SolverSlot, KeepsItsOwnCopiesAndStartsWithZeroStatus) {
     Texts meshes = {"Original", "Mapped"};
     Texts elements = {"Linear"};
     std::string name = "Radioss";
-    const SolverSlot slot(7, name, meshes, elements);
+    const SolverSlot slot(kSolverRadioss, name, meshes, elements);
     meshes.clear();
     elements.clear();
     name.clear();
-    EXPECT_EQ(slot.solverIndex, 7);
+    EXPECT_EQ(slot.solverIndex, kSolverRadioss);
     EXPECT_EQ(slot.name, "Radioss");
     EXPECT_THAT(slot.meshTypes, ElementsAre("Original", "Mapped"));
     EXPECT_THAT(slot.elementTypes, ElementsAre("Linear"));

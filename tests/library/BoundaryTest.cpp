@@ -5,27 +5,20 @@
 #include <stdexcept>
 #include <string>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/library/HostSystem.h"
 #include "tests/library/LibraryProject.h"
 #include "tests/library/ScratchFolder.h"
+#include "tests/support/Errors.h"
 
 namespace {
 
 using library_tests::ScratchFolder;
 using library_tests::SolidProject;
+using support::OutOfRangeText;
 
 constexpr int manyTimes = 1000;
-
-/// The text of the out-of-range error that an operation throws; empty without one.
-template <typename Operation>
-std::string OutOfRangeText(Operation operation) {
-    try {
-        operation();
-    } catch (const std::out_of_range& error) {
-        return error.what();
-    }
-    return {};
-}
 
 class Boundary : public testing::Test {
 protected:
@@ -45,15 +38,17 @@ protected:
 
 TEST_F(Boundary, OutOfRangeErrorsReachTheHostWithTheirTexts) {
     const std::string subscript = "invalid vector<T> subscript";
+    const std::string position = "invalid string position";
     for (int i = 0; i < manyTimes; ++i) {
-        ASSERT_EQ(OutOfRangeText([&] { manager.SetItemStatus(22, 1, 0); }), subscript);
+        ASSERT_EQ(OutOfRangeText([&] { manager.SetItemStatus(kItemCount, 1, 0); }), subscript);
         ASSERT_EQ(OutOfRangeText([&] { manager.SetCMIFileFullPath("", "Cover", 1, "cmi"); }),
-                  "invalid string position");
-        ASSERT_EQ(OutOfRangeText([&] { manager.SetWeldlineDataStatus(0, {1.0}, {1.0}); }),
-                  subscript);
+                  position);
+        ASSERT_EQ(
+            OutOfRangeText([&] { manager.SetWeldlineDataStatus(kSolverAnsys, {1.0}, {1.0}); }),
+            subscript);
         CZorbI2Item item;
         CZorbI2ItemStatus status;
-        ASSERT_EQ(OutOfRangeText([&] { manager.GetPartPopItemByID(22, &item, &status); }),
+        ASSERT_EQ(OutOfRangeText([&] { manager.GetPartPopItemByID(kItemCount, &item, &status); }),
                   subscript);
     }
 }
@@ -68,8 +63,8 @@ TEST_F(Boundary, AfterAnErrorTheManagerGoesOn) {
 }
 
 TEST_F(Boundary, ErrorsCanBeCaughtAsWhatTheyDeriveFrom) {
-    EXPECT_THROW(manager.SetItemStatus(22, 1, 0), std::logic_error);
-    EXPECT_THROW(manager.SetItemStatus(22, 1, 0), std::exception);
+    EXPECT_THROW(manager.SetItemStatus(kItemCount, 1, 0), std::logic_error);
+    EXPECT_THROW(manager.SetItemStatus(kItemCount, 1, 0), std::exception);
 }
 
 TEST_F(Boundary, ErrorsUnwindTheHostsOwnFrames) {
@@ -81,9 +76,9 @@ TEST_F(Boundary, ErrorsUnwindTheHostsOwnFrames) {
     };
     EXPECT_EQ(OutOfRangeText([&] {
                   const Witness witness(unwound);
-                  manager.SetItemStatus(22, 1, 0);
+                  manager.SetItemStatus(kItemCount, 1, 0);
               }),
-              "invalid vector<T> subscript");
+              support::kInvalidSubscript);
     EXPECT_TRUE(unwound);
 }
 
@@ -105,8 +100,8 @@ TEST_F(Boundary, AMapOfTheHostIsEmptiedAndRefilled) {
     for (int i = 0; i < manyTimes; ++i) {
         options[100 + i] = "a label of the host's own, too long for the place inside a string";
     }
-    EXPECT_TRUE(manager.GetItemAllOptions(1, options));
-    EXPECT_EQ(options, (std::map<int, std::string>{{-2, "No runners"}}));
+    EXPECT_TRUE(manager.GetItemAllOptions(kItemRunner, options));
+    EXPECT_EQ(options, (std::map<int, std::string>{{kOptionResultsMissing, "No runners"}}));
 }
 
 TEST_F(Boundary, ListsOfTheHostGrowAndShrinkInTheLibrary) {
@@ -129,10 +124,12 @@ TEST_F(Boundary, ItemsOfTheHostAreOverwrittenWhole) {
         item.options[7] = std::string(1000, 'o');
         ASSERT_TRUE(manager.GetPartPopItem(0, &item, &status));
     }
-    EXPECT_EQ(item.itemId, 15);
+    EXPECT_EQ(item.itemId, kItemMicroMechanics);
     EXPECT_EQ(item.title, "Mirco mechanics model");
-    EXPECT_EQ(item.options, (std::map<int, std::string>{{-2, "No fiber results nor file *.o2w"}}));
-    EXPECT_EQ(status.optionValue, -2);
+    EXPECT_EQ(
+        item.options,
+        (std::map<int, std::string>{{kOptionResultsMissing, "No fiber results nor file *.o2w"}}));
+    EXPECT_EQ(status.optionValue, kOptionResultsMissing);
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
-// Names with letters of the system code page, from the record to the files and the trace.
+// Names with characters of the system code page, from the record to the files and the trace.
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <filesystem>
 #include <string>
+
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/library/HostSystem.h"
 #include "tests/library/LibraryProject.h"
@@ -29,14 +31,15 @@ TEST(CodePage, ResultsAreFound) {
     const ScratchFolder folder;
     AddFile(fs::path(project) / "Run01" / (project + u8"01.rsf"));
     const CZorbFEAInformation info = RunIn(project + u8"\\Run01");
-    EXPECT_EQ(library_tests::ResultOf(info, 3), 1);
-    EXPECT_EQ(library_tests::ResultOf(info, 9), -18);
+    EXPECT_EQ(library_tests::ResultOf(info, kItemFlowInducedStress), kResultAvailable);
+    EXPECT_EQ(library_tests::ResultOf(info, kItemEndOfCoolingTemperature), kResultNoK5c);
 }
 
 TEST(CodePage, TheResultVersionIsRead) {
     const ScratchFolder folder;
     AddFile(fs::path(project) / "Run01" / (project + u8"01.k5o"), "1004");
-    EXPECT_EQ(library_tests::ResultOf(RunIn(project + u8"\\Run01"), 0), 1);
+    EXPECT_EQ(library_tests::ResultOf(RunIn(project + u8"\\Run01"), kItemFiberOrientation),
+              kResultAvailable);
 }
 
 TEST(CodePage, TheShotFileIsReadAndItsPathTraced) {
@@ -46,7 +49,8 @@ TEST(CodePage, TheShotFileIsReadAndItsPathTraced) {
     AddFile(fs::path(project) / "Run02" / (project + u8"02.k5o"));
     const host_system::DebuggerOutput debugger;
 
-    EXPECT_EQ(library_tests::ResultOf(RunIn(project + u8"\\Run01\\"), 12), 1);
+    EXPECT_EQ(library_tests::ResultOf(RunIn(project + u8"\\Run01\\"), kItemInsertFiberMaterial),
+              kResultAvailable);
 
     EXPECT_EQ(debugger.lines,
               (std::vector<std::wstring>{
@@ -61,7 +65,7 @@ TEST(CodePage, APathIsTracedInTheLocaleOfTheHost) {
     ASSERT_NE(std::setlocale(LC_CTYPE, host_system::localeOfNames), nullptr);
     const host_system::DebuggerOutput debugger;
 
-    library_tests::ResultOf(RunIn(project + u8"\\Run01\\"), 12);
+    library_tests::ResultOf(RunIn(project + u8"\\Run01\\"), kItemInsertFiberMaterial);
     std::setlocale(LC_CTYPE, "C");
 
     ASSERT_EQ(debugger.lines.size(), 3U);

@@ -3,6 +3,8 @@
 
 #include <filesystem>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/library/HostSystem.h"
 #include "tests/library/LibraryProject.h"
 #include "tests/library/ScratchFolder.h"
@@ -17,14 +19,11 @@ using library_tests::BytesOf;
 using library_tests::ResultOf;
 using library_tests::ScratchFolder;
 
-constexpr int thermalStress = 4;
-constexpr int initialStrain = 5;
-
 TEST(DebugFiles, ThermalTestLandsInTheCurrentFolder) {
     const ScratchFolder folder;
     AddFile("ThermalTest.txt", "what an earlier check has left, and longer than what comes now");
 
-    EXPECT_EQ(ResultOf(BareProject("Run01"), thermalStress), -6);
+    EXPECT_EQ(ResultOf(BareProject("Run01"), kItemThermalStress), kResultNoK5w);
 
     EXPECT_EQ(BytesOf("ThermalTest.txt"), "FileExt = .k5w" + lineEnd + "ChkResult = 0");
 }
@@ -33,7 +32,7 @@ TEST(DebugFiles, ThermalTestIsNotWrittenForAResultThatExists) {
     const ScratchFolder folder;
     AddFile("Run01/Cover01.k5w");
 
-    EXPECT_EQ(ResultOf(BareProject("Run01"), thermalStress), 1);
+    EXPECT_EQ(ResultOf(BareProject("Run01"), kItemThermalStress), kResultAvailable);
 
     EXPECT_FALSE(fs::exists("ThermalTest.txt"));
 }
@@ -44,7 +43,7 @@ TEST(DebugFiles, ShellIniStrainLandsInTheCurrentFolder) {
     CZorbFEAInformation project = BareProject("Run01");
     project.solverType = kShellProject;
 
-    EXPECT_EQ(ResultOf(project, initialStrain), 1);
+    EXPECT_EQ(ResultOf(project, kItemInitialStrain), kResultAvailable);
 
     EXPECT_EQ(BytesOf("ShellIniStrain.txt"), "RSP = 0RSG = 1RSR = 0File = 1");
 }
@@ -57,7 +56,7 @@ TEST(DebugFiles, FollowTheCurrentFolder) {
     for (const char* desk : {"First", "Second"}) {
         fs::create_directory(desk);
         fs::current_path(desk);
-        manager.GetProjectResults(thermalStress);
+        manager.GetProjectResults(kItemThermalStress);
         fs::current_path("..");
     }
 

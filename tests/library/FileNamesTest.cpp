@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/library/HostSystem.h"
 #include "tests/library/LibraryProject.h"
 #include "tests/library/ScratchFolder.h"
@@ -17,30 +19,25 @@ using library_tests::BareProject;
 using library_tests::ResultOf;
 using library_tests::ScratchFolder;
 
-constexpr int flowInducedStress = 3;
-constexpr int insertFiberMaterial = 12;
-constexpr int available = 1;
-constexpr int noRsf = -7;
-
 TEST(FileNames, DifferingInCaseAreFoundWhereTheSystemFindsThem) {
     const ScratchFolder folder;
     AddFile("RUN01/COVER01.RSF");
-    EXPECT_EQ(ResultOf(BareProject("Run01"), flowInducedStress),
-              host_system::ignoresCaseOfNames ? available : noRsf);
+    EXPECT_EQ(ResultOf(BareProject("Run01"), kItemFlowInducedStress),
+              host_system::ignoresCaseOfNames ? kResultAvailable : kResultNoRsf);
 }
 
 TEST(FileNames, AnExtensionInCapitalsIsFoundWhereTheSystemFindsIt) {
     const ScratchFolder folder;
     AddFile("Run01/Cover01.RSF");
-    EXPECT_EQ(ResultOf(BareProject("Run01"), flowInducedStress),
-              host_system::ignoresCaseOfNames ? available : noRsf);
+    EXPECT_EQ(ResultOf(BareProject("Run01"), kItemFlowInducedStress),
+              host_system::ignoresCaseOfNames ? kResultAvailable : kResultNoRsf);
 }
 
 TEST(FileNames, AShotFileDifferingInCaseIsReadWhereTheSystemFindsIt) {
     const ScratchFolder folder;
     AddFile("Run01/COVER01.CMX", "<SOLID_MCM>\nFlagPrevShot=1\nValueShotRunID=2\n</SOLID_MCM>\n");
     AddFile("Run02/Cover02.k5o");
-    EXPECT_EQ(ResultOf(BareProject("Run01\\"), insertFiberMaterial) == available,
+    EXPECT_EQ(ResultOf(BareProject("Run01\\"), kItemInsertFiberMaterial) == kResultAvailable,
               host_system::ignoresCaseOfNames);
 }
 
@@ -58,9 +55,10 @@ TEST_P(FolderSeparators, AllLeadToTheRun) {
     CZorbI2EngineManager manager;
     manager.CreateEngine(&project);
 
-    EXPECT_EQ(manager.GetProjectResults(flowInducedStress), available);
-    EXPECT_EQ(manager.GetProjectResults(0), available);  // through the result reader
-    EXPECT_EQ(manager.GetProjectResults(insertFiberMaterial), available);
+    EXPECT_EQ(manager.GetProjectResults(kItemFlowInducedStress), kResultAvailable);
+    EXPECT_EQ(manager.GetProjectResults(kItemFiberOrientation),
+              kResultAvailable);  // through the result reader
+    EXPECT_EQ(manager.GetProjectResults(kItemInsertFiberMaterial), kResultAvailable);
 }
 
 INSTANTIATE_TEST_SUITE_P(Folders, FolderSeparators,

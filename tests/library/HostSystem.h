@@ -21,7 +21,7 @@ extern const char* const localeOfNames;
 std::string NarrowName(const std::u8string& name);
 
 /// What the debugger shows of a name that the library traces in a process of the C locale: on POSIX
-/// each byte of the name is a letter of its own.
+/// each byte of the name is a character of its own.
 std::wstring TracedName(const std::u8string& name);
 
 /// What the process has in use on its heaps, in bytes.

@@ -68,7 +68,7 @@ std::string NarrowName(const std::u8string& name) {
         WideCharToMultiByte(CP_ACP, 0, wide.c_str(), static_cast<int>(wide.size()), narrow.data(),
                             static_cast<int>(narrow.size()), nullptr, &hasForeignLetters);
     if (hasForeignLetters) {
-        throw std::runtime_error("the system code page lacks a letter of the name");
+        throw std::runtime_error("the system code page lacks a character of the name");
     }
     narrow.resize(length);
     return narrow;

@@ -15,7 +15,7 @@ struct Replacement {
     const char* name;
     const char* reader;   // the library that takes the place
     const char* k5oText;  // what the bundled reader would go by
-    const char* answer;   // result code of item 0
+    const char* answer;   // result code of the fiber orientation
 };
 
 // Where another reader answers, the file says the opposite.

@@ -1,6 +1,8 @@
 // Trace lines as the debugger gets them.
 #include <gtest/gtest.h>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/library/HostSystem.h"
 #include "tests/library/LibraryProject.h"
 #include "tests/library/ScratchFolder.h"
@@ -15,7 +17,6 @@ using library_tests::ScratchFolder;
 using Lines = std::vector<std::wstring>;
 
 constexpr int injectionCompression = 6;
-constexpr int missing = -19;
 
 TEST(Trace, TellsWhatIsMissingInTheOrderOfTheTests) {
     const ScratchFolder folder;
@@ -25,7 +26,8 @@ TEST(Trace, TellsWhatIsMissingInTheOrderOfTheTests) {
     manager.CreateEngine(&project);
 
     const DebuggerOutput debugger;
-    for (const int itemId : {0, 4, 8, 12}) {
+    for (const int itemId : {kItemFiberOrientation, kItemThermalStress, kItemPackingTemperature,
+                             kItemInsertFiberMaterial}) {
         manager.GetProjectResults(itemId);
     }
 
@@ -47,7 +49,7 @@ TEST(Trace, TellsOfFiberFilesWithoutFiberResults) {
     AddFile("Run01/Cover01.o2w");
     const DebuggerOutput debugger;
 
-    EXPECT_EQ(ResultOf(BareProject("Run01"), 0), -1);
+    EXPECT_EQ(ResultOf(BareProject("Run01"), kItemFiberOrientation), kResultNoFiberResults);
 
     EXPECT_EQ(debugger.lines, (Lines{L"@@@ I2Engine Fiber Orientation Results SOLID",
                                      L"@@@ I2Engine  HasFiber=false"}));
@@ -59,19 +61,19 @@ TEST(Trace, TellsOfFiberResultsWithoutFiles) {
     project.flags[CZorbFEAInformation::kHasFiber] = 1;
     const DebuggerOutput debugger;
 
-    EXPECT_EQ(ResultOf(project, 0), -2);
+    EXPECT_EQ(ResultOf(project, kItemFiberOrientation), kResultNoO2w);
 
     EXPECT_EQ(debugger.lines, (Lines{L"@@@ I2Engine Fiber Orientation Results SOLID",
                                      L"@@@ I2Engine .o2w/.k5 file not exist"}));
 }
 
-TEST(Trace, NamesTheVoxelMeshWithTwoBlanks) {
+TEST(Trace, NamesTheVoxelMeshWithTwoSpaces) {
     const ScratchFolder folder;
     CZorbFEAInformation project = BareProject("Run01");
     project.voxelFlag = 1;
     const DebuggerOutput debugger;
 
-    EXPECT_EQ(ResultOf(project, 4), -6);
+    EXPECT_EQ(ResultOf(project, kItemThermalStress), kResultNoK5w);
 
     EXPECT_EQ(debugger.lines, Lines{L"@@@ ZorbI2Engine GetThermalStressResults  OstraMesh = true"});
 }
@@ -82,7 +84,8 @@ TEST(Trace, FollowsTheShotFileToThePreviousShot) {
             "<SOLID_MCM>\nFlagPrevShot = 1\nValueShotRunID = 2\n</SOLID_MCM>\n");
     const DebuggerOutput debugger;
 
-    EXPECT_EQ(ResultOf(BareProject("Run01\\"), 12), missing);
+    EXPECT_EQ(ResultOf(BareProject("Run01\\"), kItemInsertFiberMaterial),
+              kResultNoInsertFiberResults);
 
     EXPECT_EQ(debugger.lines, (Lines{L"@@@ Engine read cmx file", L"Run01\\Cover01.cmx",
                                      L"@@@ I2Engine .cmx file FlagPrevShot=1",
@@ -99,23 +102,23 @@ TEST(Trace, CreationTracesTheChecksInTheOrderOfTheCatalogue) {
 
     EXPECT_EQ(debugger.lines,
               (Lines{
-                  L"@@@ I2Engine Fiber Orientation Results SOLID",  // item 15
+                  L"@@@ I2Engine Fiber Orientation Results SOLID",  // micromechanics
                   L"@@@ I2Engine HasFiber=false and .o2w/.k5o file not exist",
-                  L"@@@ I2Engine Fiber Orientation Results SOLID",  // item 0
+                  L"@@@ I2Engine Fiber Orientation Results SOLID",  // fiber orientation
                   L"@@@ I2Engine HasFiber=false and .o2w/.k5o file not exist",
-                  L"@@@ Engine read cmx file",  // item 12
+                  L"@@@ Engine read cmx file",  // insert fiber material
                   L"Run01\\Cover01.cmx", L"@@@ I2Engine .cmx file FlagPrevShot=0",
-                  L"@@@ ZorbI2Engine GetThermalStressResults OstraMesh = false",  // item 4
+                  L"@@@ ZorbI2Engine GetThermalStressResults OstraMesh = false",  // thermal stress
               }));
 }
 
 TEST(Trace, ChangesNoResult) {
     const ScratchFolder folder;
     AddFile("Run01/Cover01.o2w");
-    const int untold = ResultOf(BareProject("Run01"), 0);
+    const int untold = ResultOf(BareProject("Run01"), kItemFiberOrientation);
     const DebuggerOutput debugger;
-    EXPECT_EQ(ResultOf(BareProject("Run01"), 0), untold);
-    EXPECT_EQ(untold, -1);
+    EXPECT_EQ(ResultOf(BareProject("Run01"), kItemFiberOrientation), untold);
+    EXPECT_EQ(untold, kResultNoFiberResults);
 }
 
 }  // namespace

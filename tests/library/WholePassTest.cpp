@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/library/HostSystem.h"
 #include "tests/library/LibraryProject.h"
 #include "tests/library/ScratchFolder.h"
@@ -68,7 +70,7 @@ TEST(WholePass, LeavesNoMemoryBehind) {
             whole_pass::WriteControlFile(whole_pass::Project(runFolder), ".");
         }
     };
-    makePasses();  // the runtime fills its own stocks
+    makePasses();  // the runtime keeps memory of its own
 
     const std::size_t before = host_system::HeapBytesInUse();
     makePasses();
@@ -78,9 +80,6 @@ TEST(WholePass, LeavesNoMemoryBehind) {
 }
 
 TEST(WholePass, EverySolverAndMeshKindWritesItsOwnFile) {
-    const char* const keywords[kSolverCount] = {"ANSYS",     "ABAQUS",  "MSCNASTRAN",
-                                                "NENASTRAN", "LSDYNA",  "MARC",
-                                                "NXNASTRAN", "RADIOSS", "WORKBENCH"};
     const ScratchFolder folder;
     AddExampleWithoutShotFile();
     CZorbFEAInformation project = whole_pass::Project(runFolder);
@@ -90,13 +89,14 @@ TEST(WholePass, EverySolverAndMeshKindWritesItsOwnFile) {
     manager.CreateCMIAccess();
     manager.SetCMIFileFullPath(".", "Cover", 2, "cmi");
     for (int solver = 0; solver < kSolverCount; ++solver) {
-        for (int meshKind = 0; meshKind < 4; ++meshKind) {
+        for (int meshKind = 0; meshKind <= kMesh3DMappingShell; ++meshKind) {
             manager.SetEngineCurrentStatus(solver, meshKind, 0, 0);
             manager.SetPopItems();
             manager.SetItemsValue();
             manager.WriteCMIFile(0);
             const std::string text = BytesOf("Cover02.cmi");
-            EXPECT_NE(text.find(std::string("[") + keywords[solver] + "_EOF]"), std::string::npos)
+            EXPECT_NE(text.find(std::string("[") + kSolverKeywords[solver] + "_EOF]"),
+                      std::string::npos)
                 << solver << " " << meshKind;
         }
     }
@@ -112,7 +112,7 @@ TEST(WholePass, TwoManagersDoNotMeet) {
     EXPECT_TRUE(whole_pass::WriteControlFile(whole_pass::Project(runFolder), "."));
 
     EXPECT_EQ(BytesOf("Cover02.cmi"), ExpectedControlFile());
-    EXPECT_EQ(manager.GetProjectResults(3), -7);
+    EXPECT_EQ(manager.GetProjectResults(kItemFlowInducedStress), kResultNoRsf);
 }
 
 }  // namespace

@@ -3,22 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <stdexcept>
+#include <string>
+#include <typeinfo>
 #include <vector>
+
+#include "tests/support/Errors.h"
+
+using support::kInvalidSubscript;
 
 namespace {
 
-/// The error text of an access; empty when it gives an element.
+/// The error text of an access.
 template <typename List>
 std::string ErrorOf(List& list, std::int32_t position) {
-    try {
-        platform::CheckedElement(list, position);
-    } catch (const std::out_of_range& error) {
-        return error.what();
-    }
-    return {};
+    return support::OutOfRangeText([&] { platform::CheckedElement(list, position); });
 }
-
-constexpr const char* invalidSubscript = "invalid vector<T> subscript";
 
 }  // namespace
 
@@ -33,26 +33,26 @@ TEST(CheckedElement, GivesTheElementItself) {
 TEST(CheckedElement, GivesElementsOfAConstantListForReading) {
     const std::vector<int> list = {10, 20};
     EXPECT_EQ(&platform::CheckedElement(list, 1), &list[1]);
-    EXPECT_EQ(ErrorOf(list, 2), invalidSubscript);
+    EXPECT_EQ(ErrorOf(list, 2), kInvalidSubscript);
 }
 
 TEST(CheckedElement, RefusesThePositionAfterTheLast) {
     std::vector<int> list = {10, 20, 30};
-    EXPECT_EQ(ErrorOf(list, 2), "");
-    EXPECT_EQ(ErrorOf(list, 3), invalidSubscript);
-    EXPECT_EQ(ErrorOf(list, std::numeric_limits<std::int32_t>::max()), invalidSubscript);
+    EXPECT_EQ(platform::CheckedElement(list, 2), 30);
+    EXPECT_EQ(ErrorOf(list, 3), kInvalidSubscript);
+    EXPECT_EQ(ErrorOf(list, std::numeric_limits<std::int32_t>::max()), kInvalidSubscript);
 }
 
 TEST(CheckedElement, RefusesNegativePositions) {
     std::vector<int> list = {10, 20, 30};
-    EXPECT_EQ(ErrorOf(list, -1), invalidSubscript);
-    EXPECT_EQ(ErrorOf(list, std::numeric_limits<std::int32_t>::min()), invalidSubscript);
+    EXPECT_EQ(ErrorOf(list, -1), kInvalidSubscript);
+    EXPECT_EQ(ErrorOf(list, std::numeric_limits<std::int32_t>::min()), kInvalidSubscript);
 }
 
 TEST(CheckedElement, RefusesEveryPositionOfAnEmptyList) {
     std::vector<int> list;
-    EXPECT_EQ(ErrorOf(list, 0), invalidSubscript);
-    EXPECT_EQ(ErrorOf(list, -1), invalidSubscript);
+    EXPECT_EQ(ErrorOf(list, 0), kInvalidSubscript);
+    EXPECT_EQ(ErrorOf(list, -1), kInvalidSubscript);
 }
 
 TEST(CheckedElement, ErrorIsExactlyTheStandardOutOfRangeError) {
@@ -62,5 +62,6 @@ TEST(CheckedElement, ErrorIsExactlyTheStandardOutOfRangeError) {
         FAIL() << "no error";
     } catch (const std::exception& error) {
         EXPECT_EQ(typeid(error), typeid(std::out_of_range));
+        EXPECT_STREQ(error.what(), "invalid vector<T> subscript");
     }
 }

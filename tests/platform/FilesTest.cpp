@@ -61,7 +61,7 @@ TEST(PathExists, MissesWhatIsNotThere) {
     EXPECT_FALSE(platform::PathExists(""));
 }
 
-TEST(PathExists, FindsAFileByAPathWithBlanksAndUmlauts) {
+TEST(PathExists, FindsAFileByAPathWithSpacesAndUmlauts) {
     const support::TemporaryFolder folder;
     const std::string path = folder.EnginePath("Geh\xe4use neu.k5o");
     EXPECT_FALSE(platform::PathExists(path));

@@ -14,7 +14,7 @@ constexpr std::array<const char*, 4> hostLocales = {
 
 }  // namespace
 
-TEST(Text, UpperCasesAsciiLettersOnly) {
+TEST(Text, UpperCasesAsciiCharactersOnly) {
     EXPECT_EQ(platform::UpperCased(".k5o\xe4"), ".K5O\xe4");
     EXPECT_EQ(platform::UpperCased(""), "");
     EXPECT_EQ(platform::UpperCased("`az{@AZ[09"), "`AZ{@AZ[09");

@@ -86,7 +86,7 @@ TEST(ResultReader, FailsOnAFileThatDoesNotStartWithANumber) {
     EXPECT_EQ(ReadFileOf(":1004"), failure);
 }
 
-TEST(ResultReader, FailsOnALeadingBlankOrSign) {
+TEST(ResultReader, FailsOnALeadingSpaceOrSign) {
     for (const char* bytes : {" 1004", "\t1004", "\n1004", "+1004", "-1004", ".5"}) {
         EXPECT_EQ(ReadFileOf(bytes), failure) << bytes;
     }

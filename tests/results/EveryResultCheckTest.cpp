@@ -1,10 +1,12 @@
-// Every availability check in every situation that it can tell apart, against the table of rules.
+// Every availability check in every situation that it can tell apart, against the expected tables.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <limits>
+
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/results/ExpectedChecks.h"
 #include "tests/results/WatchedRun.h"
@@ -13,10 +15,9 @@ namespace {
 
 using expected::Situation;
 
-constexpr std::array<std::int32_t, 4> solverTypes = {0, 1, 2, -1};
+constexpr std::array<std::int32_t, 4> solverTypes = {kSolidProject, kShellProject, 2, -1};
 constexpr std::array<std::int32_t, 4> voxelFlags = {0, 1, 2, 257};
-constexpr std::array<std::size_t, 5> flagPositions = {11, 12, 13, 14, 16};
-constexpr unsigned flagCombinations = 1U << flagPositions.size();
+constexpr unsigned flagCombinations = 1U << expected::factFlags.size();
 
 /// What the engine does and leaves behind, in the form of expected::Transcript.
 std::vector<std::string> EngineTranscript(std::int32_t itemId, const Situation& situation) {
@@ -49,14 +50,14 @@ void ExpectAsRuled(std::int32_t itemId, const Situation& situation) {
 }
 
 void SetFlags(Situation& situation, unsigned combination) {
-    for (std::size_t i = 0; i < flagPositions.size(); ++i) {
-        situation.info.flags[flagPositions[i]] = (combination >> i) & 1U;
+    for (std::size_t i = 0; i < expected::factFlags.size(); ++i) {
+        situation.info.flags[expected::factFlags[i]] = (combination >> i) & 1U;
     }
 }
 
 std::string InUpperCase(std::string extension) {
     std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](char letter) { return static_cast<char>(std::toupper(letter)); });
+                   [](char character) { return static_cast<char>(std::toupper(character)); });
     return extension;
 }
 
@@ -120,7 +121,8 @@ struct ReaderOutcome {
 
 /// Only a check of a solid project's fiber orientation asks the reader.
 std::vector<ReaderOutcome> ReaderOutcomes(std::int32_t itemId, std::int32_t solverType) {
-    if ((itemId != 0 && itemId != 15) || solverType != 0) {
+    if ((itemId != kItemFiberOrientation && itemId != kItemMicroMechanics) ||
+        solverType != kSolidProject) {
         return {{0, 1004}};
     }
     return {{0, 1003}, {0, 1004}, {0, 1005}, {0, -1}, {1, 1003}, {1, 1004}, {1, 1005}, {-1, 1004}};
@@ -128,7 +130,7 @@ std::vector<ReaderOutcome> ReaderOutcomes(std::int32_t itemId, std::int32_t solv
 
 /// Only the check of a solid project's packing temperature asks for the project type.
 std::vector<std::int32_t> ProjectTypes(std::int32_t itemId, std::int32_t solverType) {
-    if (itemId != 8 || solverType != 0) {
+    if (itemId != kItemPackingTemperature || solverType != kSolidProject) {
         return {0};
     }
     return {0, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 260};
@@ -186,7 +188,7 @@ TEST_P(EveryResultCheck, ReadsNoOtherFlagAndNoCarriedField) {
 
 TEST_P(EveryResultCheck, TakesAnyFlagByteButZeroForYes) {
     for (const std::int32_t solverType : solverTypes) {
-        for (const std::size_t position : flagPositions) {
+        for (const std::size_t position : expected::factFlags) {
             for (const unsigned char value : std::array<unsigned char, 3>{2, 128, 255}) {
                 Situation situation;
                 situation.info.solverType = solverType;
@@ -211,7 +213,8 @@ TEST_P(EveryResultCheck, GoesOnWithoutDebugFilesThatCannotBeCreated) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, EveryResultCheck, testing::Range<std::int32_t>(0, 22), ItemName);
+INSTANTIATE_TEST_SUITE_P(All, EveryResultCheck, testing::Range<std::int32_t>(0, kItemCount),
+                         ItemName);
 
 TEST(EveryPreviousShotCheck, AnswersAndActsAsRuled) {
     struct ShotFile {
@@ -251,9 +254,10 @@ TEST(EveryPreviousShotCheck, AnswersAndActsAsRuled) {
                 for (const bool hasK5o : {false, true}) {
                     situation.previousRunHasK5o = hasK5o;
                     situation.info.projectFolder = "D:\\Proj\\Run03\\";
-                    ASSERT_NO_FATAL_FAILURE(ExpectAsRuledWithAllFilesAndFlags(12, situation));
+                    ASSERT_NO_FATAL_FAILURE(
+                        ExpectAsRuledWithAllFilesAndFlags(kItemInsertFiberMaterial, situation));
                     situation.info.projectFolder = "D:\\Proj\\Run03";
-                    ASSERT_NO_FATAL_FAILURE(ExpectAsRuled(12, situation));
+                    ASSERT_NO_FATAL_FAILURE(ExpectAsRuled(kItemInsertFiberMaterial, situation));
                 }
             }
         }
@@ -263,14 +267,14 @@ TEST(EveryPreviousShotCheck, AnswersAndActsAsRuled) {
 TEST(ItemWithoutCheck, GivesTheFixedCodeAndTouchesNothing) {
     constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
     constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-    for (const std::int32_t itemId :
-         {17, -1, -11, -21, 22, 23, 256, 260, 65536, largest, smallest, smallest + 4}) {
+    for (const std::int32_t itemId : {kItemDigimatMucell, -1, -11, -21, kItemCount, kItemCount + 1,
+                                      256, 260, 65536, largest, smallest, smallest + 4}) {
         for (const std::int32_t solverType : solverTypes) {
             WatchedRun run;
             run.info.projectFolder = "D:\\Proj\\Run03";
             run.info.solverType = solverType;
             std::fill(std::begin(run.info.flags), std::end(run.info.flags), 1);
-            EXPECT_EQ(run.Check(itemId), -11) << itemId;
+            EXPECT_EQ(run.Check(itemId), kResultNoCheck) << itemId;
             EXPECT_EQ(run.Events(), std::vector<std::string>{}) << itemId;
             EXPECT_EQ(run.info.projectFolder, "D:\\Proj\\Run03") << itemId;
         }

@@ -5,172 +5,287 @@
 #include <sstream>
 #include <stdexcept>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "tests/results/WatchedRun.h"
 
 namespace expected {
 
 namespace {
 
-/// Facts that must hold ("+") or must not ("-"), then what the check does, and its result code.
-///
-/// Facts: solid, shell (project kinds); fiber, runners, moldbase, insert, angle (flags 11, 12, 13,
-/// 14, 16); voxel (an Ostra mesh); icm (an injection-compression project); version (the reader
-/// opens the file and its version suffices); prevshot (the shot file's flag is 1); prevk5o (the
-/// previous run has its file); an extension (the run has that result file).
-///
-/// Steps: "test .ext" looks for a result file, "version" asks the result reader, "shot file" reads
-/// the shot file, "test previous" looks for the previous run's file, "trace TEXT", "create FILE"
-/// opens a debug file, "write TEXT" writes to it, "close" closes it.
-struct Rule {
-    std::vector<std::int32_t> items;
-    std::vector<std::string> facts;
-    std::vector<std::string> steps;
-    std::int32_t code;
+// ---- The table ----------------------------------------------------------------------------------
+
+/// What is true of a situation, besides the result files that the run has.
+enum class Fact {
+    solid,  ///< kinds of project; there are projects of neither kind
+    shell,
+    ostraMesh,
+    icm,     ///< an injection-compression project
+    fibers,  ///< flags of the record
+    runners,
+    moldbase,
+    insert,
+    meetingAngle,
+    newEnough,         ///< the result reader opens the file and finds a version that suffices
+    previousShot,      ///< the shot file's flag is 1
+    previousShotsK5o,  ///< the run that the shot file names has its file
+};
+using enum Fact;
+
+/// A result file of the run.
+struct File {
+    const char* extension;
+};
+using Files = std::vector<File>;
+
+constexpr File crp{".crp"};
+constexpr File k5c{".k5c"};
+constexpr File k5f{".k5f"};
+constexpr File k5o{".k5o"};
+constexpr File k5p{".k5p"};
+constexpr File k5s{".k5s"};
+constexpr File k5w{".k5w"};
+constexpr File o2w{".o2w"};
+constexpr File rsc{".rsc"};
+constexpr File rsf{".rsf"};
+constexpr File rsg{".rsg"};
+constexpr File rso{".rso"};
+constexpr File rsp{".rsp"};
+constexpr File rsr{".rsr"};
+
+/// A fact that holds or a file that exists; with "!" before it, one that does not.
+struct Condition {
+    Condition(Fact of) : fact(of) {}
+    Condition(File of) : file(of) {}
+
+    Fact fact{};
+    File file{nullptr};  ///< without an extension: the condition is about the fact
+    bool isWanted = true;
 };
 
-constexpr const char* solidFiber = "trace @@@ I2Engine Fiber Orientation Results SOLID";
-constexpr const char* noFiberNorFile =
-    "trace @@@ I2Engine HasFiber=false and .o2w/.k5o file not exist";
-constexpr const char* noFiber = "trace @@@ I2Engine  HasFiber=false";
-constexpr const char* noFiberFile = "trace @@@ I2Engine .o2w/.k5 file not exist";
-constexpr const char* thermalPlain =
-    "trace @@@ ZorbI2Engine GetThermalStressResults OstraMesh = false";
-constexpr const char* thermalVoxel =
-    "trace @@@ ZorbI2Engine GetThermalStressResults  OstraMesh = true";
-constexpr const char* icmNoK5p =
-    "trace @@@ I2Engine ICM project \"Packing Temperature Results\" no .k5p file";
-constexpr const char* icmNoK5f =
-    "trace @@@ I2Engine ICM project \"Packing Temperature Results\" no .k5f file";
-constexpr const char* prevShot0 = "trace @@@ I2Engine .cmx file FlagPrevShot=0";
-constexpr const char* prevShot1 = "trace @@@ I2Engine .cmx file FlagPrevShot=1";
-constexpr const char* noPreviousK5o = "trace @@@ I2Engine does not have .k5o file";
-constexpr const char* thermalFile = "create ThermalTest.txt";
-constexpr const char* thermalText = "write FileExt = .k5w\nChkResult = 0";
-constexpr const char* strainFile = "create ShellIniStrain.txt";
-
-// clang-format off
-const std::vector<Rule>& Rules() {
-    static const std::vector<Rule> rules = {
-    // Fiber orientation
-    {{0, 15}, {"+solid", "+fiber", "+.o2w"},
-        {solidFiber, "test .o2w", "test .k5o", "version"}, 1},
-    {{0, 15}, {"+solid", "+fiber", "-.o2w", "+.k5o", "+version"},
-        {solidFiber, "test .o2w", "test .k5o", "version"}, 1},
-    {{0, 15}, {"+solid", "+fiber", "-.o2w", "+.k5o", "-version"},
-        {solidFiber, "test .o2w", "test .k5o", "version", noFiberFile}, -2},
-    {{0, 15}, {"+solid", "+fiber", "-.o2w", "-.k5o"},
-        {solidFiber, "test .o2w", "test .k5o", "version", noFiberFile}, -2},
-    {{0, 15}, {"+solid", "-fiber", "+.o2w"},
-        {solidFiber, "test .o2w", "test .k5o", "version", noFiber}, -1},
-    {{0, 15}, {"+solid", "-fiber", "-.o2w", "+.k5o", "+version"},
-        {solidFiber, "test .o2w", "test .k5o", "version", noFiber}, -1},
-    {{0, 15}, {"+solid", "-fiber", "-.o2w", "+.k5o", "-version"},
-        {solidFiber, "test .o2w", "test .k5o", "version", noFiberNorFile}, 0},
-    {{0, 15}, {"+solid", "-fiber", "-.o2w", "-.k5o"},
-        {solidFiber, "test .o2w", "test .k5o", "version", noFiberNorFile}, 0},
-    {{0, 11, 15}, {"+shell", "+fiber", "+.rso"}, {"test .rso"},  1},
-    {{0, 11, 15}, {"+shell", "+fiber", "-.rso"}, {"test .rso"}, -1},
-    {{0, 11, 15}, {"+shell", "-fiber"},          {"test .rso"}, -1},
-    {{0, 15}, {"-solid", "-shell"}, {}, 1},
-    {{11},    {"-shell"},           {}, 1},
-    // Runners, moldbase
-    {{1}, {"+runners"},  {},   1},
-    {{1}, {"-runners"},  {},  -3},
-    {{2}, {"+moldbase"}, {},   1},
-    {{2}, {"-moldbase"}, {}, -15},
-    // Flow-induced stress
-    {{3}, {"+.rsf"}, {"test .rsf"},  1},
-    {{3}, {"-.rsf"}, {"test .rsf"}, -7},
-    // Thermal stress
-    {{4}, {"-voxel", "+.k5w"}, {thermalPlain, "test .k5w"}, 1},
-    {{4}, {"+voxel", "+.k5w"}, {thermalVoxel, "test .k5w"}, 1},
-    {{4}, {"-voxel", "-.k5w"},
-        {thermalPlain, "test .k5w", thermalFile, "test .k5w", thermalText, "close"}, -6},
-    {{4}, {"+voxel", "-.k5w"},
-        {thermalVoxel, "test .k5w", thermalFile, "test .k5w", thermalText, "close"}, -6},
-    // Initial strain
-    {{5}, {"+solid", "+.k5f"}, {"test .k5f"},  1},
-    {{5}, {"+solid", "-.k5f"}, {"test .k5f"}, -8},
-    {{5}, {"+shell", "-.rsp", "-.rsg", "-.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 0RSG = 0RSR = 0File = 0", "close"}, -8},
-    {{5}, {"+shell", "-.rsp", "-.rsg", "+.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 0RSG = 0RSR = 1File = 1", "close"}, 1},
-    {{5}, {"+shell", "-.rsp", "+.rsg", "-.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 0RSG = 1RSR = 0File = 1", "close"}, 1},
-    {{5}, {"+shell", "-.rsp", "+.rsg", "+.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 0RSG = 1RSR = 1File = 1", "close"}, 1},
-    {{5}, {"+shell", "+.rsp", "-.rsg", "-.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 1RSG = 0RSR = 0File = 1", "close"}, 1},
-    {{5}, {"+shell", "+.rsp", "-.rsg", "+.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 1RSG = 0RSR = 1File = 1", "close"}, 1},
-    {{5}, {"+shell", "+.rsp", "+.rsg", "-.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 1RSG = 1RSR = 0File = 1", "close"}, 1},
-    {{5}, {"+shell", "+.rsp", "+.rsg", "+.rsr"}, {"test .rsp", "test .rsg", "test .rsr", strainFile,
-        "write RSP = 1RSG = 1RSR = 1File = 1", "close"}, 1},
-    {{5}, {"-solid", "-shell"}, {}, 1},
-    // Part insert flow pressure, moldbase pressure, moldbase temperature
-    {{6},  {"+insert", "+.k5f"},   {"test .k5f"},   1},
-    {{6},  {"+insert", "-.k5f"},   {"test .k5f"}, -14},
-    {{6},  {"-insert", "+.k5f"},   {"test .k5f"}, -14},
-    {{6},  {"-insert", "-.k5f"},   {"test .k5f"}, -13},
-    {{7},  {"+moldbase", "+.k5f"}, {"test .k5f"},   1},
-    {{7},  {"+moldbase", "-.k5f"}, {"test .k5f"}, -16},
-    {{7},  {"-moldbase", "+.k5f"}, {"test .k5f"}, -15},
-    {{7},  {"-moldbase", "-.k5f"}, {"test .k5f"}, -16},
-    {{10}, {"+moldbase", "+.k5c"}, {"test .k5c"},   1},
-    {{10}, {"+moldbase", "-.k5c"}, {"test .k5c"}, -18},
-    {{10}, {"-moldbase", "+.k5c"}, {"test .k5c"}, -15},
-    {{10}, {"-moldbase", "-.k5c"}, {"test .k5c"}, -17},
-    // Packing temperature
-    {{8}, {"+solid", "+.k5p"},         {"test .k5p"},  1},
-    {{8}, {"+solid", "-icm", "-.k5p"}, {"test .k5p"}, -9},
-    {{8}, {"+solid", "+icm", "-.k5p", "+.k5f"}, {"test .k5p", icmNoK5p, "test .k5f"}, 1},
-    {{8}, {"+solid", "+icm", "-.k5p", "-.k5f"},
-        {"test .k5p", icmNoK5p, "test .k5f", icmNoK5f}, -9},
-    {{8}, {"+shell", "+.rsp"}, {"test .rsp", "test .rsg", "test .rsr"}, 1},
-    {{8}, {"+shell", "-.rsp", "+.rsg"}, {"test .rsp", "test .rsg", "test .rsr"}, 1},
-    {{8}, {"+shell", "-.rsp", "-.rsg", "+.rsr"}, {"test .rsp", "test .rsg", "test .rsr"}, 1},
-    {{8}, {"+shell", "-.rsp", "-.rsg", "-.rsr"}, {"test .rsp", "test .rsg", "test .rsr"}, -9},
-    {{8}, {"-solid", "-shell"}, {}, 1},
-    // End-of-cooling temperature
-    {{9}, {"+solid", "+.k5c"}, {"test .k5c"},   1},
-    {{9}, {"+solid", "-.k5c"}, {"test .k5c"}, -18},
-    {{9}, {"-solid", "+.rsc"}, {"test .rsc"},   1},
-    {{9}, {"-solid", "-.rsc"}, {"test .rsc"}, -18},
-    // Part insert from a previous shot
-    {{12}, {"-prevshot"},             {"shot file", prevShot0}, -19},
-    {{12}, {"+prevshot", "+prevk5o"}, {"shot file", prevShot1, "test previous"}, 1},
-    {{12}, {"+prevshot", "-prevk5o"}, {"shot file", prevShot1, "test previous", noPreviousK5o}, -19},
-    // Density, weld lines
-    {{13}, {"+.k5f"}, {"test .k5f"},  1},
-    {{13}, {"-.k5f"}, {"test .k5f"}, -8},
-    {{14, 16}, {"-.k5f"},           {"test .k5f"},  -8},
-    {{14, 16}, {"+.k5f", "+angle"}, {"test .k5f"},   1},
-    {{14, 16}, {"+.k5f", "-angle"}, {"test .k5f"}, -24},
-    // Digimat fiber
-    {{18}, {"-shell", "+.crp"},          {"test .crp", "test .k5o"},   1},
-    {{18}, {"-shell", "-.crp", "+.k5o"}, {"test .crp", "test .k5o"},   1},
-    {{18}, {"-shell", "-.crp", "-.k5o"}, {"test .crp", "test .k5o"}, -10},
-    {{18}, {"+shell", "+.crp"},          {"test .crp", "test .k5o", "test .rso"}, 1},
-    {{18}, {"+shell", "-.crp", "+.k5o"}, {"test .crp", "test .k5o", "test .rso"}, 1},
-    {{18}, {"+shell", "-.crp", "-.k5o", "+.rso"}, {"test .crp", "test .k5o", "test .rso"}, -23},
-    {{18}, {"+shell", "-.crp", "-.k5o", "-.rso"}, {"test .crp", "test .k5o", "test .rso"}, -10},
-    // Digimat stress, Digimat temperature
-    {{19}, {"+.rsf"},          {"test .rsf"},                1},
-    {{19}, {"-.rsf", "+.k5w"}, {"test .rsf", "test .k5w"},   1},
-    {{19}, {"-.rsf", "-.k5w"}, {"test .rsf", "test .k5w"}, -25},
-    {{20}, {"+.k5p"},          {"test .k5p"},                1},
-    {{20}, {"-.k5p", "+.k5c"}, {"test .k5p", "test .k5c"},   1},
-    {{20}, {"-.k5p", "-.k5c"}, {"test .k5p", "test .k5c"}, -26},
-    // Annealing stress
-    {{21}, {"+.k5s"}, {"test .k5s"},   1},
-    {{21}, {"-.k5s"}, {"test .k5s"}, -27},
-    };
-    return rules;
+Condition operator!(Fact fact) {
+    Condition condition(fact);
+    condition.isWanted = false;
+    return condition;
 }
+
+Condition operator!(File file) {
+    Condition condition(file);
+    condition.isWanted = false;
+    return condition;
+}
+
+struct DebugFile {
+    const char* name = nullptr;  ///< null: none is written
+    const char* text = nullptr;
+    Files looksFor = {};  ///< once more, while it is open
+};
+
+/// What a check does besides looking for result files, in the order in which it does it.
+struct Steps {
+    bool readsShotFile = false;
+    const char* firstTrace = nullptr;
+    // Here it looks for the result files.
+    bool asksReader = false;
+    bool looksForPreviousK5o = false;
+    const char* nextTrace = nullptr;
+    Files thenLooksFor = {};
+    DebugFile debugFile = {};
+    const char* lastTrace = nullptr;
+};
+
+/// One answer of a check.
+struct Answer {
+    std::vector<Condition> when;
+    ResultCode code;
+    Files looksFor;
+    Steps steps = {};
+};
+
+struct Check {
+    std::vector<std::int32_t> items;
+    std::vector<Answer> answers;
+};
+
+constexpr const char* solidFiber = "@@@ I2Engine Fiber Orientation Results SOLID";
+constexpr const char* noFiberNorFile = "@@@ I2Engine HasFiber=false and .o2w/.k5o file not exist";
+constexpr const char* noFiber = "@@@ I2Engine  HasFiber=false";
+constexpr const char* noFiberFile = "@@@ I2Engine .o2w/.k5 file not exist";
+constexpr const char* thermalPlain = "@@@ ZorbI2Engine GetThermalStressResults OstraMesh = false";
+constexpr const char* thermalOstra = "@@@ ZorbI2Engine GetThermalStressResults  OstraMesh = true";
+constexpr const char* icmNoK5p =
+    "@@@ I2Engine ICM project \"Packing Temperature Results\" no .k5p file";
+constexpr const char* icmNoK5f =
+    "@@@ I2Engine ICM project \"Packing Temperature Results\" no .k5f file";
+constexpr const char* prevShot0 = "@@@ I2Engine .cmx file FlagPrevShot=0";
+constexpr const char* prevShot1 = "@@@ I2Engine .cmx file FlagPrevShot=1";
+constexpr const char* noPreviousK5o = "@@@ I2Engine does not have .k5o file";
+
+DebugFile ShellIniStrain(const char* text) {
+    return {.name = "ShellIniStrain.txt", .text = text};
+}
+
+const DebugFile thermalTest = {
+    .name = "ThermalTest.txt", .text = "FileExt = .k5w\nChkResult = 0", .looksFor = {k5w}};
+
+/// In every situation, one answer of an item applies. An item without a check has none.
+// clang-format off
+const std::vector<Check> checks = {
+    //   when                                      code                          looks for, in order
+    {{kItemFiberOrientation, kItemMicroMechanics}, {
+        {{solid, fibers, o2w},                     kResultAvailable,             {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true}},
+        {{solid, fibers, !o2w, k5o, newEnough},    kResultAvailable,             {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true}},
+        {{solid, fibers, !o2w, k5o, !newEnough},   kResultNoO2w,                 {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true, .lastTrace = noFiberFile}},
+        {{solid, fibers, !o2w, !k5o},              kResultNoO2w,                 {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true, .lastTrace = noFiberFile}},
+        {{solid, !fibers, o2w},                    kResultNoFiberResults,        {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true, .lastTrace = noFiber}},
+        {{solid, !fibers, !o2w, k5o, newEnough},   kResultNoFiberResults,        {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true, .lastTrace = noFiber}},
+        {{solid, !fibers, !o2w, k5o, !newEnough},  kResultNoFiberResultsNorO2w,  {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true, .lastTrace = noFiberNorFile}},
+        {{solid, !fibers, !o2w, !k5o},             kResultNoFiberResultsNorO2w,  {o2w, k5o},
+            {.firstTrace = solidFiber, .asksReader = true, .lastTrace = noFiberNorFile}},
+    }},
+    {{kItemFiberOrientation, kItemDigimatExport, kItemMicroMechanics}, {
+        {{shell, fibers, rso},                     kResultAvailable,             {rso}},
+        {{shell, fibers, !rso},                    kResultNoFiberResults,        {rso}},
+        {{shell, !fibers},                         kResultNoFiberResults,        {rso}},
+    }},
+    {{kItemFiberOrientation, kItemMicroMechanics}, {
+        {{!solid, !shell},                         kResultAvailable,             {}},
+    }},
+    {{kItemDigimatExport}, {
+        {{!shell},                                 kResultAvailable,             {}},
+    }},
+    {{kItemRunner}, {
+        {{runners},                                kResultAvailable,             {}},
+        {{!runners},                               kResultNoRunners,             {}},
+    }},
+    {{kItemMoldbaseMesh}, {
+        {{moldbase},                               kResultAvailable,             {}},
+        {{!moldbase},                              kResultNoMoldbase,            {}},
+    }},
+    {{kItemFlowInducedStress}, {
+        {{rsf},                                    kResultAvailable,             {rsf}},
+        {{!rsf},                                   kResultNoRsf,                 {rsf}},
+    }},
+    {{kItemThermalStress}, {
+        {{!ostraMesh, k5w},                        kResultAvailable,             {k5w},
+            {.firstTrace = thermalPlain}},
+        {{ostraMesh, k5w},                         kResultAvailable,             {k5w},
+            {.firstTrace = thermalOstra}},
+        {{!ostraMesh, !k5w},                       kResultNoK5w,                 {k5w},
+            {.firstTrace = thermalPlain, .debugFile = thermalTest}},
+        {{ostraMesh, !k5w},                        kResultNoK5w,                 {k5w},
+            {.firstTrace = thermalOstra, .debugFile = thermalTest}},
+    }},
+    {{kItemInitialStrain}, {
+        {{solid, k5f},                             kResultAvailable,             {k5f}},
+        {{solid, !k5f},                            kResultNoK5f,                 {k5f}},
+        {{shell, !rsp, !rsg, !rsr},                kResultNoK5f,                 {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 0RSG = 0RSR = 0File = 0")}},
+        {{shell, !rsp, !rsg, rsr},                 kResultAvailable,             {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 0RSG = 0RSR = 1File = 1")}},
+        {{shell, !rsp, rsg, !rsr},                 kResultAvailable,             {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 0RSG = 1RSR = 0File = 1")}},
+        {{shell, !rsp, rsg, rsr},                  kResultAvailable,             {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 0RSG = 1RSR = 1File = 1")}},
+        {{shell, rsp, !rsg, !rsr},                 kResultAvailable,             {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 1RSG = 0RSR = 0File = 1")}},
+        {{shell, rsp, !rsg, rsr},                  kResultAvailable,             {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 1RSG = 0RSR = 1File = 1")}},
+        {{shell, rsp, rsg, !rsr},                  kResultAvailable,             {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 1RSG = 1RSR = 0File = 1")}},
+        {{shell, rsp, rsg, rsr},                   kResultAvailable,             {rsp, rsg, rsr},
+            {.debugFile = ShellIniStrain("RSP = 1RSG = 1RSR = 1File = 1")}},
+        {{!solid, !shell},                         kResultAvailable,             {}},
+    }},
+    {{kItemInsertFlowPressure}, {
+        {{insert, k5f},                            kResultAvailable,             {k5f}},
+        {{insert, !k5f},                           kResultNoInsert,              {k5f}},
+        {{!insert, k5f},                           kResultNoInsert,              {k5f}},
+        {{!insert, !k5f},                          kResultNoInsertNorK5f,        {k5f}},
+    }},
+    {{kItemMoldbasePressure}, {
+        {{moldbase, k5f},                          kResultAvailable,             {k5f}},
+        {{moldbase, !k5f},                         kResultNoMoldbaseNorK5f,      {k5f}},
+        {{!moldbase, k5f},                         kResultNoMoldbase,            {k5f}},
+        {{!moldbase, !k5f},                        kResultNoMoldbaseNorK5f,      {k5f}},
+    }},
+    {{kItemMoldbaseTemperature}, {
+        {{moldbase, k5c},                          kResultAvailable,             {k5c}},
+        {{moldbase, !k5c},                         kResultNoK5c,                 {k5c}},
+        {{!moldbase, k5c},                         kResultNoMoldbase,            {k5c}},
+        {{!moldbase, !k5c},                        kResultNoMoldbaseNorK5c,      {k5c}},
+    }},
+    {{kItemPackingTemperature}, {
+        {{solid, k5p},                             kResultAvailable,             {k5p}},
+        {{solid, !icm, !k5p},                      kResultNoK5p,                 {k5p}},
+        {{solid, icm, !k5p, k5f},                  kResultAvailable,             {k5p},
+            {.nextTrace = icmNoK5p, .thenLooksFor = {k5f}}},
+        {{solid, icm, !k5p, !k5f},                 kResultNoK5p,                 {k5p},
+            {.nextTrace = icmNoK5p, .thenLooksFor = {k5f}, .lastTrace = icmNoK5f}},
+        {{shell, rsp},                             kResultAvailable,             {rsp, rsg, rsr}},
+        {{shell, !rsp, rsg},                       kResultAvailable,             {rsp, rsg, rsr}},
+        {{shell, !rsp, !rsg, rsr},                 kResultAvailable,             {rsp, rsg, rsr}},
+        {{shell, !rsp, !rsg, !rsr},                kResultNoK5p,                 {rsp, rsg, rsr}},
+        {{!solid, !shell},                         kResultAvailable,             {}},
+    }},
+    {{kItemEndOfCoolingTemperature}, {
+        {{solid, k5c},                             kResultAvailable,             {k5c}},
+        {{solid, !k5c},                            kResultNoK5c,                 {k5c}},
+        {{!solid, rsc},                            kResultAvailable,             {rsc}},
+        {{!solid, !rsc},                           kResultNoK5c,                 {rsc}},
+    }},
+    {{kItemInsertFiberMaterial}, {
+        {{!previousShot},                          kResultNoInsertFiberResults,  {},
+            {.readsShotFile = true, .firstTrace = prevShot0}},
+        {{previousShot, previousShotsK5o},         kResultAvailable,             {},
+            {.readsShotFile = true, .firstTrace = prevShot1, .looksForPreviousK5o = true}},
+        {{previousShot, !previousShotsK5o},        kResultNoInsertFiberResults,  {},
+            {.readsShotFile = true, .firstTrace = prevShot1, .looksForPreviousK5o = true,
+             .lastTrace = noPreviousK5o}},
+    }},
+    {{kItemDensity}, {
+        {{k5f},                                    kResultAvailable,             {k5f}},
+        {{!k5f},                                   kResultNoK5f,                 {k5f}},
+    }},
+    {{kItemWeldLine, kItemDigimatWeldLine}, {
+        {{!k5f},                                   kResultNoK5f,                 {k5f}},
+        {{k5f, meetingAngle},                      kResultAvailable,             {k5f}},
+        {{k5f, !meetingAngle},                     kResultNoMeetingAngle,        {k5f}},
+    }},
+    {{kItemDigimatFiber}, {
+        {{!shell, crp},                            kResultAvailable,             {crp, k5o}},
+        {{!shell, !crp, k5o},                      kResultAvailable,             {crp, k5o}},
+        {{!shell, !crp, !k5o},                     kResultNoMediCrp,             {crp, k5o}},
+        {{shell, crp},                             kResultAvailable,             {crp, k5o, rso}},
+        {{shell, !crp, k5o},                       kResultAvailable,             {crp, k5o, rso}},
+        {{shell, !crp, !k5o, rso},                 kResultNoDigimatInformation,  {crp, k5o, rso}},
+        {{shell, !crp, !k5o, !rso},                kResultNoMediCrp,             {crp, k5o, rso}},
+    }},
+    {{kItemDigimatStress}, {
+        {{rsf},                                    kResultAvailable,             {rsf}},
+        {{!rsf, k5w},                              kResultAvailable,             {rsf, k5w}},
+        {{!rsf, !k5w},                             kResultNeitherRsfNorK5w,      {rsf, k5w}},
+    }},
+    {{kItemDigimatTemperature}, {
+        {{k5p},                                    kResultAvailable,             {k5p}},
+        {{!k5p, k5c},                              kResultAvailable,             {k5p, k5c}},
+        {{!k5p, !k5c},                             kResultNeitherK5pNorK5c,      {k5p, k5c}},
+    }},
+    {{kItemAnnealingStress}, {
+        {{k5s},                                    kResultAvailable,             {k5s}},
+        {{!k5s},                                   kResultNoK5s,                 {k5s}},
+    }},
+};
 // clang-format on
 
-constexpr std::int32_t codeWithoutCheck = -11;
+// ---- What of it applies -------------------------------------------------------------------------
 
 constexpr const char* namePrefix = "D:\\Proj\\Run03\\Cover03";
 
@@ -179,60 +294,96 @@ bool IsInjectionCompression(std::int32_t projectType) {
     return types.count(projectType) != 0;
 }
 
-// clang-format off
-bool Holds(const std::string& fact, const Situation& situation) {
-    using Test = bool (*)(const Situation&);
-    static const std::map<std::string, Test> tests = {
-        {"solid",    [](const Situation& s) { return s.info.solverType == 0; }},
-        {"shell",    [](const Situation& s) { return s.info.solverType == 1; }},
-        {"fiber",    [](const Situation& s) { return s.info.flags[11] != 0; }},
-        {"runners",  [](const Situation& s) { return s.info.flags[12] != 0; }},
-        {"moldbase", [](const Situation& s) { return s.info.flags[13] != 0; }},
-        {"insert",   [](const Situation& s) { return s.info.flags[14] != 0; }},
-        {"angle",    [](const Situation& s) { return s.info.flags[16] != 0; }},
-        {"voxel",    [](const Situation& s) { return s.info.voxelFlag == 1; }},
-        {"icm",      [](const Situation& s) { return IsInjectionCompression(s.info.projectType); }},
-        {"version",  [](const Situation& s) { return s.beginResult == 0 && s.version >= 1004; }},
-        {"prevshot", [](const Situation& s) { return s.flagPrevShotAfter == 1; }},
-        {"prevk5o",  [](const Situation& s) { return s.previousRunHasK5o; }},
-    };
-    return fact[0] == '.' ? situation.files.count(fact) != 0 : tests.at(fact)(situation);
-}
-// clang-format on
-
-bool Applies(const Rule& rule, const Situation& situation) {
-    return std::all_of(rule.facts.begin(), rule.facts.end(), [&](const std::string& fact) {
-        return Holds(fact.substr(1), situation) == (fact[0] == '+');
-    });
+bool HasFlag(const Situation& situation, std::size_t position) {
+    return situation.info.flags[position] != 0;
 }
 
-const std::vector<const Rule*>& RulesAbout(std::int32_t itemId) {
-    static std::map<std::int32_t, std::vector<const Rule*>> byItem;
+bool Holds(Fact fact, const Situation& situation) {
+    switch (fact) {
+        case solid:
+            return situation.info.solverType == kSolidProject;
+        case shell:
+            return situation.info.solverType == kShellProject;
+        case ostraMesh:
+            return situation.info.voxelFlag == 1;
+        case icm:
+            return IsInjectionCompression(situation.info.projectType);
+        case fibers:
+            return HasFlag(situation, CZorbFEAInformation::kHasFiber);
+        case runners:
+            return HasFlag(situation, CZorbFEAInformation::kHasRunners);
+        case moldbase:
+            return HasFlag(situation, CZorbFEAInformation::kHasMoldbase);
+        case insert:
+            return HasFlag(situation, CZorbFEAInformation::kHasInsertedPart);
+        case meetingAngle:
+            return HasFlag(situation, CZorbFEAInformation::kHasMeetingAngle);
+        case newEnough:
+            return situation.beginResult == 0 && situation.version >= 1004;
+        case previousShot:
+            return situation.flagPrevShotAfter == 1;
+        case previousShotsK5o:
+            return situation.previousRunHasK5o;
+    }
+    throw std::logic_error("a fact without a meaning");
+}
+
+bool Holds(const Condition& condition, const Situation& situation) {
+    const char* const extension = condition.file.extension;
+    const bool holds = extension != nullptr ? situation.files.count(extension) != 0
+                                            : Holds(condition.fact, situation);
+    return holds == condition.isWanted;
+}
+
+bool Applies(const Answer& answer, const Situation& situation) {
+    return std::all_of(answer.when.begin(), answer.when.end(),
+                       [&](const Condition& condition) { return Holds(condition, situation); });
+}
+
+const std::vector<const Answer*>& AnswersAbout(std::int32_t itemId) {
+    static std::map<std::int32_t, std::vector<const Answer*>> byItem;
     if (byItem.empty()) {
-        for (const Rule& rule : Rules()) {
-            for (const std::int32_t item : rule.items) {
-                byItem[item].push_back(&rule);
+        for (const Check& check : checks) {
+            for (const std::int32_t item : check.items) {
+                for (const Answer& answer : check.answers) {
+                    byItem[item].push_back(&answer);
+                }
             }
         }
     }
     return byItem[itemId];
 }
 
-/// The one rule that applies; null for an item that has no rules.
-const Rule* RuleFor(std::int32_t itemId, const Situation& situation) {
-    const std::vector<const Rule*>& rules = RulesAbout(itemId);
-    const auto applies = [&](const Rule* rule) { return Applies(*rule, situation); };
-    const auto found = std::find_if(rules.begin(), rules.end(), applies);
-    if (!rules.empty() && std::count_if(found, rules.end(), applies) != 1) {
-        throw std::logic_error("not one rule applies: " + Described(situation));
-    }
-    return rules.empty() ? nullptr : *found;
+/// The one answer that applies; of an item without a check, the code that says so.
+const Answer& AnswerFor(std::int32_t itemId, const Situation& situation) {
+    static const Answer withoutCheck = {{}, kResultNoCheck, {}};
+    const std::vector<const Answer*>& answers = AnswersAbout(itemId);
+    if (answers.empty())
+        return withoutCheck;
+    const auto applies = [&](const Answer* answer) { return Applies(*answer, situation); };
+    if (std::count_if(answers.begin(), answers.end(), applies) != 1)
+        throw std::logic_error("not one answer applies: " + Described(situation));
+    return **std::find_if(answers.begin(), answers.end(), applies);
 }
 
+/// Whether the answer may apply in a project of that kind.
+bool IsOfKind(const Answer& answer, std::int32_t solverType) {
+    Situation situation;
+    situation.info.solverType = solverType;
+    return std::all_of(answer.when.begin(), answer.when.end(), [&](const Condition& condition) {
+        const bool isAboutKind = condition.file.extension == nullptr &&
+                                 (condition.fact == solid || condition.fact == shell);
+        return !isAboutKind || Holds(condition, situation);
+    });
+}
+
+// ---- From an answer to what a watched platform notes
+// ------------------------------------------------
+
 std::string InUpperCase(std::string extension) {
-    for (char& letter : extension) {
-        if (letter >= 'a' && letter <= 'z')
-            letter = static_cast<char>(letter - 'a' + 'A');
+    for (char& character : extension) {
+        if (character >= 'a' && character <= 'z')
+            character = static_cast<char>(character - 'a' + 'A');
     }
     return extension;
 }
@@ -250,83 +401,76 @@ std::string PreviousPath(const Situation& situation) {
     return "D:\\Proj\\Run" + tag + "\\Cover" + tag + ".k5o";
 }
 
-/// Turns the steps of a rule into the events that a watched platform notes, and keeps what they
-/// change.
-class Performance {
-public:
-    explicit Performance(const Situation& situation)
-        : situation_(situation), folder_(situation.info.projectFolder) {}
+using Events = std::vector<std::string>;
 
-    void Do(const std::string& step) {
-        if (step.rfind("test .", 0) == 0) {
-            TestResultFile(step.substr(5));
-        } else if (step == "version") {
-            AskReader();
-        } else if (step == "shot file") {
-            ReadShotFile();
-        } else if (step == "test previous") {
-            Note("exists " + PreviousPath(situation_));
-        } else if (step.rfind("create ", 0) == 0) {
-            file_ = step.substr(7);
-            Note("open w " + file_);
-        } else if (step.rfind("write ", 0) == 0) {
-            text_ = step.substr(6);
-        } else if (step == "close") {
-            if (FileIsOpen())
-                Note("close " + file_);
-        } else {
-            Note(step);  // a trace line
-        }
+void AddTrace(const char* line, Events& events) {
+    if (line != nullptr)
+        events.push_back("trace " + std::string(line));
+}
+
+void AddLooks(const Files& files, const Situation& situation, Events& events) {
+    for (const File& file : files) {
+        events.push_back("exists " + ResultPath(file.extension, situation));
+        events.push_back("exists " + (namePrefix + InUpperCase(file.extension)));
     }
+}
 
-    std::vector<std::string> Finish(std::int32_t code) {
-        if (FileIsOpen())
-            Note("left in " + file_ + ": " + text_);
-        Note("folder " + folder_);
-        Note("flagPrevShot " + std::to_string(flagPrevShot_));
-        Note("valueShotRunID " + std::to_string(valueShotRunID_));
-        Note("code " + std::to_string(code));
-        return events_;
-    }
+void AddShotFile(const Situation& situation, Events& events) {
+    events.push_back("trace @@@ Engine read cmx file");
+    events.push_back("trace " + ShotFilePath(situation));
+    events.push_back("open r " + ShotFilePath(situation));
+}
 
-private:
-    void Note(const std::string& event) { events_.push_back(event); }
+void AddReader(Events& events) {
+    events.push_back("reader begin " + SystemPath(std::string(namePrefix) + ".k5o"));
+    events.push_back("reader version");
+    events.push_back("reader end");
+}
 
-    bool FileIsOpen() const {
-        return !file_.empty() && situation_.unwritableFiles.count(file_) == 0;
-    }
+bool IsWritten(const DebugFile& file, const Situation& situation) {
+    return file.name != nullptr && situation.unwritableFiles.count(file.name) == 0;
+}
 
-    void NormalizeFolder() { folder_ = "D:\\Proj\\Run03\\"; }
+void AddDebugFile(const DebugFile& file, const Situation& situation, Events& events) {
+    if (file.name != nullptr)
+        events.push_back("open w " + std::string(file.name));
+    AddLooks(file.looksFor, situation, events);
+    if (IsWritten(file, situation))
+        events.push_back("close " + std::string(file.name));
+}
 
-    void TestResultFile(const std::string& extension) {
-        NormalizeFolder();
-        Note("exists " + ResultPath(extension, situation_));
-        Note("exists " + (namePrefix + InUpperCase(extension)));
-    }
+Events EventsOf(const Answer& answer, const Situation& situation) {
+    const Steps& steps = answer.steps;
+    Events events;
+    if (steps.readsShotFile)
+        AddShotFile(situation, events);
+    AddTrace(steps.firstTrace, events);
+    AddLooks(answer.looksFor, situation, events);
+    if (steps.asksReader)
+        AddReader(events);
+    if (steps.looksForPreviousK5o)
+        events.push_back("exists " + PreviousPath(situation));
+    AddTrace(steps.nextTrace, events);
+    AddLooks(steps.thenLooksFor, situation, events);
+    AddDebugFile(steps.debugFile, situation, events);
+    AddTrace(steps.lastTrace, events);
+    return events;
+}
 
-    void AskReader() {
-        NormalizeFolder();
-        Note("reader begin " + SystemPath(std::string(namePrefix) + ".k5o"));
-        Note("reader version");
-        Note("reader end");
-    }
-
-    void ReadShotFile() {
-        Note("trace @@@ Engine read cmx file");
-        Note("trace " + ShotFilePath(situation_));
-        Note("open r " + ShotFilePath(situation_));
-        flagPrevShot_ = situation_.flagPrevShotAfter;
-        valueShotRunID_ = situation_.valueShotRunIDAfter;
-    }
-
-    const Situation& situation_;
-    std::vector<std::string> events_;
-    std::string folder_;
-    std::string file_;
-    std::string text_;
-    std::int32_t flagPrevShot_ = situation_.flagPrevShot;
-    std::int32_t valueShotRunID_ = situation_.valueShotRunID;
-};
+/// What is left in the end. The first look for a result file normalizes the folder.
+void AddRemains(const Answer& answer, const Situation& situation, Events& events) {
+    const DebugFile& debugFile = answer.steps.debugFile;
+    const bool wasRead = answer.steps.readsShotFile;
+    if (IsWritten(debugFile, situation))
+        events.push_back("left in " + std::string(debugFile.name) + ": " + debugFile.text);
+    events.push_back("folder " + (answer.looksFor.empty() ? situation.info.projectFolder
+                                                          : std::string("D:\\Proj\\Run03\\")));
+    events.push_back("flagPrevShot " + std::to_string(wasRead ? situation.flagPrevShotAfter
+                                                              : situation.flagPrevShot));
+    events.push_back("valueShotRunID " + std::to_string(wasRead ? situation.valueShotRunIDAfter
+                                                                : situation.valueShotRunID));
+    events.push_back("code " + std::to_string(answer.code));
+}
 
 }  // namespace
 
@@ -351,17 +495,13 @@ std::string ShotFilePath(const Situation& situation) {
 }
 
 std::set<std::string> ExtensionsLookedFor(std::int32_t itemId, std::int32_t solverType) {
-    const std::string kind = solverType == 0 ? "solid" : solverType == 1 ? "shell" : "other";
     std::set<std::string> extensions;
-    for (const Rule* rule : RulesAbout(itemId)) {
-        const bool isOfTheKind =
-            std::none_of(rule->facts.begin(), rule->facts.end(), [&](const std::string& fact) {
-                return fact == "-" + kind || (fact == "+solid" && kind != "solid") ||
-                       (fact == "+shell" && kind != "shell");
-            });
-        for (const std::string& step : rule->steps) {
-            if (isOfTheKind && step.rfind("test .", 0) == 0) {
-                extensions.insert(step.substr(5));
+    for (const Answer* answer : AnswersAbout(itemId)) {
+        if (IsOfKind(*answer, solverType)) {
+            for (const Files& files : {answer->looksFor, answer->steps.thenLooksFor}) {
+                for (const File& file : files) {
+                    extensions.insert(file.extension);
+                }
             }
         }
     }
@@ -369,14 +509,10 @@ std::set<std::string> ExtensionsLookedFor(std::int32_t itemId, std::int32_t solv
 }
 
 std::vector<std::string> Transcript(std::int32_t itemId, const Situation& situation) {
-    const Rule* rule = RuleFor(itemId, situation);
-    Performance performance(situation);
-    if (rule == nullptr)
-        return performance.Finish(codeWithoutCheck);
-    for (const std::string& step : rule->steps) {
-        performance.Do(step);
-    }
-    return performance.Finish(rule->code);
+    const Answer& answer = AnswerFor(itemId, situation);
+    Events events = EventsOf(answer, situation);
+    AddRemains(answer, situation, events);
+    return events;
 }
 
 std::string Described(const Situation& situation) {
@@ -384,7 +520,7 @@ std::string Described(const Situation& situation) {
     std::ostringstream text;
     text << "solver type " << info.solverType << ", project type " << info.projectType
          << ", voxel flag " << info.voxelFlag << ", flags";
-    for (const int position : {11, 12, 13, 14, 16}) {
+    for (const std::size_t position : factFlags) {
         text << ' ' << position << '=' << int{info.flags[position]};
     }
     text << ", files";

@@ -1,7 +1,9 @@
-// What each availability check must answer and do, as a table of rules: the expectation that the
-// tests hold the engine against. Shares nothing with the engine but the host's record.
+// What each availability check must answer and do, as a table: the expectation that the tests hold
+// the engine against. Shares nothing with the engine but the host's record.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -10,6 +12,9 @@
 #include <zorbi2/CZorbFEAInformation.h>
 
 namespace expected {
+
+/// Positions of the record's flags that a check may ask for.
+constexpr std::array<std::size_t, 5> factFlags = {11, 12, 13, 14, 16};
 
 /// All that tells one check of run 3 of the project "Cover" from another.
 struct Situation {

@@ -199,7 +199,7 @@ TEST(ShotFile, UnknownKeysAndTheVersionChangeNothing) {
     EXPECT_EQ(ReadBlock("Version=5\nFlagPrevShots=5\nFlagPrevSho=5\nShotRunID=5\n=5\n5\n"), before);
 }
 
-TEST(ShotFile, TrailingBlanksOfAKeyAreTrimmed) {
+TEST(ShotFile, TrailingSpacesOfAKeyAreTrimmed) {
     EXPECT_EQ(ReadBlock("FlagPrevShot   =1\nValueShotRunID =2\n"), (Values{1, 2}));
 }
 
@@ -208,11 +208,11 @@ TEST(ShotFile, OtherWhiteSpaceAfterAKeyIsNotTrimmed) {
     EXPECT_EQ(ReadBlock("FlagPrevShot\r=1\nValueShotRunID\v=2\n"), before);
 }
 
-TEST(ShotFile, LeadingBlanksOfAKeyAreNotTrimmed) {
+TEST(ShotFile, LeadingSpacesOfAKeyAreNotTrimmed) {
     EXPECT_EQ(ReadBlock(" FlagPrevShot=1\n\tValueShotRunID=2\n"), before);
 }
 
-TEST(ShotFile, KeyOfBlanksOnlyChangesNothing) {
+TEST(ShotFile, KeyOfSpacesOnlyChangesNothing) {
     EXPECT_EQ(ReadBlock("   =1\n"), before);
 }
 
@@ -264,10 +264,10 @@ TEST(ShotFile, EqualsSignsBetweenKeyAndValueCountAsOne) {
 }
 
 TEST(ShotFile, ValueIsCutAt255Characters) {
-    const std::string blanks(longestField - 2, ' ');
-    EXPECT_EQ(ReadBlock("ValueShotRunID=" + blanks + "12345\n"), (Values{before.flag, 12}));
-    EXPECT_EQ(ReadBlock("ValueShotRunID=" + blanks + " 12345\n"), (Values{before.flag, 1}));
-    EXPECT_EQ(ReadBlock("ValueShotRunID=" + blanks + "  12345\n"), before);
+    const std::string spaces(longestField - 2, ' ');
+    EXPECT_EQ(ReadBlock("ValueShotRunID=" + spaces + "12345\n"), (Values{before.flag, 12}));
+    EXPECT_EQ(ReadBlock("ValueShotRunID=" + spaces + " 12345\n"), (Values{before.flag, 1}));
+    EXPECT_EQ(ReadBlock("ValueShotRunID=" + spaces + "  12345\n"), before);
 }
 
 // ---- Fields that outlive their line -----------------------------------------------------------

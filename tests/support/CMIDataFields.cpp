@@ -4,6 +4,8 @@
 #include <sstream>
 #include <vector>
 
+#include <zorbi2/ZorbI2Types.h>
+
 namespace support {
 
 namespace {
@@ -36,7 +38,7 @@ void VisitHead(CZorbI2CMIData& data, FieldVisitor& visitor) {
     visitor.Number("Is3DMappingShell", data.Is3DMappingShell);
     visitor.Number("IsAnnealingDeformedMesh", data.IsAnnealingDeformedMesh);
     visitor.Number("IsDistributeModel", data.IsDistributeModel);
-    for (int itemId = 0; itemId < 22; ++itemId) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
         visitor.Number(Indexed("OutputFlags", itemId), data.OutputFlags[itemId]);
     }
     visitor.Number("IsDoDensityReduction", data.IsDoDensityReduction);

@@ -1,19 +1,22 @@
 #include "tests/support/ControlFileText.h"
 
+#include <algorithm>
 #include <cstddef>
+
+#include <zorbi2/ControlFileFormat.h>
 
 namespace support {
 
 namespace {
 
-/// Where the first line that starts with a key starts; the text's end without one.
+/// Where the first line with a key starts; the text's end without one.
 std::size_t StartOfLine(const std::string& text, const std::string& key, std::size_t from) {
     for (std::size_t start = from; start < text.size();) {
-        if (text.compare(start, key.size(), key) == 0) {
+        const std::size_t lineEnd = std::min(text.find('\n', start), text.size());
+        if (ControlFileKey(text.substr(start, lineEnd - start)) == key) {
             return start;
         }
-        const std::size_t lineEnd = text.find('\n', start);
-        start = lineEnd == std::string::npos ? text.size() : lineEnd + 1;
+        start = lineEnd + 1;
     }
     return text.size();
 }

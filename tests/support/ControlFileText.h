@@ -5,7 +5,7 @@
 
 namespace support {
 
-/// The first line that starts with a key, line end included; empty without one.
+/// The first line with a key (ControlFileKey), line end included; empty without one.
 std::string LineOf(const std::string& text, const std::string& key);
 
 /// What stands between the lines of the mesh and the density switch: the item lines.

@@ -2,13 +2,15 @@
 
 #include <memory>
 
+#include <zorbi2/ZorbI2Types.h>
+
 namespace support {
 
 FillInputs::FillInputs() {
-    for (std::int32_t itemId = 0; itemId < 22; ++itemId) {
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
         items[itemId] = std::make_unique<CZorbI2Item>();
         items[itemId]->itemId = itemId;
-        SetItem(itemId, false, 0, -2);
+        SetItem(itemId, false, 0, kOptionResultsMissing);
     }
     weldlineData.WeldlineAngles = {30.0, 60.0, 90.0};
     weldlineData.ReductionRates = {0.8, 0.9, 0.95};
@@ -23,9 +25,19 @@ void FillInputs::SetItem(std::int32_t itemId, bool isAvailable, std::int32_t che
 
 cmi::CMIDataSource FillInputs::Source() const {
     return {
-        items,      currentSolver, meshKind, quadraticElement, annealingMode, offeredProjectType,
-        solverType, projectType,   mapFile,  outFolder,        weldlineData,  digimatWeldlineAngle,
-        viewEdit,
+        .items = items,
+        .currentSolver = currentSolver,
+        .meshKind = meshKind,
+        .quadraticElement = quadraticElement,
+        .annealingMode = annealingMode,
+        .offeredProjectType = offeredProjectType,
+        .solverType = solverType,
+        .projectType = projectType,
+        .mapFile = mapFile,
+        .outFolder = outFolder,
+        .weldlineData = weldlineData,
+        .digimatWeldlineAngle = digimatWeldlineAngle,
+        .viewEdit = viewEdit,
     };
 }
 

@@ -6,12 +6,13 @@
 
 #include <zorbi2/CZorbI2Item.h>
 #include <zorbi2/CZorbI2WeldlineDataStatus.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "cmi/CMIDataFill.h"
 
 namespace support {
 
-/// Starts as a solid project under ANSYS with the original mesh, 22 items without results and
+/// Starts as a solid project under ANSYS with the original mesh, all items without results and
 /// weld-line data of 30, 60, 90 degrees and 0.8, 0.9, 0.95.
 struct FillInputs {
     FillInputs();
@@ -26,17 +27,17 @@ struct FillInputs {
     CZorbI2CMIData FilledBlock() const;
 
     ItemArray items;
-    std::int32_t currentSolver = 0;
-    std::int32_t meshKind = 0;
+    std::int32_t currentSolver = kSolverAnsys;
+    std::int32_t meshKind = kMeshOriginal;
     std::int32_t quadraticElement = 0;
     std::int32_t annealingMode = 0;
     std::int32_t offeredProjectType = 0;
-    std::int32_t solverType = 0;
+    std::int32_t solverType = kSolidProject;
     std::int32_t projectType = 0;
     std::string mapFile;
     std::string outFolder;
     CZorbI2WeldlineDataStatus weldlineData;
-    double digimatWeldlineAngle = 135.0;
+    double digimatWeldlineAngle = kDefaultDigimatWeldlineAngle;
     bool viewEdit = false;
 };
 

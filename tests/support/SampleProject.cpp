@@ -10,7 +10,7 @@ CZorbFEAInformation PlainProject(int solverType) {
     record.runNumber = 3;
     record.projectFolder = "D:\\Proj\\Run03\\";
     record.solverType = solverType;
-    record.flags[1] = 1;
+    record.flags[CZorbFEAInformation::kBuildCatalogue] = 1;
     return record;
 }
 
@@ -24,7 +24,7 @@ CZorbFEAInformation CompleteProject(int solverType) {
 
 CZorbFEAInformation ProjectWithoutCatalogue() {
     CZorbFEAInformation record = CompleteProject();
-    record.flags[1] = 0;
+    record.flags[CZorbFEAInformation::kBuildCatalogue] = 0;
     return record;
 }
 

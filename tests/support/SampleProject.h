@@ -5,16 +5,17 @@
 #include <zorbi2/CZorbI2Engine.h>
 #include <zorbi2/CZorbI2EngineManager.h>
 #include <zorbi2/PopItemSelector.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "tests/support/WatchedPlatform.h"
 
 namespace support {
 
 /// Project "Cover", run 3 in D:\Proj\Run03\, catalogue wanted; all other facts are false.
-CZorbFEAInformation PlainProject(int solverType = 0);
+CZorbFEAInformation PlainProject(int solverType = kSolidProject);
 
 /// The same with fibers, runners, moldbase, inserted part and meeting angles.
-CZorbFEAInformation CompleteProject(int solverType = 0);
+CZorbFEAInformation CompleteProject(int solverType = kSolidProject);
 
 /// A record that gives a bare engine.
 CZorbFEAInformation ProjectWithoutCatalogue();

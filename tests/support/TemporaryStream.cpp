@@ -1,5 +1,6 @@
 #include "tests/support/TemporaryStream.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <random>
 #include <stdexcept>
@@ -13,7 +14,7 @@ namespace {
 
 // tmpfile would put its files into the root folder of the drive, where users may not write and
 // other processes' files may have the same names.
-std::FILE* Open() {
+std::FILE* Open(std::size_t /*size*/) {
     static const std::string start =
         (std::filesystem::temp_directory_path() /
          ("zorbi2-test-" + std::to_string(std::random_device()()) + "-"))
@@ -25,19 +26,21 @@ std::FILE* Open() {
 
 #else
 
-std::FILE* Open() {
-    return std::tmpfile();
+// In memory: tests and fuzzing open streams by the thousand.
+std::FILE* Open(std::size_t size) {
+    return fmemopen(nullptr, size + 1, "w+");
 }
 
 #endif
 
 }  // namespace
 
-std::FILE* OpenTemporaryStream() {
-    std::FILE* const stream = Open();
-    if (stream == nullptr) {
-        throw std::runtime_error("the test cannot make a temporary file");
+std::FILE* OpenTemporaryStream(const std::string& bytes) {
+    std::FILE* const stream = Open(bytes.size());
+    if (stream == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), stream) != bytes.size()) {
+        throw std::runtime_error("the test cannot make a temporary stream");
     }
+    std::rewind(stream);
     return stream;
 }
 

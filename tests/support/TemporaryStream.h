@@ -1,11 +1,12 @@
-// A stream on a file that is gone when the stream is closed.
+// A stream on bytes that are gone when the stream is closed.
 #pragma once
 
 #include <cstdio>
+#include <string>
 
 namespace support {
 
-/// Opens an empty binary file for reading and writing; throws std::runtime_error without one.
-std::FILE* OpenTemporaryStream();
+/// Opens a binary stream at the start of the bytes; throws std::runtime_error without one.
+std::FILE* OpenTemporaryStream(const std::string& bytes);
 
 }  // namespace support

@@ -37,13 +37,10 @@ struct WatchedCalls {
         if (reading ? content == current->readable.end() : current->unwritable.count(path) != 0) {
             return nullptr;
         }
-        std::FILE* file = OpenTemporaryStream();
-        if (reading) {
-            std::fwrite(content->second.data(), 1, content->second.size(), file);
-            std::rewind(file);
-        } else {
+        if (!reading) {
             current->written[path].clear();
         }
+        std::FILE* file = OpenTemporaryStream(reading ? content->second : "");
         current->openPaths_[file] = path;
         return file;
     }
@@ -81,7 +78,7 @@ WatchedPlatform::~WatchedPlatform() {
     platform::CurrentCalls() = systemCalls_;
     current = nullptr;
     for (const auto& [file, path] : openPaths_) {
-        std::fclose(file);  // what the engine leaves open on purpose
+        std::fclose(file);  // which the engine deliberately leaves open
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include <zorbi2/ZorbI2Types.h>
+
 namespace whole_pass {
 
 namespace {

@@ -3,6 +3,8 @@
 
 #include <cstdio>
 
+#include <zorbi2/ZorbI2Types.h>
+
 #include "WholePass.h"
 
 int main(int count, char** arguments) {

@@ -1,5 +1,5 @@
-// A host that prints the result code of item 0 for run 1 of the project Cover in the current
-// folder.
+// A host that prints the result code of the fiber orientation for run 1 of the project Cover in the
+// current folder.
 #include <cstdio>
 
 #include <zorbi2/ZorbI2Engine.h>
@@ -13,6 +13,6 @@ int main() {
 
     CZorbI2EngineManager manager;
     manager.CreateEngine(&project);
-    std::printf("%d", manager.GetProjectResults(0));
+    std::printf("%d", manager.GetProjectResults(kItemFiberOrientation));
     return 0;
 }
