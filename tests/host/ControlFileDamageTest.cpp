@@ -7,13 +7,15 @@
 #include <string>
 #include <vector>
 
-#include "ControlFile.h"
 #include "tests/host/SampleControlFile.h"
 
 namespace {
 
+using samples::At;
+using samples::endOfFile;
 using samples::FaultsOf;
 using samples::Joined;
+using samples::LineOf;
 using samples::Lines;
 using samples::SampleLines;
 
@@ -30,36 +32,38 @@ void PrintTo(const DamagedFile& file, std::ostream* out) {
     *out << file.name;
 }
 
-// Line numbers count from 1, as in the messages.
+// ---- Damages, by the keys of lines --------------------------------------------------------------
 
-Damage Replace(std::size_t line, const std::string& text) {
-    return [=](Lines& lines) { lines[line - 1] = text; };
+Lines::iterator Find(Lines& lines, const std::string& key) {
+    return lines.begin() + static_cast<std::ptrdiff_t>(LineOf(key, lines) - 1);
 }
 
-Damage Remove(std::size_t first, std::size_t last) {
+Damage Replace(const std::string& key, const std::string& text) {
+    return [=](Lines& lines) { *Find(lines, key) = text; };
+}
+
+Damage Remove(const std::string& first, const std::string& last) {
+    return [=](Lines& lines) { lines.erase(Find(lines, first), Find(lines, last) + 1); };
+}
+
+Damage Remove(const std::string& key) {
+    return Remove(key, key);
+}
+
+Damage InsertBefore(const std::string& key, const Lines& texts) {
+    return [=](Lines& lines) { lines.insert(Find(lines, key), texts.begin(), texts.end()); };
+}
+
+Damage Swap(const std::string& left, const std::string& right) {
+    return [=](Lines& lines) { std::iter_swap(Find(lines, left), Find(lines, right)); };
+}
+
+/// Takes a line out and puts it before another one.
+Damage Move(const std::string& key, const std::string& before) {
     return [=](Lines& lines) {
-        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(first - 1),
-                    lines.begin() + static_cast<std::ptrdiff_t>(last));
-    };
-}
-
-Damage InsertBefore(std::size_t line, const Lines& texts) {
-    return [=](Lines& lines) {
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(line - 1), texts.begin(),
-                     texts.end());
-    };
-}
-
-Damage Swap(std::size_t left, std::size_t right) {
-    return [=](Lines& lines) { std::swap(lines[left - 1], lines[right - 1]); };
-}
-
-/// Takes a line out and puts it before another one; numbers as before.
-Damage Move(std::size_t from, std::size_t before) {
-    return [=](Lines& lines) {
-        const std::string text = lines[from - 1];
+        const std::string text = *Find(lines, key);
+        Remove(key)(lines);
         InsertBefore(before, {text})(lines);
-        Remove(from < before ? from : from + 1, from < before ? from : from + 1)(lines);
     };
 }
 
@@ -68,6 +72,26 @@ Damage Both(const Damage& first, const Damage& second) {
         first(lines);
         second(lines);
     };
+}
+
+// ---- Faults at several lines --------------------------------------------------------------------
+
+/// All on one line.
+Faults AllAt(const std::string& key, const Faults& messages) {
+    Faults faults;
+    for (const std::string& message : messages) {
+        faults.push_back(At(key, message));
+    }
+    return faults;
+}
+
+/// One on each line, the first where the line with the key stands in the sample.
+Faults FromLineOn(const std::string& key, const Faults& messages) {
+    Faults faults;
+    for (const std::string& message : messages) {
+        faults.push_back(At(key, static_cast<int>(faults.size()), message));
+    }
+    return faults;
 }
 
 class ControlFileDamage : public testing::TestWithParam<DamagedFile> {};
@@ -81,257 +105,230 @@ TEST_P(ControlFileDamage, IsFoundOnItsLine) {
 // clang-format off
 const DamagedFile damagedFiles[] = {
     // The text of a line
-    {"TitleMisspelt", Replace(1, "I2-Output Control Parameters File"),
-     {R"(1: expected "I2-Output Control Parameter File", found "I2-Output Control Parameters File")"}},
-    {"TitleMissing", Remove(1, 1),
-     {R"(1: "I2-Output Control Parameter File" is missing here)"}},
-    {"FileVersionOfAnotherFormat", Replace(2, "FileVersion = 9063"),
-     {R"(2: expected "FileVersion = 9064", found "FileVersion = 9063")"}},
-    {"FileVersionNoNumber", Replace(2, "FileVersion = V9064"),
-     {R"(2: expected "FileVersion = 9064", found "FileVersion = V9064")"}},
-    {"TagMisspelt", Replace(29, "[MAP DOMIAN]"),
-     {R"(29: expected "[MAP DOMAIN]", found "[MAP DOMIAN]")"}},
-    {"TagWithSlashInsteadOfBackslash", Replace(33, "[/MAP DOMAIN] "),
-     {R"(33: expected "[\MAP DOMAIN] ", found "[/MAP DOMAIN] ")"}},
-    {"ClosingTagWithoutItsBlank", Replace(33, "[\\MAP DOMAIN]"),
-     {R"(33: expected "[\MAP DOMAIN] ", found "[\MAP DOMAIN]")"}},
-    {"ClosingTagWithABlankTooMany", Replace(47, "[\\PARTINSERT MATERIAL REDUCTION] "),
-     {R"(47: expected "[\PARTINSERT MATERIAL REDUCTION]", found "[\PARTINSERT MATERIAL REDUCTION] ")"}},
-    {"OpeningTagWithATrailingBlank", Replace(3, "[HEADER] "),
-     {R"(3: expected "[HEADER]", found "[HEADER] ")"}},
-    {"SolverTagWithoutItsBlank", Replace(10, "[MSCNASTRAN]"),
-     {R"(10: expected "[SOLVER] ", found "[MSCNASTRAN]")"}},
-    {"KeyInAnotherCase", Replace(30, "segmentX = 80 (1~100)"),
-     {"30: expected \"SegmentX = N (1~100)\", found \"segmentX = 80 (1~100)\""}},
-    {"KeyIndented", Replace(30, " SegmentX = 80 (1~100)"),
-     {"30: expected \"SegmentX = N (1~100)\", found \" SegmentX = 80 (1~100)\""}},
-    {"NoBlankBeforeTheValue", Replace(30, "SegmentX =80 (1~100)"),
-     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX =80 (1~100)\""}},
-    {"TwoBlanksBeforeTheValue", Replace(30, "SegmentX =  80 (1~100)"),
-     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX =  80 (1~100)\""}},
-    {"PrintedRangeChanged", Replace(30, "SegmentX = 80 (1~200)"),
-     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX = 80 (1~200)\""}},
-    {"PrintedRangeMissing", Replace(30, "SegmentX = 80"),
-     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX = 80\""}},
-    {"TrailingBlank", Replace(30, "SegmentX = 80 (1~100) "),
-     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX = 80 (1~100) \""}},
-    {"ItemPaddedWithBlanksInsteadOfTabs", Replace(22, "DigimatWeldlineOutput =         0   (0:off,1:on)"),
-     {"22: expected \"DigimatWeldlineOutput =\\t\\tN   (0:off,1:on)\", found \"DigimatWeldlineOutput =         0   (0:off,1:on)\""}},
-    {"ItemPaddingTooShort", Replace(18, "IsRunnerOutput = 0   (0:off,1:on)"),
-     {"18: expected \"IsRunnerOutput =                N   (0:off,1:on)\", found \"IsRunnerOutput = 0   (0:off,1:on)\""}},
-    {"MapFileWithoutItsBlanks", Replace(5, "MapFile ="),
-     {R"(5: expected "MapFile = ...", found "MapFile =")"}},
-    {"MapFileWithOneBlank", Replace(5, "MapFile = "),
-     {R"(5: "MapFile": must be a blank, for the mesh is not mapped)"}},
+    {"TitleMisspelled", Replace("I2-Output Control Parameter File", "I2-Output Control Parameters File"),
+     {At("I2-Output Control Parameter File", R"(expected "I2-Output Control Parameter File", found "I2-Output Control Parameters File")")}},
+    {"TitleMissing", Remove("I2-Output Control Parameter File"),
+     {At("I2-Output Control Parameter File", R"("I2-Output Control Parameter File" is missing here)")}},
+    {"FileVersionOfAnotherFormat", Replace("FileVersion", "FileVersion = 9063"),
+     {At("FileVersion", R"(expected "FileVersion = 9064", found "FileVersion = 9063")")}},
+    {"FileVersionNoNumber", Replace("FileVersion", "FileVersion = V9064"),
+     {At("FileVersion", R"(expected "FileVersion = 9064", found "FileVersion = V9064")")}},
+    {"TagMisspelled", Replace("[MAP DOMAIN]", "[MAP DOMIAN]"),
+     {At("[MAP DOMAIN]", R"(expected "[MAP DOMAIN]", found "[MAP DOMIAN]")")}},
+    {"TagWithSlashInsteadOfBackslash", Replace("[\\MAP DOMAIN]", "[/MAP DOMAIN] "),
+     {At("[\\MAP DOMAIN]", R"(expected "[\MAP DOMAIN] ", found "[/MAP DOMAIN] ")")}},
+    {"ClosingTagWithoutItsSpace", Replace("[\\MAP DOMAIN]", "[\\MAP DOMAIN]"),
+     {At("[\\MAP DOMAIN]", R"(expected "[\MAP DOMAIN] ", found "[\MAP DOMAIN]")")}},
+    {"ClosingTagWithASpaceTooMany", Replace("[\\PARTINSERT MATERIAL REDUCTION]", "[\\PARTINSERT MATERIAL REDUCTION] "),
+     {At("[\\PARTINSERT MATERIAL REDUCTION]", R"(expected "[\PARTINSERT MATERIAL REDUCTION]", found "[\PARTINSERT MATERIAL REDUCTION] ")")}},
+    {"OpeningTagWithATrailingSpace", Replace("[HEADER]", "[HEADER] "),
+     {At("[HEADER]", R"(expected "[HEADER]", found "[HEADER] ")")}},
+    {"SolverTagWithoutItsSpace", Replace("[MSCNASTRAN]", "[MSCNASTRAN]"),
+     {At("[MSCNASTRAN]", R"(expected "[SOLVER] ", found "[MSCNASTRAN]")")}},
+    {"KeyInAnotherCase", Replace("SegmentX", "segmentX = 80 (1~100)"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"segmentX = 80 (1~100)\"")}},
+    {"KeyIndented", Replace("SegmentX", " SegmentX = 80 (1~100)"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \" SegmentX = 80 (1~100)\"")}},
+    {"NoSpaceBeforeTheValue", Replace("SegmentX", "SegmentX =80 (1~100)"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"SegmentX =80 (1~100)\"")}},
+    {"TwoSpacesBeforeTheValue", Replace("SegmentX", "SegmentX =  80 (1~100)"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"SegmentX =  80 (1~100)\"")}},
+    {"PrintedRangeChanged", Replace("SegmentX", "SegmentX = 80 (1~200)"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"SegmentX = 80 (1~200)\"")}},
+    {"PrintedRangeMissing", Replace("SegmentX", "SegmentX = 80"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"SegmentX = 80\"")}},
+    {"TrailingSpace", Replace("SegmentX", "SegmentX = 80 (1~100) "),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"SegmentX = 80 (1~100) \"")}},
+    {"ItemPaddedWithSpacesInsteadOfTabs", Replace("DigimatWeldlineOutput", "DigimatWeldlineOutput =         0   (0:off,1:on)"),
+     {At("DigimatWeldlineOutput", "expected \"DigimatWeldlineOutput =\\t\\tN   (0:off,1:on)\", found \"DigimatWeldlineOutput =         0   (0:off,1:on)\"")}},
+    {"ItemPaddingTooShort", Replace("IsRunnerOutput", "IsRunnerOutput = 0   (0:off,1:on)"),
+     {At("IsRunnerOutput", "expected \"IsRunnerOutput =                N   (0:off,1:on)\", found \"IsRunnerOutput = 0   (0:off,1:on)\"")}},
+    {"MapFileWithoutItsSpaces", Replace("MapFile", "MapFile ="),
+     {At("MapFile", R"(expected "MapFile = ...", found "MapFile =")")}},
+    {"MapFileWithOneSpace", Replace("MapFile", "MapFile = "),
+     {At("MapFile", R"("MapFile": must be a blank, for the mesh is not mapped)")}},
     // Values
-    {"SegmentBelowTheRange", Replace(30, "SegmentX = 0 (1~100)"),
-     {R"(30: "SegmentX" is 0; allowed is 1~100)"}},
-    {"SegmentAboveTheRange", Replace(32, "SegmentZ = 101 (1~100)"),
-     {R"(32: "SegmentZ" is 101; allowed is 1~100)"}},
-    {"ThetaSegmentAboveTheRange", Replace(36, "FiberThetaYSegment = 31 (1~30)"),
-     {R"(36: "FiberThetaYSegment" is 31; allowed is 1~30)"}},
-    {"StrengthSegmentAboveTheRange", Replace(38, "FiberStrengthXSegment = 21 (1~20)"),
-     {R"(38: "FiberStrengthXSegment" is 21; allowed is 1~20)"}},
-    {"InsertStrengthSegmentAboveTheRange", Replace(46, "FiberStrengthYSegment = 6 (1~5)"),
-     {R"(46: "FiberStrengthYSegment" is 6; allowed is 1~5)"}},
-    {"InsertThetaSegmentNegative", Replace(42, "FiberThetaXSegment = -8 (1~30)"),
-     {R"(42: "FiberThetaXSegment" is -8; allowed is 1~30)"}},
-    {"DensityReductionOfOne", Replace(49, "DensityReduction = 1 (2~10)"),
-     {R"(49: "DensityReduction" is 1; allowed is 2~10)"}},
-    {"DensityReductionAboveTheRange", Replace(49, "DensityReduction = 11 (2~10)"),
-     {R"(49: "DensityReduction" is 11; allowed is 2~10)"}},
-    {"DensityReductionOfZeroThoughOn", Replace(49, "DensityReduction = 0 (2~10)"),
-     {R"(49: "DensityReduction": must be 2 to 10, for density reduction is on)"}},
-    {"OnOffValueOfTwo", Replace(16, "IsViewEditModelMapping = 2 (0:off,1:on)"),
-     {R"(16: "IsViewEditModelMapping" is 2; allowed is 0:off,1:on)"}},
-    {"ItemValueOfTwo", Replace(18, "IsRunnerOutput =                2   (0:off,1:on)"),
-     {R"(18: "IsRunnerOutput" is 2; allowed is 0:off,1:on)"}},
-    {"ItemValueInWords", Replace(18, "IsRunnerOutput =                on   (0:off,1:on)"),
-     {"18: expected \"IsRunnerOutput =                N   (0:off,1:on)\", found \"IsRunnerOutput =                on   (0:off,1:on)\""}},
-    {"NumberWithPlusSign", Replace(6, "SolverType = +1"),
-     {R"(6: expected "SolverType = N", found "SolverType = +1")"}},
-    {"NumberWithLeadingZero", Replace(7, "ProjectType = 06"),
-     {R"(7: expected "ProjectType = N", found "ProjectType = 06")"}},
-    {"NumberWithDecimals", Replace(8, "QuadraticElement = 1.0 (0:off,1:on)"),
-     {"8: expected \"QuadraticElement = N (0:off,1:on)\", found \"QuadraticElement = 1.0 (0:off,1:on)\""}},
-    {"NumberMissing", Replace(7, "ProjectType = "),
-     {R"(7: expected "ProjectType = N", found "ProjectType = ")"}},
-    {"NumberTooLarge", Replace(7, "ProjectType = 2147483648"),
-     {R"(7: expected "ProjectType = N", found "ProjectType = 2147483648")"}},
-    {"CompositeModelUnknown", Replace(9, "IDCompositeModel = 3"),
-     {R"(9: "IDCompositeModel": must be 0 to 2, or -2 when results are missing)"}},
-    {"CompositeModelOfMinusOne", Replace(9, "IDCompositeModel = -1"),
-     {R"(9: "IDCompositeModel": must be 0 to 2, or -2 when results are missing)"}},
-    {"FirstAngleNotZero", Replace(52, "WeldlineAngle1 = 15.000"),
-     {R"(52: expected "WeldlineAngle1 = 0.000", found "WeldlineAngle1 = 15.000")"}},
-    {"AngleWithTwoDecimals", Replace(53, "WeldlineAngle2 = 30.00"),
-     {R"(53: expected "WeldlineAngle2 = N.NNN", found "WeldlineAngle2 = 30.00")"}},
-    {"AngleWithDecimalComma", Replace(53, "WeldlineAngle2 = 30,000"),
-     {R"(53: expected "WeldlineAngle2 = N.NNN", found "WeldlineAngle2 = 30,000")"}},
-    {"AngleWithExponent", Replace(53, "WeldlineAngle2 = 3e1"),
-     {R"(53: expected "WeldlineAngle2 = N.NNN", found "WeldlineAngle2 = 3e1")"}},
-    {"AngleNotANumber", Replace(58, "WeldlineAngle = nan"),
-     {R"(58: expected "WeldlineAngle = N.NNN", found "WeldlineAngle = nan")"}},
-    {"AngleInfinite", Replace(58, "WeldlineAngle = -inf"),
-     {R"(58: expected "WeldlineAngle = N.NNN", found "WeldlineAngle = -inf")"}},
-    {"RateWithoutAWholePart", Replace(61, "ReductionRate1 = .800"),
-     {R"(61: expected "ReductionRate1 = N.NNN", found "ReductionRate1 = .800")"}},
-    {"NulByteInAPath", Replace(4, std::string("OutFolder = D:\0x", 16)),
-     {R"(4: expected "OutFolder = ...", found "OutFolder = D:?x")"}},
-    {"ControlBytesAreNotEchoed", Replace(30, "SegmentX = \x1b[31m80 (1~100)"),
-     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentX = ?[31m80 (1~100)\""}},
+    {"SegmentBelowTheRange", Replace("SegmentX", "SegmentX = 0 (1~100)"),
+     {At("SegmentX", R"("SegmentX" is 0; allowed is 1~100)")}},
+    {"SegmentAboveTheRange", Replace("SegmentZ", "SegmentZ = 101 (1~100)"),
+     {At("SegmentZ", R"("SegmentZ" is 101; allowed is 1~100)")}},
+    {"ThetaSegmentAboveTheRange", Replace("[MATERIAL REDUCTION] FiberThetaYSegment", "FiberThetaYSegment = 31 (1~30)"),
+     {At("[MATERIAL REDUCTION] FiberThetaYSegment", R"("FiberThetaYSegment" is 31; allowed is 1~30)")}},
+    {"StrengthSegmentAboveTheRange", Replace("[MATERIAL REDUCTION] FiberStrengthXSegment", "FiberStrengthXSegment = 21 (1~20)"),
+     {At("[MATERIAL REDUCTION] FiberStrengthXSegment", R"("FiberStrengthXSegment" is 21; allowed is 1~20)")}},
+    {"InsertStrengthSegmentAboveTheRange", Replace("[PARTINSERT MATERIAL REDUCTION] FiberStrengthYSegment", "FiberStrengthYSegment = 6 (1~5)"),
+     {At("[PARTINSERT MATERIAL REDUCTION] FiberStrengthYSegment", R"("FiberStrengthYSegment" is 6; allowed is 1~5)")}},
+    {"InsertThetaSegmentNegative", Replace("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment", "FiberThetaXSegment = -8 (1~30)"),
+     {At("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment", R"("FiberThetaXSegment" is -8; allowed is 1~30)")}},
+    {"DensityReductionOfOne", Replace("DensityReduction", "DensityReduction = 1 (2~10)"),
+     {At("DensityReduction", R"("DensityReduction" is 1; allowed is 2~10)")}},
+    {"DensityReductionAboveTheRange", Replace("DensityReduction", "DensityReduction = 11 (2~10)"),
+     {At("DensityReduction", R"("DensityReduction" is 11; allowed is 2~10)")}},
+    {"DensityReductionOfZeroThoughOn", Replace("DensityReduction", "DensityReduction = 0 (2~10)"),
+     {At("DensityReduction", R"("DensityReduction": must be 2 to 10, for density reduction is on)")}},
+    {"OnOffValueOfTwo", Replace("IsViewEditModelMapping", "IsViewEditModelMapping = 2 (0:off,1:on)"),
+     {At("IsViewEditModelMapping", R"("IsViewEditModelMapping" is 2; allowed is 0:off,1:on)")}},
+    {"ItemValueOfTwo", Replace("IsRunnerOutput", "IsRunnerOutput =                2   (0:off,1:on)"),
+     {At("IsRunnerOutput", R"("IsRunnerOutput" is 2; allowed is 0:off,1:on)")}},
+    {"ItemValueInWords", Replace("IsRunnerOutput", "IsRunnerOutput =                on   (0:off,1:on)"),
+     {At("IsRunnerOutput", "expected \"IsRunnerOutput =                N   (0:off,1:on)\", found \"IsRunnerOutput =                on   (0:off,1:on)\"")}},
+    {"NumberWithPlusSign", Replace("SolverType", "SolverType = +1"),
+     {At("SolverType", R"(expected "SolverType = N", found "SolverType = +1")")}},
+    {"NumberWithLeadingZero", Replace("ProjectType", "ProjectType = 06"),
+     {At("ProjectType", R"(expected "ProjectType = N", found "ProjectType = 06")")}},
+    {"NumberWithDecimals", Replace("QuadraticElement", "QuadraticElement = 1.0 (0:off,1:on)"),
+     {At("QuadraticElement", "expected \"QuadraticElement = N (0:off,1:on)\", found \"QuadraticElement = 1.0 (0:off,1:on)\"")}},
+    {"NumberMissing", Replace("ProjectType", "ProjectType = "),
+     {At("ProjectType", R"(expected "ProjectType = N", found "ProjectType = ")")}},
+    {"NumberTooLarge", Replace("ProjectType", "ProjectType = 2147483648"),
+     {At("ProjectType", R"(expected "ProjectType = N", found "ProjectType = 2147483648")")}},
+    {"CompositeModelUnknown", Replace("IDCompositeModel", "IDCompositeModel = 3"),
+     {At("IDCompositeModel", R"("IDCompositeModel": must be 0 to 2, or -2 when results are missing)")}},
+    {"CompositeModelOfMinusOne", Replace("IDCompositeModel", "IDCompositeModel = -1"),
+     {At("IDCompositeModel", R"("IDCompositeModel": must be 0 to 2, or -2 when results are missing)")}},
+    {"FirstAngleNotZero", Replace("WeldlineAngle1", "WeldlineAngle1 = 15.000"),
+     {At("WeldlineAngle1", R"(expected "WeldlineAngle1 = 0.000", found "WeldlineAngle1 = 15.000")")}},
+    {"AngleWithTwoDecimals", Replace("WeldlineAngle2", "WeldlineAngle2 = 30.00"),
+     {At("WeldlineAngle2", R"(expected "WeldlineAngle2 = N.NNN", found "WeldlineAngle2 = 30.00")")}},
+    {"AngleWithDecimalComma", Replace("WeldlineAngle2", "WeldlineAngle2 = 30,000"),
+     {At("WeldlineAngle2", R"(expected "WeldlineAngle2 = N.NNN", found "WeldlineAngle2 = 30,000")")}},
+    {"AngleWithExponent", Replace("WeldlineAngle2", "WeldlineAngle2 = 3e1"),
+     {At("WeldlineAngle2", R"(expected "WeldlineAngle2 = N.NNN", found "WeldlineAngle2 = 3e1")")}},
+    {"AngleNotANumber", Replace("WeldlineAngle", "WeldlineAngle = nan"),
+     {At("WeldlineAngle", R"(expected "WeldlineAngle = N.NNN", found "WeldlineAngle = nan")")}},
+    {"AngleInfinite", Replace("WeldlineAngle", "WeldlineAngle = -inf"),
+     {At("WeldlineAngle", R"(expected "WeldlineAngle = N.NNN", found "WeldlineAngle = -inf")")}},
+    {"RateWithoutAWholePart", Replace("ReductionRate1", "ReductionRate1 = .800"),
+     {At("ReductionRate1", R"(expected "ReductionRate1 = N.NNN", found "ReductionRate1 = .800")")}},
+    {"NulByteInAPath", Replace("OutFolder", std::string("OutFolder = D:\0x", 16)),
+     {At("OutFolder", R"(expected "OutFolder = ...", found "OutFolder = D:?x")")}},
+    {"ControlBytesAreNotEchoed", Replace("SegmentX", "SegmentX = \x1b[31m80 (1~100)"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"SegmentX = ?[31m80 (1~100)\"")}},
     // Lines that contradict each other
-    {"SolverUnknown", Replace(10, "[FOO] "),
-     {R"(10: expected "[SOLVER] ", found "[FOO] ")"}},
-    {"SolverBlockClosedForAnother", Replace(27, "[ANSYS_EOF]"),
-     {R"(27: expected "[MSCNASTRAN_EOF]", found "[ANSYS_EOF]")"}},
-    {"SolverBlockOpenedForAnother", Replace(10, "[ABAQUS] "),
-     {R"(27: expected "[ABAQUS_EOF]", found "[MSCNASTRAN_EOF]")"}},
-    {"NoMeshKind", Replace(12, "IsDeformedMesh = 0 (0:off,1:on)"),
-     {R"(11: "IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)"}},
-    {"TwoMeshKinds", Replace(11, "IsOriginalMesh = 1 (0:off,1:on)"),
-     {R"(11: "IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)"}},
-    {"AnnealedMeshInAnotherProject", Both(Replace(12, "IsDeformedMesh = 0 (0:off,1:on)"), InsertBefore(17, {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
-     {R"(11: "IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)"}},
-    {"AnnealedAndDeformedMesh", Both(Replace(7, "ProjectType = 3"), InsertBefore(17, {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
-     {R"(11: "IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)"}},
-    {"AnnealingLineOfZero", InsertBefore(17, {"IsAnnealingDeformedMesh = 0 (0:off,1:on)"}),
-     {R"(17: "IsAnnealingDeformedMesh": must be 1; otherwise there is no such line)"}},
-    {"MapFileWithoutAMappedMesh", Replace(5, "MapFile = D:\\mesh.bdf"),
-     {R"(5: "MapFile": must be a blank, for the mesh is not mapped)"}},
-    {"SameItemTwiceWithDifferentValues", InsertBefore(19, {"IsRunnerOutput =                1   (0:off,1:on)"}),
-     {"19: \"IsRunnerOutput =                1   (0:off,1:on)\" does not belong here"}},
+    {"SolverUnknown", Replace("[MSCNASTRAN]", "[FOO] "),
+     {At("[MSCNASTRAN]", R"(expected "[SOLVER] ", found "[FOO] ")")}},
+    {"SolverBlockClosedForAnother", Replace("[MSCNASTRAN_EOF]", "[ANSYS_EOF]"),
+     {At("[MSCNASTRAN_EOF]", R"(expected "[MSCNASTRAN_EOF]", found "[ANSYS_EOF]")")}},
+    {"SolverBlockOpenedForAnother", Replace("[MSCNASTRAN]", "[ABAQUS] "),
+     {At("[MSCNASTRAN_EOF]", R"(expected "[ABAQUS_EOF]", found "[MSCNASTRAN_EOF]")")}},
+    {"NoMeshKind", Replace("IsDeformedMesh", "IsDeformedMesh = 0 (0:off,1:on)"),
+     {At("IsOriginalMesh", R"("IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)")}},
+    {"TwoMeshKinds", Replace("IsOriginalMesh", "IsOriginalMesh = 1 (0:off,1:on)"),
+     {At("IsOriginalMesh", R"("IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)")}},
+    {"AnnealedMeshInAnotherProject", Both(Replace("IsDeformedMesh", "IsDeformedMesh = 0 (0:off,1:on)"), InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
+     {At("IsOriginalMesh", R"("IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)")}},
+    {"AnnealedAndDeformedMesh", Both(Replace("ProjectType", "ProjectType = 3"), InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
+     {At("IsOriginalMesh", R"("IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)")}},
+    {"AnnealingLineOfZero", InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 0 (0:off,1:on)"}),
+     {At("IsDoMaterialReduction", R"("IsAnnealingDeformedMesh": must be 1; otherwise there is no such line)")}},
+    {"MapFileWithoutAMappedMesh", Replace("MapFile", "MapFile = D:\\mesh.bdf"),
+     {At("MapFile", R"("MapFile": must be a blank, for the mesh is not mapped)")}},
+    {"SameItemTwiceWithDifferentValues", InsertBefore("DigimatOutput", {"IsRunnerOutput =                1   (0:off,1:on)"}),
+     {At("DigimatOutput", "\"IsRunnerOutput =                1   (0:off,1:on)\" does not belong here")}},
     // Missing lines
-    {"OneLineMissing", Remove(31, 31),
-     {"31: \"SegmentY = N (1~100)\" is missing here"}},
-    {"ClosingTagMissing", Remove(28, 28),
-     {R"(28: "[\HEADER]" is missing here)"}},
-    {"SectionMissing", Remove(48, 50),
-     {R"(48: "[DENSITY REDUCTION]" is missing here)",
-      "48: \"DensityReduction = N (2~10)\" is missing here",
-      R"(48: "[\DENSITY REDUCTION]" is missing here)"}},
-    {"SolverTagsMissing", Both(Remove(27, 27), Remove(10, 10)),
-     {R"(10: "[SOLVER] " is missing here)",
-      R"(26: "[SOLVER_EOF]" is missing here)"}},
-    {"LastLineMissing", Remove(64, 64),
-     {R"(63: "[\REDUCTION RATE]" is missing here)"}},
-    {"CutOffInTheMiddle", Remove(40, 64),
-     {R"(39: "[\MATERIAL REDUCTION] " is missing here)",
-      R"(39: "[PARTINSERT MATERIAL REDUCTION]" is missing here)",
-      "39: \"FiberThetaXSegment = N (1~30)\" is missing here",
-      "39: \"FiberThetaYSegment = N (1~30)\" is missing here",
-      "39: \"FiberThetaZSegment = N (1~30)\" is missing here",
-      "39: \"FiberStrengthXSegment = N (1~20)\" is missing here",
-      "39: \"FiberStrengthYSegment = N (1~5)\" is missing here",
-      R"(39: "[\PARTINSERT MATERIAL REDUCTION]" is missing here)",
-      R"(39: "[DENSITY REDUCTION]" is missing here)",
-      "39: \"DensityReduction = N (2~10)\" is missing here",
-      R"(39: "[\DENSITY REDUCTION]" is missing here)",
-      R"(39: "[WELDLINE ANGLE]" is missing here)",
-      R"(39: "WeldlineAngle1 = 0.000" is missing here)",
-      R"(39: "WeldlineAngle2 = N.NNN" is missing here)",
-      R"(39: "WeldlineAngle3 = N.NNN" is missing here)",
-      R"(39: "WeldlineAngle4 = N.NNN" is missing here)",
-      R"(39: "[\WELDLINE ANGLE]" is missing here)",
-      R"(39: "[DIGIMAT WELDLINE ANGLE]" is missing here)",
-      R"(39: "WeldlineAngle = N.NNN" is missing here)",
-      R"(39: "[\DIGIMAT WELDLINE ANGLE]" is missing here)",
-      R"(39: more faults follow)"}},
-    {"DensitySwitchMissing", Remove(26, 26),
-     {"26: \"IsDoDensityReduction =          N   (0:off,1:on)\" is missing here"}},
-    {"InsertSegmentMissing", Remove(42, 42),
-     {"42: \"FiberThetaXSegment = N (1~30)\" is missing here"}},
+    {"OneLineMissing", Remove("SegmentY"),
+     {At("SegmentY", "\"SegmentY = N (1~100)\" is missing here")}},
+    {"ClosingTagMissing", Remove("[\\HEADER]"),
+     {At("[\\HEADER]", R"("[\HEADER]" is missing here)")}},
+    {"SectionMissing", Remove("[DENSITY REDUCTION]", "[\\DENSITY REDUCTION]"),
+     AllAt("[DENSITY REDUCTION]", {
+      R"("[DENSITY REDUCTION]" is missing here)",
+      "\"DensityReduction = N (2~10)\" is missing here",
+      R"("[\DENSITY REDUCTION]" is missing here)"})},
+    {"SolverTagsMissing", Both(Remove("[MSCNASTRAN_EOF]"), Remove("[MSCNASTRAN]")),
+     {At("[MSCNASTRAN]", R"("[SOLVER] " is missing here)"),
+      At("[MSCNASTRAN_EOF]", -1, R"("[SOLVER_EOF]" is missing here)")}},
+    {"LastLineMissing", Remove("[\\REDUCTION RATE]"),
+     {At("ReductionRate3", R"("[\REDUCTION RATE]" is missing here)")}},
+    {"CutOffInTheMiddle", Remove("[\\MATERIAL REDUCTION]", "[\\REDUCTION RATE]"),
+     AllAt("[MATERIAL REDUCTION] FiberStrengthYSegment", {
+      R"("[\MATERIAL REDUCTION] " is missing here)",
+      R"("[PARTINSERT MATERIAL REDUCTION]" is missing here)",
+      "\"FiberThetaXSegment = N (1~30)\" is missing here",
+      "\"FiberThetaYSegment = N (1~30)\" is missing here",
+      "\"FiberThetaZSegment = N (1~30)\" is missing here",
+      "\"FiberStrengthXSegment = N (1~20)\" is missing here",
+      "\"FiberStrengthYSegment = N (1~5)\" is missing here",
+      R"("[\PARTINSERT MATERIAL REDUCTION]" is missing here)",
+      R"("[DENSITY REDUCTION]" is missing here)",
+      "\"DensityReduction = N (2~10)\" is missing here",
+      R"("[\DENSITY REDUCTION]" is missing here)",
+      R"("[WELDLINE ANGLE]" is missing here)",
+      R"("WeldlineAngle1 = 0.000" is missing here)",
+      R"("WeldlineAngle2 = N.NNN" is missing here)",
+      R"("WeldlineAngle3 = N.NNN" is missing here)",
+      R"("WeldlineAngle4 = N.NNN" is missing here)",
+      R"("[\WELDLINE ANGLE]" is missing here)",
+      R"("[DIGIMAT WELDLINE ANGLE]" is missing here)",
+      R"("WeldlineAngle = N.NNN" is missing here)",
+      R"("[\DIGIMAT WELDLINE ANGLE]" is missing here)",
+      "more faults follow"})},
+    {"DensitySwitchMissing", Remove("IsDoDensityReduction"),
+     {At("IsDoDensityReduction", "\"IsDoDensityReduction =          N   (0:off,1:on)\" is missing here")}},
+    {"InsertSegmentMissing", Remove("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment"),
+     {At("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment", "\"FiberThetaXSegment = N (1~30)\" is missing here")}},
     // Lines too many
-    {"EmptyLine", InsertBefore(29, {""}),
-     {R"(29: an empty line does not belong here)"}},
-    {"EmptyLineAtTheEnd", InsertBefore(65, {""}),
-     {R"(65: an empty line does not belong here)"}},
-    {"CommentLine", InsertBefore(17, {"# my choices"}),
-     {R"(17: "# my choices" does not belong here)"}},
-    {"UnknownItem", InsertBefore(19, {"IsRunerOutput =                 1   (0:off,1:on)"}),
-     {"19: \"IsRunerOutput =                 1   (0:off,1:on)\" does not belong here"}},
-    {"LineRepeated", InsertBefore(32, {"SegmentY = 70 (1~100)"}),
-     {"32: \"SegmentY = 70 (1~100)\" does not belong here"}},
-    {"LineRepeatedFarAway", InsertBefore(61, {"ProjectType = 6"}),
-     {R"(61: "ProjectType = 6" does not belong here)"}},
-    {"ManyLinesOfSomethingElse", InsertBefore(51, Lines(9, "something else")),
-     {R"(51: "something else" does not belong here)",
-      R"(52: "something else" does not belong here)",
-      R"(53: "something else" does not belong here)",
-      R"(54: "something else" does not belong here)",
-      R"(55: "something else" does not belong here)",
-      R"(56: "something else" does not belong here)",
-      R"(57: "something else" does not belong here)",
-      R"(58: "something else" does not belong here)",
-      R"(59: "something else" does not belong here)"}},
-    {"SectionRepeated", InsertBefore(34, {"[MAP DOMAIN]", "SegmentX = 80 (1~100)", "SegmentY = 70 (1~100)", "SegmentZ = 60 (1~100)", "[\\MAP DOMAIN] "}),
-     {R"(34: "[MAP DOMAIN]" does not belong here)",
-      "35: \"SegmentX = 80 (1~100)\" does not belong here",
-      "36: \"SegmentY = 70 (1~100)\" does not belong here",
-      "37: \"SegmentZ = 60 (1~100)\" does not belong here",
-      R"(38: "[\MAP DOMAIN] " does not belong here)"}},
-    {"WholeFileTwice", [](Lines& lines) { InsertBefore(65, SampleLines())(lines); },
-     {R"(65: "I2-Output Control Parameter File" does not belong here)",
-      R"(66: "FileVersion = 9064" does not belong here)",
-      R"(67: "[HEADER]" does not belong here)",
-      R"(68: "OutFolder = D:\Handover\Cover" does not belong here)",
-      R"(69: "MapFile =  " does not belong here)",
-      R"(70: "SolverType = 0" does not belong here)",
-      R"(71: "ProjectType = 6" does not belong here)",
-      "72: \"QuadraticElement = 1 (0:off,1:on)\" does not belong here",
-      R"(73: "IDCompositeModel = 1" does not belong here)",
-      R"(74: "[MSCNASTRAN] " does not belong here)",
-      "75: \"IsOriginalMesh = 0 (0:off,1:on)\" does not belong here",
-      "76: \"IsDeformedMesh = 1 (0:off,1:on)\" does not belong here",
-      "77: \"IsMappedMesh = 0 (0:off,1:on)\" does not belong here",
-      "78: \"Is3DMappingShell = 0 (0:off,1:on)\" does not belong here",
-      "79: \"IsDistributeModel = 0 (0:off,1:on)\" does not belong here",
-      "80: \"IsViewEditModelMapping = 1 (0:off,1:on)\" does not belong here",
-      "81: \"IsDoMaterialReduction =         1   (0:off,1:on)\" does not belong here",
-      "82: \"IsRunnerOutput =                0   (0:off,1:on)\" does not belong here",
-      "83: \"DigimatOutput =                 1   (0:off,1:on)\" does not belong here",
-      "84: \"IsDensityOutput =               1   (0:off,1:on)\" does not belong here",
-      R"(84: more faults follow)"}},
+    {"EmptyLine", InsertBefore("[MAP DOMAIN]", {""}),
+     {At("[MAP DOMAIN]", "an empty line does not belong here")}},
+    {"EmptyLineAtTheEnd", InsertBefore(endOfFile, {""}),
+     {At(endOfFile, "an empty line does not belong here")}},
+    {"CommentLine", InsertBefore("IsDoMaterialReduction", {"# my choices"}),
+     {At("IsDoMaterialReduction", R"("# my choices" does not belong here)")}},
+    {"UnknownItem", InsertBefore("DigimatOutput", {"IsRunerOutput =                 1   (0:off,1:on)"}),
+     {At("DigimatOutput", "\"IsRunerOutput =                 1   (0:off,1:on)\" does not belong here")}},
+    {"LineRepeated", InsertBefore("SegmentZ", {"SegmentY = 70 (1~100)"}),
+     {At("SegmentZ", "\"SegmentY = 70 (1~100)\" does not belong here")}},
+    {"LineRepeatedFarAway", InsertBefore("ReductionRate1", {"ProjectType = 6"}),
+     {At("ReductionRate1", R"("ProjectType = 6" does not belong here)")}},
+    {"ManyLinesOfSomethingElse", InsertBefore("[WELDLINE ANGLE]", Lines(9, "something else")),
+     FromLineOn("[WELDLINE ANGLE]", Faults(9, R"("something else" does not belong here)"))},
+    {"SectionRepeated", InsertBefore("[MATERIAL REDUCTION]", {"[MAP DOMAIN]", "SegmentX = 80 (1~100)", "SegmentY = 70 (1~100)", "SegmentZ = 60 (1~100)", "[\\MAP DOMAIN] "}),
+     FromLineOn("[MATERIAL REDUCTION]", {
+      R"("[MAP DOMAIN]" does not belong here)",
+      "\"SegmentX = 80 (1~100)\" does not belong here",
+      "\"SegmentY = 70 (1~100)\" does not belong here",
+      "\"SegmentZ = 60 (1~100)\" does not belong here",
+      R"("[\MAP DOMAIN] " does not belong here)"})},
     // Lines in another order
-    {"NeighborsSwapped", Swap(30, 31),
-     {"30: expected \"SegmentX = N (1~100)\", found \"SegmentY = 70 (1~100)\"",
-      "31: expected \"SegmentY = N (1~100)\", found \"SegmentX = 80 (1~100)\""}},
-    {"ItemsSwapped", Swap(18, 19),
-     {"18: expected \"IsRunnerOutput =                N   (0:off,1:on)\", found \"DigimatOutput =                 1   (0:off,1:on)\"",
-      "19: expected \"DigimatOutput =                 N   (0:off,1:on)\", found \"IsRunnerOutput =                0   (0:off,1:on)\""}},
-    {"ItemBelowTheDensitySwitch", Swap(25, 26),
-     {"25: expected \"DigimatTemperatureOutput =\\tN   (0:off,1:on)\", found \"IsDoDensityReduction =          1   (0:off,1:on)\"",
-      "26: expected \"IsDoDensityReduction =          N   (0:off,1:on)\", found \"DigimatTemperatureOutput =\\t0   (0:off,1:on)\""}},
-    {"ItemInTheWrongSection", Move(18, 52),
-     {"18: \"IsRunnerOutput =                N   (0:off,1:on)\" is missing here",
-      "51: \"IsRunnerOutput =                0   (0:off,1:on)\" does not belong here"}},
-    {"LastItemFirst", Move(25, 17),
-     {"17: \"DigimatTemperatureOutput =\\t0   (0:off,1:on)\" does not belong here",
-      "26: \"DigimatTemperatureOutput =\\tN   (0:off,1:on)\" is missing here"}},
-    {"LineMovedUp", Move(63, 61),
-     {R"(61: "ReductionRate3 = 0.950" does not belong here)",
-      R"(64: "ReductionRate3 = N.NNN" is missing here)"}},
-    {"LineMovedDown", Move(30, 33),
-     {"30: \"SegmentX = N (1~100)\" is missing here",
-      "32: \"SegmentX = 80 (1~100)\" does not belong here"}},
-    {"TitleAtTheEnd", Move(1, 65),
-     {R"(1: not a control parameter file: expected "I2-Output Control Parameter File", found "FileVersion = 9064")"}},
-    {"ClosingTagMovedToTheEnd", Move(28, 65),
-     {R"(28: "[\HEADER]" is missing here)",
-      R"(64: "[\HEADER]" does not belong here)"}},
+    {"NeighborsSwapped", Swap("SegmentX", "SegmentY"),
+     {At("SegmentX", "expected \"SegmentX = N (1~100)\", found \"SegmentY = 70 (1~100)\""),
+      At("SegmentY", "expected \"SegmentY = N (1~100)\", found \"SegmentX = 80 (1~100)\"")}},
+    {"ItemsSwapped", Swap("IsRunnerOutput", "DigimatOutput"),
+     {At("IsRunnerOutput", "expected \"IsRunnerOutput =                N   (0:off,1:on)\", found \"DigimatOutput =                 1   (0:off,1:on)\""),
+      At("DigimatOutput", "expected \"DigimatOutput =                 N   (0:off,1:on)\", found \"IsRunnerOutput =                0   (0:off,1:on)\"")}},
+    {"ItemBelowTheDensitySwitch", Swap("DigimatTemperatureOutput", "IsDoDensityReduction"),
+     {At("DigimatTemperatureOutput", "expected \"DigimatTemperatureOutput =\\tN   (0:off,1:on)\", found \"IsDoDensityReduction =          1   (0:off,1:on)\""),
+      At("IsDoDensityReduction", "expected \"IsDoDensityReduction =          N   (0:off,1:on)\", found \"DigimatTemperatureOutput =\\t0   (0:off,1:on)\"")}},
+    {"ItemInTheWrongSection", Move("IsRunnerOutput", "WeldlineAngle1"),
+     {At("IsRunnerOutput", "\"IsRunnerOutput =                N   (0:off,1:on)\" is missing here"),
+      At("WeldlineAngle1", -1, "\"IsRunnerOutput =                0   (0:off,1:on)\" does not belong here")}},
+    {"LastItemFirst", Move("DigimatTemperatureOutput", "IsDoMaterialReduction"),
+     {At("IsDoMaterialReduction", "\"DigimatTemperatureOutput =\\t0   (0:off,1:on)\" does not belong here"),
+      At("IsDoDensityReduction", "\"DigimatTemperatureOutput =\\tN   (0:off,1:on)\" is missing here")}},
+    {"LineMovedUp", Move("ReductionRate3", "ReductionRate1"),
+     {At("ReductionRate1", R"("ReductionRate3 = 0.950" does not belong here)"),
+      At("[\\REDUCTION RATE]", R"("ReductionRate3 = N.NNN" is missing here)")}},
+    {"LineMovedDown", Move("SegmentX", "[\\MAP DOMAIN]"),
+     {At("SegmentX", "\"SegmentX = N (1~100)\" is missing here"),
+      At("[\\MAP DOMAIN]", -1, "\"SegmentX = 80 (1~100)\" does not belong here")}},
+    {"TitleAtTheEnd", Move("I2-Output Control Parameter File", endOfFile),
+     {At("I2-Output Control Parameter File", R"(not a control parameter file: expected "I2-Output Control Parameter File", found "FileVersion = 9064")")}},
+    {"ClosingTagMovedToTheEnd", Move("[\\HEADER]", endOfFile),
+     {At("[\\HEADER]", R"("[\HEADER]" is missing here)"),
+      At(endOfFile, -1, R"("[\HEADER]" does not belong here)")}},
     // Several at once
-    {"TwoFaultsFarApart", Both(Replace(6, "SolverType = x"), Replace(61, "ReductionRate1 = y")),
-     {R"(6: expected "SolverType = N", found "SolverType = x")",
-      R"(61: expected "ReductionRate1 = N.NNN", found "ReductionRate1 = y")"}},
-    {"MissingLineAndWrongValueBehindIt", Both(Replace(32, "SegmentZ = 101 (1~100)"), Remove(31, 31)),
-     {"31: \"SegmentY = N (1~100)\" is missing here",
-      R"(31: "SegmentZ" is 101; allowed is 1~100)"}},
-    {"ThreeLinesGarbled", Both(Replace(34, "#1"), Both(Replace(35, "#2"), Replace(36, "#3"))),
-     {R"(34: expected "[MATERIAL REDUCTION]", found "#1")",
-      R"(35: "#2" does not belong here)",
-      R"(36: "#3" does not belong here)",
-      "37: \"FiberThetaXSegment = N (1~30)\" is missing here",
-      "37: \"FiberThetaYSegment = N (1~30)\" is missing here"}},
+    {"TwoFaultsFarApart", Both(Replace("SolverType", "SolverType = x"), Replace("ReductionRate1", "ReductionRate1 = y")),
+     {At("SolverType", R"(expected "SolverType = N", found "SolverType = x")"),
+      At("ReductionRate1", R"(expected "ReductionRate1 = N.NNN", found "ReductionRate1 = y")")}},
+    {"MissingLineAndWrongValueBehindIt", Both(Replace("SegmentZ", "SegmentZ = 101 (1~100)"), Remove("SegmentY")),
+     {At("SegmentY", "\"SegmentY = N (1~100)\" is missing here"),
+      At("SegmentZ", -1, R"("SegmentZ" is 101; allowed is 1~100)")}},
+    {"ThreeLinesGarbled", Both(Both(Replace("[MATERIAL REDUCTION] FiberThetaYSegment", "#3"), Replace("[MATERIAL REDUCTION] FiberThetaXSegment", "#2")), Replace("[MATERIAL REDUCTION]", "#1")),
+     {At("[MATERIAL REDUCTION]", R"(expected "[MATERIAL REDUCTION]", found "#1")"),
+      At("[MATERIAL REDUCTION] FiberThetaXSegment", R"("#2" does not belong here)"),
+      At("[MATERIAL REDUCTION] FiberThetaYSegment", R"("#3" does not belong here)"),
+      At("[MATERIAL REDUCTION] FiberThetaZSegment", "\"FiberThetaXSegment = N (1~30)\" is missing here"),
+      At("[MATERIAL REDUCTION] FiberThetaZSegment", "\"FiberThetaYSegment = N (1~30)\" is missing here")}},
 };
 // clang-format on
 
@@ -340,6 +337,17 @@ INSTANTIATE_TEST_SUITE_P(ControlFile, ControlFileDamage, testing::ValuesIn(damag
 
 TEST(ControlFile, SampleHasNoFaults) {
     EXPECT_EQ(Faults{}, FaultsOf(Joined(SampleLines())));
+}
+
+TEST(ControlFile, WholeFileTwiceHasNothingOfTheSecondOne) {
+    Faults messages = SampleLines();
+    messages.resize(20);
+    for (std::string& message : messages) {
+        message = '"' + message + "\" does not belong here";
+    }
+    Faults expected = FromLineOn(endOfFile, messages);
+    expected.push_back(At(endOfFile, 19, "more faults follow"));
+    EXPECT_EQ(expected, FaultsOf(Joined(SampleLines()) + Joined(SampleLines())));
 }
 
 }  // namespace

@@ -13,10 +13,13 @@
 
 namespace {
 
-using samples::FaultsIn;
+using samples::At;
+using samples::endOfFile;
 using samples::FaultsOf;
 using samples::Joined;
+using samples::LineOf;
 using samples::Lines;
+using samples::Read;
 using samples::SampleLines;
 
 using Texts = std::vector<std::string>;
@@ -72,7 +75,7 @@ TEST(ControlFile, GivesAllValuesByTheirKeys) {
 }
 
 TEST(ControlFile, FaultsCarryTheFileAndTheExitCode) {
-    const host::Problems faults = FaultsIn("");
+    const auto faults = Read("").faults;
     ASSERT_EQ(1U, faults.size());
     EXPECT_EQ("sample.cmi", faults[0].place.file);
     EXPECT_EQ(0U, faults[0].place.column);
@@ -93,16 +96,18 @@ TEST(ControlFile, LineEndsOfWindowsAreNoPartOfAPath) {
 TEST(ControlFile, MissingLastLineEndIsAFault) {
     std::string text = Joined(SampleLines());
     text.pop_back();
-    EXPECT_EQ(Texts{"64: the file ends within this line: it has no line end"}, FaultsOf(text));
+    EXPECT_EQ(Texts{At("[\\REDUCTION RATE]", "the file ends within this line: it has no line end")},
+              FaultsOf(text));
 }
 
 TEST(ControlFile, FileCutOffWithinALineTellsWhatIsMissing) {
     const std::string text = Joined(SampleLines());
-    EXPECT_EQ((Texts{"62: expected \"ReductionRate2 = N.NNN\", found \"ReductionRate2 = 0.\"",
-                     R"(62: "ReductionRate3 = N.NNN" is missing here)",
-                     R"(62: "[\REDUCTION RATE]" is missing here)",
-                     "62: the file ends within this line: it has no line end"}),
-              FaultsOf(text.substr(0, text.find("ReductionRate2") + 19)));
+    const auto at = [](const char* message) { return At("ReductionRate2", message); };
+    EXPECT_EQ((Texts{at(R"(expected "ReductionRate2 = N.NNN", found "ReductionRate2 = 0.")"),
+                     at(R"("ReductionRate3 = N.NNN" is missing here)"),
+                     at(R"("[\REDUCTION RATE]" is missing here)"),
+                     at("the file ends within this line: it has no line end")}),
+              FaultsOf(text.substr(0, text.find("ReductionRate2 = 0.") + 19)));
 }
 
 TEST(ControlFile, ByteOrderMarkIsTheOnlyFaultOfAFileThatIsFineBehindIt) {
@@ -124,8 +129,8 @@ TEST(ControlFile, AnotherKindOfFileGivesOneFault) {
 
 TEST(ControlFile, WideTextGivesOneFault) {
     std::string wide = "\xFF\xFE";
-    for (const char letter : Joined(SampleLines())) {
-        (wide += letter) += '\0';
+    for (const char character : Joined(SampleLines())) {
+        (wide += character) += '\0';
     }
     ASSERT_EQ(1U, FaultsOf(wide).size());
     EXPECT_EQ(0U, FaultsOf(wide)[0].find("1: not a control parameter file"));
@@ -139,7 +144,7 @@ TEST(ControlFile, BinaryFileGivesOneFaultWithoutControlBytes) {
     const Texts faults = FaultsOf(bytes);
     ASSERT_EQ(1U, faults.size());
     EXPECT_TRUE(std::ranges::none_of(
-        faults[0], [](char letter) { return static_cast<unsigned char>(letter) < 0x20; }));
+        faults[0], [](char byte) { return static_cast<unsigned char>(byte) < 0x20; }));
     EXPECT_LT(faults[0].size(), 400U);
 }
 
@@ -148,34 +153,38 @@ TEST(ControlFile, OneHugeLineGivesShortFaults) {
     text.resize(10'000'000, 'x');
     const Texts faults = FaultsOf(text);
     ASSERT_EQ(2U, faults.size());
-    EXPECT_EQ("65: \"" + std::string(160, 'x') + "...\" does not belong here", faults[0]);
+    EXPECT_EQ(At(endOfFile, '"' + std::string(160, 'x') + "...\" does not belong here"), faults[0]);
 }
 
 TEST(ControlFile, AHugeNumberIsAFaultAsAnyOther) {
     Lines lines = SampleLines();
-    lines[53 - 1] = "WeldlineAngle2 = " + std::string(200'000, '1') + ".000";
-    lines[54 - 1] = "WeldlineAngle3 = inf";
-    EXPECT_EQ((Texts{"53: expected \"WeldlineAngle2 = N.NNN\", found \"WeldlineAngle2 = " +
-                         std::string(160 - 17, '1') + "...\"",
-                     "54: expected \"WeldlineAngle3 = N.NNN\", found \"WeldlineAngle3 = inf\""}),
+    lines[LineOf("WeldlineAngle2") - 1] = "WeldlineAngle2 = " + std::string(200'000, '1') + ".000";
+    lines[LineOf("WeldlineAngle3") - 1] = "WeldlineAngle3 = inf";
+    EXPECT_EQ((Texts{At("WeldlineAngle2", R"(expected "WeldlineAngle2 = N.NNN", found )"
+                                          R"("WeldlineAngle2 = )" +
+                                              std::string(160 - 17, '1') + "...\""),
+                     At("WeldlineAngle3",
+                        R"(expected "WeldlineAngle3 = N.NNN", found "WeldlineAngle3 = inf")")}),
               FaultsOf(Joined(lines)));
 }
 
 TEST(ControlFile, SectionsWithoutTheirTagsDoNotMixTheirKeys) {
+    const std::string closing = "[\\MATERIAL REDUCTION]";
+    const std::string opening = "[PARTINSERT MATERIAL REDUCTION]";
     Lines lines = SampleLines();
-    lines[40 - 1] = "#";
-    lines[41 - 1] = "#";
-    EXPECT_EQ((Texts{R"(40: expected "[\MATERIAL REDUCTION] ", found "#")",
-                     R"(41: expected "[PARTINSERT MATERIAL REDUCTION]", found "#")"}),
+    lines[LineOf(closing) - 1] = "#";
+    lines[LineOf(opening) - 1] = "#";
+    EXPECT_EQ((Texts{At(closing, R"(expected "[\MATERIAL REDUCTION] ", found "#")"),
+                     At(opening, R"(expected "[PARTINSERT MATERIAL REDUCTION]", found "#")")}),
               FaultsOf(Joined(lines)));
 }
 
 TEST(ControlFile, NoMoreThanTwentyFaultsAreListed) {
     const Texts faults = FaultsOf(Joined(SampleLines()) + std::string(100'000, '\n'));
     ASSERT_EQ(21U, faults.size());
-    EXPECT_EQ("65: an empty line does not belong here", faults[0]);
-    EXPECT_EQ("84: an empty line does not belong here", faults[19]);
-    EXPECT_EQ("84: more faults follow", faults[20]);
+    EXPECT_EQ(At(endOfFile, "an empty line does not belong here"), faults[0]);
+    EXPECT_EQ(At(endOfFile, 19, "an empty line does not belong here"), faults[19]);
+    EXPECT_EQ(At(endOfFile, 19, "more faults follow"), faults[20]);
 }
 
 // ---- Random damage ------------------------------------------------------------------------------
@@ -205,7 +214,7 @@ std::string Mutated(std::string text, std::mt19937& random) {
     return text;
 }
 
-std::uint32_t LineOf(const host::Problem& fault) {
+std::uint32_t NumberOfLine(const host::Problem& fault) {
     return fault.place.line;
 }
 
@@ -216,26 +225,27 @@ TEST(ControlFile, RandomDamageGivesFewFaultsWithinTheFile) {
     for (int round = 0; round < 3000; ++round) {
         const std::string text = Mutated(sample, random);
         const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1;
-        const host::Problems faults = FaultsIn(text);
+        const auto faults = Read(text).faults;
         ASSERT_LE(faults.size(), 21U) << text;
         for (const host::Problem& fault : faults) {
             ASSERT_GE(fault.place.line, 1U) << text;
             ASSERT_LE(fault.place.line, lines) << text;
             ASSERT_FALSE(fault.message.empty()) << text;
         }
-        ASSERT_TRUE(std::ranges::is_sorted(faults, {}, LineOf)) << text;
+        ASSERT_TRUE(std::ranges::is_sorted(faults, {}, NumberOfLine)) << text;
     }
 }
 
 TEST(ControlFile, EveryChangedByteIsFoundOnItsLine) {
     const std::string sample = Joined(SampleLines());
+    const std::size_t pathLine = LineOf("OutFolder");
     std::size_t line = 1;
     for (std::size_t place = 0; place < sample.size(); ++place) {
         std::string text = sample;
         text[place] = '\x01';
-        const bool isFreeText = line == 4 && place >= sample.find("D:\\Handover");
+        const bool isFreeText = line == pathLine && place >= sample.find("D:\\Handover");
         if (sample[place] != '\n' && !isFreeText) {
-            const host::Problems faults = FaultsIn(text);
+            const auto faults = Read(text).faults;
             ASSERT_EQ(1U, faults.size()) << text;
             ASSERT_EQ(line, faults[0].place.line) << text;
         }

@@ -1,6 +1,7 @@
 // Control files as the engine writes them: all are read without a fault, and say what was asked.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <map>
@@ -9,9 +10,10 @@
 #include <vector>
 
 #include <zorbi2/CZorbI2CMIData.h>
+#include <zorbi2/ControlFileFormat.h>
+#include <zorbi2/ZorbI2Types.h>
 
 #include "ControlFile.h"
-#include "Names.h"
 #include "tests/host/SampleControlFile.h"
 #include "tests/support/SampleProject.h"
 
@@ -43,15 +45,32 @@ public:
         Manager().HasPopItem();
     }
 
+    /// The keys of an item's options.
+    std::vector<int> Options(int itemId) {
+        std::map<int, std::string> options;
+        Manager().GetItemAllOptions(itemId, options);
+        std::vector<int> keys;
+        for (const auto& [key, label] : options) {
+            keys.push_back(key);
+        }
+        return keys;
+    }
+
+    /// As many rounds of choices as it takes until each option of each item was chosen.
+    std::size_t Rounds() {
+        std::size_t longest = 0;
+        for (int id = 0; id < kItemCount; ++id) {
+            longest = std::max(longest, Options(id).size());
+        }
+        return longest;
+    }
+
     /// Each item with options takes the one at a position; each check item is on or off.
     void Choose(std::size_t round) {
-        for (std::size_t id = 0; id < kItemCount; ++id) {
-            std::map<int, std::string> options;
-            Manager().GetItemAllOptions(static_cast<int>(id), options);
-            const auto option =
-                std::next(options.begin(), static_cast<std::ptrdiff_t>(round % options.size()));
-            Manager().SetItemStatus(static_cast<int>(id), (round + id) % 2 == 0 ? 1 : 0,
-                                    option->first);
+        for (int id = 0; id < kItemCount; ++id) {
+            const std::vector<int> options = Options(id);
+            const bool isOn = (round + static_cast<std::size_t>(id)) % 2 == 0;
+            Manager().SetItemStatus(id, isOn ? 1 : 0, options[round % options.size()]);
         }
     }
 
@@ -66,9 +85,10 @@ public:
     /// The faults of the file, and the values that are not those of the data block.
     std::vector<std::string> Complaints() {
         const std::string text = Write();
-        std::vector<std::string> complaints = samples::FaultsOf(text);
+        const samples::Reading& reading = ReadOnce(text);
+        std::vector<std::string> complaints = samples::InWords(reading.faults);
         if (complaints.empty()) {
-            const host::ControlFile file = host::ReadControlFile("engine.cmi", text);
+            const host::ControlFile& file = reading.values;
             const CZorbI2CMIData& block = *Manager().GetZorbCMIData();
             Compare(block.SolverName, file.at("SolverName"), complaints);
             Compare(block.OutFolder, file.at("OutFolder"), complaints);
@@ -91,6 +111,14 @@ public:
     }
 
 private:
+    /// Many passes end in the same file, and reading takes longer than all that comes before.
+    const samples::Reading& ReadOnce(const std::string& text) {
+        const auto known = readings_.find(text);
+        return known != readings_.end()
+                   ? known->second
+                   : readings_.emplace(text, samples::Read(text)).first->second;
+    }
+
     static void Compare(const std::string& expected, const std::string& found,
                         std::vector<std::string>& complaints) {
         if (expected != found) {
@@ -106,15 +134,18 @@ private:
               &project_.Selector().moldbasePopItems}) {
             offered.insert(list->begin(), list->end());
         }
-        for (const auto& [id, key] : host::itemKeys) {
-            const auto line = file.find(key);
-            const bool isOffered = offered.contains(id);
-            Compare(isOffered ? std::to_string(block.OutputFlags[id]) : "no line",
-                    line != file.end() ? line->second : "no line", complaints);
+        for (const ControlFileLine& row : kControlFileLines) {
+            if (row.itemId >= 0) {
+                const auto line = file.find(ControlFileKey(row.text));
+                Compare(offered.contains(row.itemId) ? std::to_string(block.OutputFlags[row.itemId])
+                                                     : "no line",
+                        line != file.end() ? line->second : "no line", complaints);
+            }
         }
     }
 
     support::OpenProject project_;
+    std::map<std::string, samples::Reading> readings_;  ///< by the text of the file
 };
 
 const std::vector<std::string> nothing;
@@ -129,16 +160,16 @@ class EngineFiles : public testing::TestWithParam<ProjectKind> {};
 
 TEST_P(EngineFiles, AllSolversMeshesProjectTypesAndChoicesAreReadWithoutAFault) {
     for (const auto results : {support::ResultFiles::all, support::ResultFiles::none}) {
-        // As many as the longest list of options; without results nothing can be chosen.
-        const std::size_t rounds = results == support::ResultFiles::all ? 7 : 1;
-        for (const int projectType : {0, 3, 9}) {
+        for (const int projectType : {0, kProjectTypeAnnealing, kProjectTypeMucell}) {
             CZorbFEAInformation record = support::CompleteProject(GetParam().solverType);
             record.voxelFlag = GetParam().voxelFlag;
             record.projectType = projectType;
             Pass pass(record, results);
-            for (int solver = 0; solver <= 9; ++solver) {
-                for (int mesh = 0; mesh <= 3; ++mesh) {
-                    for (int annealing = 0; annealing <= 2; ++annealing) {
+            // Without results nothing can be chosen.
+            const std::size_t rounds = results == support::ResultFiles::all ? pass.Rounds() : 1;
+            for (int solver = 0; solver <= kSolverCount; ++solver) {
+                for (int mesh = kMeshOriginal; mesh <= kMesh3DMappingShell; ++mesh) {
+                    for (int annealing = 0; annealing <= kAnnealingDeformedMesh + 1; ++annealing) {
                         for (std::size_t round = 0; round < rounds; ++round) {
                             pass.Offer({solver, mesh, annealing}, round % 2 == 1);
                             pass.Choose(round);
@@ -152,21 +183,23 @@ TEST_P(EngineFiles, AllSolversMeshesProjectTypesAndChoicesAreReadWithoutAFault) 
 }
 
 INSTANTIATE_TEST_SUITE_P(ControlFile, EngineFiles,
-                         testing::Values(ProjectKind{"Solid", 0, 0}, ProjectKind{"Voxel", 0, 1},
-                                         ProjectKind{"Shell", 1, 0}, ProjectKind{"Other", 2, 0}),
+                         testing::Values(ProjectKind{"Solid", kSolidProject, 0},
+                                         ProjectKind{"Voxel", kSolidProject, 1},
+                                         ProjectKind{"Shell", kShellProject, 0},
+                                         ProjectKind{"Other", 2, 0}),
                          [](const auto& kind) { return std::string(kind.param.name); });
 
 TEST(ControlFile, EveryCombinationOfOptionsIsReadWithoutAFault) {
     Pass pass(support::CompleteProject());
     pass.Offer({kSolverAnsys, kMeshOriginal, 0}, false);
-    for (int part = 0; part <= 5; ++part) {
-        for (int insert = 0; insert <= 5; ++insert) {
-            for (int density = 0; density <= 6; ++density) {
-                for (int model = 0; model <= 2; ++model) {
-                    pass.Manager().SetItemStatus(0, -1, part);
-                    pass.Manager().SetItemStatus(12, -1, insert);
-                    pass.Manager().SetItemStatus(13, -1, density);
-                    pass.Manager().SetItemStatus(15, -1, model);
+    for (const int part : pass.Options(kItemFiberOrientation)) {
+        for (const int insert : pass.Options(kItemInsertFiberMaterial)) {
+            for (const int density : pass.Options(kItemDensity)) {
+                for (const int model : pass.Options(kItemMicroMechanics)) {
+                    pass.Manager().SetItemStatus(kItemFiberOrientation, kNotACheckItem, part);
+                    pass.Manager().SetItemStatus(kItemInsertFiberMaterial, kNotACheckItem, insert);
+                    pass.Manager().SetItemStatus(kItemDensity, kNotACheckItem, density);
+                    pass.Manager().SetItemStatus(kItemMicroMechanics, kNotACheckItem, model);
                     ASSERT_EQ(nothing, pass.Complaints());
                 }
             }
@@ -175,7 +208,7 @@ TEST(ControlFile, EveryCombinationOfOptionsIsReadWithoutAFault) {
 }
 
 TEST(ControlFile, ItemsWithoutTheirFactsAreReadWithoutAFault) {
-    for (const int solverType : {0, 1}) {
+    for (const int solverType : {kSolidProject, kShellProject}) {
         Pass pass(support::PlainProject(solverType));
         for (int solver = 0; solver < kSolverCount; ++solver) {
             pass.Offer({solver, kMeshMapped, 0}, true);
@@ -188,7 +221,7 @@ TEST(ControlFile, DistributeModelIsReadWithoutAFault) {
     constexpr int distributeModel = 6;
     Pass pass(support::CompleteProject());
     pass.Offer({kSolverAbaqus, kMeshDeformed, 0}, false);
-    pass.Manager().SetItemStatus(0, -1, distributeModel);
+    pass.Manager().SetItemStatus(kItemFiberOrientation, kNotACheckItem, distributeModel);
     EXPECT_EQ(nothing, pass.Complaints());
 }
 
@@ -198,7 +231,7 @@ TEST(ControlFile, AnyPathIsReadWithoutAFault) {
         Pass pass(support::CompleteProject());
         pass.Manager().SetOutFolder(path);
         pass.Manager().SetMappedMeshFilePath(path);
-        for (int mesh = 0; mesh <= 3; ++mesh) {
+        for (int mesh = kMeshOriginal; mesh <= kMesh3DMappingShell; ++mesh) {
             pass.Offer({kSolverLsDyna, mesh, 0}, false);
             EXPECT_EQ(nothing, pass.Complaints());
         }
@@ -224,7 +257,7 @@ TEST(ControlFile, AnyProjectTypeIsReadWithoutAFault) {
         CZorbFEAInformation record = support::CompleteProject();
         record.projectType = type;
         Pass pass(record);
-        pass.Offer({kSolverAnsys, kMeshDeformed, 1}, false);
+        pass.Offer({kSolverAnsys, kMeshDeformed, kAnnealingDeformedMesh}, false);
         EXPECT_EQ(nothing, pass.Complaints()) << type;
     }
 }

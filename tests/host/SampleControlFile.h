@@ -1,9 +1,13 @@
 // A control parameter file without faults, as lines that a test can damage.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include <zorbi2/ControlFileFormat.h>
 
 #include "ControlFile.h"
 #include "Problem.h"
@@ -12,7 +16,6 @@ namespace samples {
 
 using Lines = std::vector<std::string>;
 
-/// Line N of the file is element N - 1.
 inline Lines SampleLines() {
     return {
         "I2-Output Control Parameter File",
@@ -24,7 +27,7 @@ inline Lines SampleLines() {
         "ProjectType = 6",
         "QuadraticElement = 1 (0:off,1:on)",
         "IDCompositeModel = 1",
-        "[MSCNASTRAN] ",  // 10
+        "[MSCNASTRAN] ",
         "IsOriginalMesh = 0 (0:off,1:on)",
         "IsDeformedMesh = 1 (0:off,1:on)",
         "IsMappedMesh = 0 (0:off,1:on)",
@@ -34,7 +37,7 @@ inline Lines SampleLines() {
         "IsDoMaterialReduction =         1   (0:off,1:on)",
         "IsRunnerOutput =                0   (0:off,1:on)",
         "DigimatOutput =                 1   (0:off,1:on)",
-        "IsDensityOutput =               1   (0:off,1:on)",  // 20
+        "IsDensityOutput =               1   (0:off,1:on)",
         "IsWeldlineOutput =              0   (0:off,1:on)",
         "DigimatWeldlineOutput =\t\t0   (0:off,1:on)",
         "DigimatFiberOutput =\t\t1   (0:off,1:on)",
@@ -44,7 +47,7 @@ inline Lines SampleLines() {
         "[MSCNASTRAN_EOF]",
         "[\\HEADER]",
         "[MAP DOMAIN]",
-        "SegmentX = 80 (1~100)",  // 30
+        "SegmentX = 80 (1~100)",
         "SegmentY = 70 (1~100)",
         "SegmentZ = 60 (1~100)",
         "[\\MAP DOMAIN] ",
@@ -54,7 +57,7 @@ inline Lines SampleLines() {
         "FiberThetaZSegment = 15 (1~30)",
         "FiberStrengthXSegment = 10 (1~20)",
         "FiberStrengthYSegment = 3 (1~5)",
-        "[\\MATERIAL REDUCTION] ",  // 40
+        "[\\MATERIAL REDUCTION] ",
         "[PARTINSERT MATERIAL REDUCTION]",
         "FiberThetaXSegment = 8 (1~30)",
         "FiberThetaYSegment = 8 (1~30)",
@@ -64,7 +67,7 @@ inline Lines SampleLines() {
         "[\\PARTINSERT MATERIAL REDUCTION]",
         "[DENSITY REDUCTION]",
         "DensityReduction = 4 (2~10)",
-        "[\\DENSITY REDUCTION]",  // 50
+        "[\\DENSITY REDUCTION]",
         "[WELDLINE ANGLE]",
         "WeldlineAngle1 = 0.000",
         "WeldlineAngle2 = 30.000",
@@ -74,7 +77,7 @@ inline Lines SampleLines() {
         "[DIGIMAT WELDLINE ANGLE]",
         "WeldlineAngle = 135.000",
         "[\\DIGIMAT WELDLINE ANGLE]",
-        "[REDUCTION RATE]",  // 60
+        "[REDUCTION RATE]",
         "ReductionRate1 = 0.800",
         "ReductionRate2 = 0.900",
         "ReductionRate3 = 0.950",
@@ -90,23 +93,63 @@ inline std::string Joined(const Lines& lines, const std::string& lineEnd = "\n")
     return text;
 }
 
-/// The faults of a text, as the reader throws them.
-inline host::Problems FaultsIn(const std::string& text) {
+/// In the place of a key: the line behind the last one.
+constexpr const char* endOfFile = "";
+
+/// The number of the line with a key. A key that several sections have stands behind its section:
+/// "SegmentX", "[MATERIAL REDUCTION] FiberThetaXSegment", "[HEADER]".
+inline std::size_t LineOf(const std::string& key, const Lines& lines = SampleLines()) {
+    auto line = lines.end();
+    if (key != endOfFile) {
+        const std::string tag = key.substr(0, key.starts_with('[') ? key.find(']') + 1 : 0);
+        const bool isInSection = !tag.empty() && tag != key;
+        line = std::ranges::find(lines, isInSection ? tag : key, ControlFileKey);
+        if (isInSection) {
+            line = std::find_if(line, lines.end(), [&](const std::string& text) {
+                return ControlFileKey(text) == key.substr(tag.size() + 1);
+            });
+        }
+        if (line == lines.end()) {
+            throw std::invalid_argument("no line has the key " + key);
+        }
+    }
+    return static_cast<std::size_t>(line - lines.begin()) + 1;
+}
+
+/// "LINE: message", where LINE is that of a key in the sample, or one some lines below it.
+inline std::string At(const std::string& key, int below, const std::string& message) {
+    return std::to_string(static_cast<int>(LineOf(key)) + below) + ": " + message;
+}
+
+inline std::string At(const std::string& key, const std::string& message) {
+    return At(key, 0, message);
+}
+
+/// What the reader makes of a text: its values, or the faults that it throws.
+struct Reading {
+    host::ControlFile values;
+    std::vector<host::Problem> faults;
+};
+
+inline Reading Read(const std::string& text) {
     try {
-        host::ReadControlFile("sample.cmi", text);
-        return {};
+        return {host::ReadControlFile("sample.cmi", text), {}};
     } catch (const host::Problems& faults) {
-        return faults;
+        return {{}, {faults.begin(), faults.end()}};
     }
 }
 
 /// "LINE: message" for each.
-inline std::vector<std::string> FaultsOf(const std::string& text) {
-    std::vector<std::string> found;
-    for (const host::Problem& fault : FaultsIn(text)) {
-        found.push_back(std::to_string(fault.place.line) + ": " + fault.message);
+inline std::vector<std::string> InWords(const std::vector<host::Problem>& faults) {
+    std::vector<std::string> words;
+    for (const host::Problem& fault : faults) {
+        words.push_back(std::to_string(fault.place.line) + ": " + fault.message);
     }
-    return found;
+    return words;
+}
+
+inline std::vector<std::string> FaultsOf(const std::string& text) {
+    return InWords(Read(text).faults);
 }
 
 }  // namespace samples

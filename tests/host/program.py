@@ -2,10 +2,17 @@
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import tempfile
 import unittest
+
+if os.name == "posix":
+    import fcntl
+    import pty
+    import struct
+    import termios
 
 PROGRAM = os.environ["ZORBI2_PROGRAM"]
 EMULATOR = [part for part in os.environ.get("ZORBI2_EMULATOR", "").split("|") if part]
@@ -80,6 +87,30 @@ class ProgramTest(unittest.TestCase):
     def run_program(self, *arguments, **others):
         others.setdefault("cwd", self.folder)
         return run(*arguments, **others)
+
+    def commands(self):
+        """The program's, as its help lists them."""
+        text = self.run_program("--help").stdout
+        listed = text[text.index("Subcommands:\n"):].split("\n\n")[0]
+        return re.findall(r"^  ([a-z]+) ", listed, flags=re.M)
+
+    def on_terminal(self, *arguments, columns=80, environment=None):
+        """What the program prints on a terminal, its line ends as in a file."""
+        values = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+        master, slave = pty.openpty()
+        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        with subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, stdout=slave,
+                              env={**values, **(environment or {})}) as process:
+            os.close(slave)
+            text = b""
+            try:
+                while part := os.read(master, 65536):
+                    text += part
+            except OSError:  # the end, on Linux
+                pass
+        os.close(master)
+        self.assertEqual(process.returncode, 0)
+        return text.decode().replace("\r\n", "\n")
 
     def check(self, done, code, stdout=None, stderr=""):
         """Exit code, and the streams where they are told."""

@@ -13,6 +13,11 @@ if os.name == "posix":
     import pty
     import resource
 
+# Thousands of recipes once in a run of all tests: where the program is as shipped.
+RELEASED = os.environ.get("ZORBI2_BUILD_TYPE") == "Release"
+# For 5,000 recipes it takes 47 MB, most of them for the files left open; all texts would be 12 more.
+MOST_MEGABYTES = 54
+
 SHOT_FILE = "<SOLID_MCM>\nFlagPrevShot = 1\nValueShotRunID = 1\n</SOLID_MCM>\n"
 
 
@@ -107,7 +112,8 @@ class Batch(ProgramTest):
 
     @unittest.skipIf(ON_WINDOWS, "signals are POSIX's")
     def test_an_interrupted_batch_leaves_whole_files_and_lists_the_rest(self):
-        names = self.make_recipes(2000)
+        count = 2000
+        names = self.make_recipes(count)
         errors = (self.folder / "errors").open("w+")
         self.addCleanup(errors.close)
         with subprocess.Popen([PROGRAM, "write", *names], cwd=self.folder, stdout=subprocess.PIPE,
@@ -118,7 +124,7 @@ class Batch(ProgramTest):
         self.assertEqual(process.returncode, 3)
         stderr = (self.folder / "errors").read_text()
         written = stdout.count("wrote")
-        self.assertTrue(stdout.endswith(f"{written} written, {2000 - written} failed\n"))
+        self.assertTrue(stdout.endswith(f"{written} written, {count - written} failed\n"))
         self.assertIn("interrupted before its turn", stderr)
         self.assertFalse([name for name in self.files() if ".cmi." in name])
 
@@ -136,25 +142,26 @@ class Batch(ProgramTest):
                                "\r\x1b[K3 written, 0 failed\r\n")
 
     @unittest.skipIf(ON_WINDOWS, "limits are POSIX's; the Windows runtime keeps 8,192 files open")
-    def test_thousands_of_recipes_pass_under_the_usual_limit(self):
-        count = 5000
+    def test_more_recipes_than_the_usual_limit_of_open_files_pass(self):
+        count, usual_limit = (5000, 1024) if RELEASED else (200, 64)
         (self.folder / "Run02" / "Cover02.cmx").write_text(SHOT_FILE)
         names = [self.make_recipe(f'{PROJECT}{TARGET}[control_file]\nname = "part{number}"\n',
                                   f"r{number}.toml") for number in range(count)]
         hard = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
         if hard != resource.RLIM_INFINITY and hard < count + 100:
             self.fail(f"this machine lets a process open {hard} files only")
-        before = resource.getrusage(resource.RUSAGE_CHILDREN)
         start = time.monotonic()
         done = self.run_program("write", *names,
-                                preexec_fn=limit(resource.RLIMIT_NOFILE, 1024, hard))
+                                preexec_fn=limit(resource.RLIMIT_NOFILE, usual_limit, hard))
         seconds = time.monotonic() - start
-        memory = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
+        # The largest of all programs that the test started, which is this one.
+        megabytes = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss / 1024
         self.check(done, 0)
         self.assertTrue(done.stdout.endswith(f"{count} written, 0 failed\n"))
         self.assertEqual(len(list(self.folder.glob("*.cmi"))), count)
-        self.assertGreaterEqual(memory, before.ru_maxrss / 1024)
-        print(f"{count} recipes: {seconds:.1f} s, at most {memory:.0f} MB", file=sys.stderr)
+        print(f"{count} recipes: {seconds:.1f} s, at most {megabytes:.0f} MB", file=sys.stderr)
+        if RELEASED:
+            self.assertLess(megabytes, MOST_MEGABYTES)
 
 
 if __name__ == "__main__":

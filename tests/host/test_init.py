@@ -120,7 +120,7 @@ class Init(ProgramTest):
         self.init(code=3, options=["-o", "none/x.toml"],
                   stderr=f"{path}: cannot be written: No such file or directory\n")
 
-    def test_names_with_odd_letters_are_quoted(self):
+    def test_names_with_odd_characters_are_quoted(self):
         self.make_run(name="Füße's {run} 02", folder="Gehäuse/Run02", files=[".k5f"])
         text = self.init("Gehäuse/Run02", recipe="Füße's {run} 02.toml")
         project = tomllib.loads(text)["project"]

@@ -1,13 +1,9 @@
 """The command "items": the dialog, the solvers and the matrix, against committed files."""
 
-import os
 import shutil
-import struct
-import subprocess
 import unittest
 
-from program import (EXAMPLE, EXPECTED, ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest,
-                     own_path)
+from program import EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, TARGET, ProgramTest, own_path
 
 
 class Items(ProgramTest):
@@ -97,36 +93,18 @@ class Items(ProgramTest):
 
     # ---- On a terminal ------------------------------------------------------------------------
 
-    def on_terminal(self, columns, *arguments):
-        import fcntl  # pylint: disable=import-outside-toplevel
-        import pty  # pylint: disable=import-outside-toplevel
-        import termios  # pylint: disable=import-outside-toplevel
-        master, slave = pty.openpty()
-        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
-        with subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, stdout=slave,
-                              env={**os.environ, "NO_COLOR": "1"}) as process:
-            os.close(slave)
-            text = b""
-            try:
-                while part := os.read(master, 65536):
-                    text += part
-            except OSError:  # the end, on Linux
-                pass
-        os.close(master)
-        self.assertEqual(process.returncode, 0)
-        return text.decode().replace("\r\n", "\n")
-
     @unittest.skipIf(ON_WINDOWS, "terminals are POSIX's")
     def test_a_wide_terminal_is_used(self):
-        self.assert_like(self.on_terminal(200, "items", "cover.toml"), "items_cover_wide.txt")
-        self.assert_like(self.on_terminal(200, "items", "cover.toml", "--matrix"),
-                         "matrix_cover_wide.txt")
+        for name, options in (("items_cover_wide.txt", []), ("matrix_cover_wide.txt", ["--matrix"])):
+            self.assert_like(self.on_terminal("items", "cover.toml", *options, columns=200,
+                                              environment={"NO_COLOR": "1"}), name)
 
     @unittest.skipIf(ON_WINDOWS, "terminals are POSIX's")
     def test_no_line_of_the_dialog_but_the_folder_is_wider_than_the_terminal(self):
         for columns in (80, 100, 132):
             for arguments in ([], ["--matrix"], ["--solvers"]):
-                text = self.on_terminal(columns, "items", "cover.toml", *arguments)
+                text = self.on_terminal("items", "cover.toml", *arguments, columns=columns,
+                                        environment={"NO_COLOR": "1"})
                 for line in text.splitlines():
                     if not line.startswith("/"):
                         self.assertLessEqual(len(line), columns, line)

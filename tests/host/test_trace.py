@@ -30,7 +30,7 @@ class Trace(ProgramTest):
     def test_without_the_option_there_are_none(self):
         self.check(self.run_program("write", "cover.toml"), 0)
 
-    def test_paths_keep_their_letters(self):
+    def test_paths_keep_their_characters(self):
         shutil.copytree(self.folder / "Run02", self.folder / "Gehäuse" / "Run02")
         recipe = PROJECT.replace("Run02", "Gehäuse/Run02") + "[target]\nsolver=0\nmesh=0\n"
         done = self.run_program("write", self.make_recipe(recipe), "--trace",

@@ -245,7 +245,7 @@ class Write(ProgramTest):
             self.write(recipe=recipe)
             (self.folder / FILE).unlink()
 
-    def test_letters_beyond_ascii_are_kept_in_names_and_folders(self):
+    def test_characters_beyond_ascii_are_kept_in_names_and_folders(self):
         (self.folder / "Gehäuse").mkdir()
         self.make_run(name="Füße02", folder="Gehäuse/Run02")
         self.make_recipe('[project]\nname = "Füße"\nrun = 2\nfolder = "Gehäuse/Run02"\n'
@@ -257,14 +257,14 @@ class Write(ProgramTest):
         encoding = "cp1252" if ON_WINDOWS else "utf-8"
         self.assertIn("Gehäuse", path.read_bytes().decode(encoding).splitlines()[3])
 
-    @unittest.skipUnless(ON_WINDOWS, "only Windows has a code page without some letters")
-    def test_letters_outside_the_code_page_are_refused(self):
+    @unittest.skipUnless(ON_WINDOWS, "only Windows has a code page without some characters")
+    def test_characters_outside_the_code_page_are_refused(self):
         self.write(recipe=PROJECT + TARGET + '[output]\nfolder = "D:/漢字"\n', code=3,
                    stderr='cover.toml: "D:/漢字" has letters that the system\'s code page does not '
                    "have\n")
 
     @unittest.skipIf(ON_WINDOWS, "POSIX paths are bytes of any kind")
-    def test_letters_of_any_script_are_kept(self):
+    def test_characters_of_any_script_are_kept(self):
         lines = self.write(recipe=PROJECT + TARGET + '[output]\nfolder = "D:/漢字"\n')
         self.assertEqual(lines[3], "OutFolder = D:/漢字")
 
