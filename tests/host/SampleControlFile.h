@@ -93,10 +93,10 @@ inline std::string Joined(const Lines& lines, const std::string& lineEnd = "\n")
     return text;
 }
 
-/// In the place of a key: the line behind the last one.
+/// In the place of a key: the line after the last one.
 constexpr const char* endOfFile = "";
 
-/// The number of the line with a key. A key that several sections have stands behind its section:
+/// The number of the line with a key. A key that several sections have follows its section:
 /// "SegmentX", "[MATERIAL REDUCTION] FiberThetaXSegment", "[HEADER]".
 inline std::size_t LineOf(const std::string& key, const Lines& lines = SampleLines()) {
     auto line = lines.end();

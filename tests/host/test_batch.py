@@ -15,7 +15,8 @@ if os.name == "posix":
 
 # Thousands of recipes once in a run of all tests: where the program is as shipped.
 RELEASED = os.environ.get("ZORBI2_BUILD_TYPE") == "Release"
-# For 5,000 recipes it takes 47 MB, most of them for the files left open; all texts would be 12 more.
+# 5,000 recipes take 47 MB, most of it for the files left open; an engine that stays for each recipe
+# takes far more.
 MOST_MEGABYTES = 54
 
 SHOT_FILE = "<SOLID_MCM>\nFlagPrevShot = 1\nValueShotRunID = 1\n</SOLID_MCM>\n"
