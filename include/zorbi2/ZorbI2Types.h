@@ -116,7 +116,7 @@ constexpr ResultCode kResultNoMeetingAngle = -24;        ///< no weld-line meeti
 constexpr ResultCode kResultNeitherRsfNorK5w = -25;      ///< no residual stress; without a text
 constexpr ResultCode kResultNeitherK5pNorK5c = -26;      ///< no temperature; without a text
 constexpr ResultCode kResultNoK5s = -27;                 ///< no annealing stress; without a text
-constexpr ResultCode kResultNoFiberResultsEither =
-    15;  ///< text of kResultNoFiberResults; no check's
+/// Has the text of kResultNoFiberResults; answered by no check.
+constexpr ResultCode kResultNoFiberResultsEither = 15;
 /// The lowest code. Every code from here to kResultAvailable has a row in the table of messages.
 constexpr ResultCode kResultLowest = kResultNoK5s;
