@@ -16,8 +16,6 @@ namespace cmi {
 
 namespace {
 
-constexpr std::int32_t fileVersion = 9064;
-
 const char* KeywordOf(SolverIndex solver) {
     const auto row = static_cast<std::uint32_t>(solver);
     return row < std::size(kSolverKeywords) ? kSolverKeywords[row] : "";
@@ -130,7 +128,7 @@ void FillWeldlineData(CZorbI2CMIData& data, const CZorbI2WeldlineDataStatus& wel
 
 void ResetCMIData(CZorbI2CMIData& data) {
     CZorbI2CMIData fresh;
-    fresh.FileVersion = fileVersion;
+    fresh.FileVersion = kControlFileVersion;
     fresh.DigimatWeldlineAngle = kDefaultDigimatWeldlineAngle;
     // Kept: deliberate. The fill assigns all of them but the flag of kItemMicroMechanics.
     fresh.SolverName = std::move(data.SolverName);
@@ -149,7 +147,7 @@ void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source) {
 
     FillMeshKind(data, source);
     data.SolverName = KeywordOf(source.currentSolver);
-    data.FileVersion = fileVersion;
+    data.FileVersion = kControlFileVersion;
     data.SolverType = source.solverType;
     data.ProjectType = source.projectType;
     data.QuadraticElement = source.quadraticElement != 0;

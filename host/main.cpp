@@ -6,43 +6,27 @@
 #include <exception>
 #include <iostream>
 
-#include "Commands.h"
-#include "HostPlatform.h"
-#include "Paths.h"
-#include "Report.h"
-#include "Session.h"
+#include "commands/CommandLine.h"
+#include "console/Report.h"
+#include "system/HostPlatform.h"
 
 namespace host {
 
 namespace {
 
-ExitCode WorkOnRuns(const Options& options, Terminal& terminal) {
-    const ScratchFolder scratch;
-    const Surroundings surroundings{options, AskNames(), scratch, terminal};
-    if (options.trace) {
-        ShowTraceLines();
-    }
-    return options.command == "init"    ? RunInit(surroundings)
-           : options.command == "items" ? RunItems(surroundings)
-                                        : RunWrite(surroundings);
-}
-
-ExitCode Run(const Options& options) {
-    Terminal terminal(options);
+ExitCode Run(const CommandCall& call) {
+    Terminal terminal(call.options);
     try {
-        return options.command == "check" ? RunCheck(options, terminal)
-                                          : WorkOnRuns(options, terminal);
-    } catch (const Problems& problems) {
-        return Report(problems, options);
+        return call.run(terminal);
     } catch (const std::exception& error) {
-        return Report({{Place{}, error.what(), ExitCode::fileTrouble}}, options);
+        return Report(ProblemsOf(error), call.options);
     }
 }
 
 int Main(int argc, char** argv) {
-    Options options;
-    const std::optional<ExitCode> early = ParseCommandLine(PrepareProcess(argc, argv), options);
-    const ExitCode code = early ? *early : Run(options);
+    CommandCall call;
+    const std::optional<ExitCode> early = ParseCommandLine(PrepareProcess(argc, argv), call);
+    const ExitCode code = early ? *early : Run(call);
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
         return static_cast<int>(code);
     }

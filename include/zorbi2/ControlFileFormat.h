@@ -11,6 +11,9 @@
 #include "CZorbI2CMIData.h"
 #include "ZorbI2Types.h"
 
+/// FileVersion of every file.
+constexpr std::int32_t kControlFileVersion = 9064;
+
 /// The solvers' keywords in the file, by solver. They differ from the display names.
 constexpr const char* kSolverKeywords[] = {
     "ANSYS",       // kSolverAnsys

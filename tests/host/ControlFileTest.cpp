@@ -1,5 +1,5 @@
 // Reading control files: values, line ends, texts that are no control files, and the words.
-#include "ControlFile.h"
+#include "control_files/ControlFile.h"
 
 #include <gtest/gtest.h>
 

@@ -13,7 +13,7 @@
 #include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Types.h>
 
-#include "ControlFile.h"
+#include "control_files/ControlFile.h"
 #include "tests/host/SampleControlFile.h"
 #include "tests/support/SampleProject.h"
 

@@ -9,8 +9,8 @@
 
 #include <zorbi2/ControlFileFormat.h>
 
-#include "ControlFile.h"
-#include "Problem.h"
+#include "control_files/ControlFile.h"
+#include "problems/Problem.h"
 
 namespace samples {
 
@@ -134,8 +134,8 @@ struct Reading {
 inline Reading Read(const std::string& text) {
     try {
         return {host::ReadControlFile("sample.cmi", text), {}};
-    } catch (const host::Problems& faults) {
-        return {{}, {faults.begin(), faults.end()}};
+    } catch (const host::Failure& failure) {
+        return {{}, failure.List()};
     }
 }
 

@@ -1,0 +1,99 @@
+#include "commands/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+
+namespace host {
+
+namespace {
+
+constexpr const char* exitCodes =
+    "Exit codes:\n"
+    "  0  done\n"
+    "  1  something asked for is not available, or a check found faults\n"
+    "  2  wrong usage, or a recipe that cannot be read\n"
+    "  3  file or folder trouble\n\n"
+    "Example:\n"
+    "  zorbi2 init Run02 && zorbi2 items Cover02.toml && zorbi2 write Cover02.toml";
+
+void AddGeneralOptions(CLI::App& app, GeneralOptions& options) {
+    app.add_flag("--json", options.json, "Print one JSON document instead of text");
+    app.add_flag("--trace", options.trace, "Print the engine's trace lines on standard error");
+    app.add_flag("--quiet", options.quiet, "Print problems and what was asked for, no more");
+    app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION);
+}
+
+void AddCommand(CLI::App& app, const Command& row, CommandCall& call) {
+    CLI::App& command = *app.add_subcommand(row.name, row.purpose);
+    command.footer(std::string("--json, --trace, --quiet: see zorbi2 --help\n\nExample:\n  ") +
+                   row.example);
+    command.fallthrough();  // --json and its like may stand behind the command
+    command.callback([&call, name = row.name, run = row.add(command)] {
+        call.options.command = name;
+        call.run = run;
+    });
+}
+
+/// "init, items, write or check".
+std::string AllCommands() {
+    std::string names;
+    for (const Command& command : Commands()) {
+        const bool isLast = &command == &Commands().back();
+        names += (names.empty() ? "" : isLast ? " or " : ", ") + std::string(command.name);
+    }
+    return names;
+}
+
+/// "--set A=1 B=2" as "--set A=1 --set B=2": left to itself, the option would either take one
+/// choice or swallow the recipes behind it too.
+std::vector<std::string> WithSingleChoices(const std::vector<std::string>& arguments) {
+    std::vector<std::string> single;
+    bool mayFollow = false;
+    for (const std::string& argument : arguments) {
+        const bool isChoice =
+            mayFollow && !argument.starts_with('-') && argument.find('=') != std::string::npos;
+        if (isChoice && single.back() != "--set") {
+            single.emplace_back("--set");
+        }
+        single.push_back(argument);
+        mayFollow = isChoice || argument.starts_with("--set");
+    }
+    return single;
+}
+
+ExitCode RefuseUsage(const CLI::App& app, const CLI::ParseError& error) {
+    const auto commands = app.get_subcommands();
+    const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
+    std::cerr << "zorbi2: " << error.what() << "\nzorbi2 " << command
+              << "--help tells how it is used\n";
+    return ExitCode::badUsage;
+}
+
+}  // namespace
+
+std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, CommandCall& call) {
+    CLI::App app("Prepares the hand-over of molding results to structural solvers.", "zorbi2");
+    app.allow_windows_style_options(false);  // a path may start with a slash
+    app.footer(exitCodes);
+    AddGeneralOptions(app, call.options);
+    for (const Command& row : Commands()) {
+        AddCommand(app, row, call);
+    }
+    try {
+        arguments = WithSingleChoices(arguments);
+        std::ranges::reverse(arguments);  // as CLI11 wants them
+        app.parse(std::move(arguments));
+        if (app.get_subcommands().empty()) {
+            throw CLI::RequiredError("A command: " + AllCommands());
+        }
+    } catch (const CLI::Success& wish) {  // help or version
+        app.exit(wish, std::cout, std::cerr);
+        return ExitCode::done;
+    } catch (const CLI::ParseError& error) {
+        return RefuseUsage(app, error);
+    }
+    return std::nullopt;
+}
+
+}  // namespace host

@@ -1,0 +1,26 @@
+#include "commands/Commands.h"
+
+namespace host {
+
+namespace {
+
+// clang-format off
+constexpr Command commands[] = {
+    {"init", "Write a recipe to start from",
+     "zorbi2 init /runs/cover/Run02 -o cover.toml", AddInit},
+    {"items", "Show what the desktop dialog shows for a recipe",
+     "zorbi2 items cover.toml --solver ABAQUS --mesh deformed", AddItems},
+    {"write", "Write the control parameter file of each recipe",
+     "zorbi2 write *.toml --set thermal-stress=on --out handover", AddWrite},
+    {"check", "Read control parameter files back",
+     "zorbi2 check --show handover/*.cmi", AddCheck},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const Command> Commands() {
+    return commands;
+}
+
+}  // namespace host

@@ -1,0 +1,236 @@
+// The command "items": what the desktop dialog shows, for people or as JSON.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cctype>
+#include <memory>
+#include <utility>
+
+#include <zorbi2/CZorbI2Engine.h>
+
+#include "commands/Commands.h"
+#include "commands/RecipeCommand.h"
+#include "console/Report.h"
+#include "handover/Session.h"
+
+namespace host {
+
+namespace {
+
+struct ItemsOptions {
+    std::vector<std::string> recipes;  ///< one; a list, so that a second one is told apart
+    Overrides overrides;
+    bool solvers = false;
+    bool matrix = false;
+};
+
+constexpr const char* groupNames[] = {"Part", "Part insert", "Moldbase"};
+
+/// The items without a title are known by their key in the file.
+std::string TitleOf(const CZorbI2Item& item) {
+    return item.title.empty() ? NameOf(item.itemId, itemKeys) : item.title;
+}
+
+/// The item's id and short name, filled to the width of a column.
+std::string LabelOf(std::int32_t itemId) {
+    constexpr std::size_t width = 27;
+    return Padded(
+        (itemId < 10 ? "  " : " ") + std::to_string(itemId) + " " + NameOf(itemId, shortNames),
+        width);
+}
+
+// ---- The dialog -------------------------------------------------------------------------------
+
+void PrintItem(const OfferedItem& offered, Terminal& terminal) {
+    const CZorbI2Item& item = offered.item;
+    const std::string label = LabelOf(item.itemId);
+    const std::string newLine = "\n" + std::string(label.size(), ' ');
+    const char* const mark = offered.IsMissing()              ? "[-] "
+                             : !offered.IsSwitch()            ? ""
+                             : offered.status.checkState == 1 ? "[x] "
+                                                              : "[ ] ";
+    terminal.out << label << terminal.Colored(mark + TitleOf(item), Color::strong);
+    if (!item.description.empty()) {
+        const std::string text =
+            Wrapped(item.description, terminal.columns - label.size(), label.size());
+        terminal.out << newLine << terminal.Colored(text, Color::faint);
+    }
+    if (offered.IsMissing()) {
+        terminal.out << newLine << terminal.Colored("missing: " + offered.Label(), Color::bad);
+    }
+    for (const auto& [key, option] : item.options) {
+        if (key >= 0) {
+            const bool isChosen = key == offered.status.optionValue;
+            terminal.out << newLine << (isChosen ? "(x) " : "( ) ") << key << "  " << option;
+        }
+    }
+    terminal.out << '\n';
+}
+
+Json JsonOf(const OfferedItem& offered) {
+    const CZorbI2Item& item = offered.item;
+    Json entry = {{"id", item.itemId},
+                  {"name", NameOf(item.itemId, shortNames)},
+                  {"group", groupNames[offered.group]},
+                  {"title", TitleOf(item)},
+                  {"description", item.description},
+                  {"available", !offered.IsMissing()}};
+    if (offered.IsMissing()) {
+        entry["reason"] = offered.Label();
+    } else if (offered.IsSwitch()) {
+        entry["on"] = offered.status.checkState == 1;
+    } else {
+        entry["option"] = offered.status.optionValue;
+        for (const auto& [key, label] : item.options) {
+            entry["options"].push_back({{"key", key}, {"label", label}});
+        }
+    }
+    return entry;
+}
+
+/// What the heading says.
+std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
+    const bool isSecond = recipe.quadraticElements && slot.elementTypes.size() > 1;
+    return recipe.project.projectName + ", run " + std::to_string(recipe.project.runNumber) +
+           ", for " + slot.name + ": " + NameOf(recipe.meshKind, meshKinds) + " mesh, " +
+           slot.elementTypes[isSecond ? 1 : 0];
+}
+
+Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Problems& problems) {
+    Json list = Json::array();
+    problems = session.ApplyRecipe();
+    const SolverSlot* slot = session.Engine().solverSlots[recipe.solver].get();
+    if (slot == nullptr || !Offers(*slot, recipe.meshKind)) {
+        return {{"items", list}};
+    }
+    terminal.out << Wrapped(Heading(recipe, *slot), terminal.columns, 0) << '\n'
+                 << recipe.project.projectFolder << '\n';
+    int group = -1;
+    for (const OfferedItem& offered : session.Offer(recipe.solver, recipe.meshKind)) {
+        if (std::exchange(group, offered.group) != offered.group) {
+            terminal.out << '\n' << terminal.Colored(groupNames[group], Color::strong) << '\n';
+        }
+        PrintItem(offered, terminal);
+        list.push_back(JsonOf(offered));
+    }
+    terminal.out << (list.empty() ? "\nNothing is offered.\n" : "");
+    return {{"project", recipe.project.projectName},      {"run", recipe.project.runNumber},
+            {"folder", recipe.project.projectFolder},     {"solver", slot->name},
+            {"mesh", NameOf(recipe.meshKind, meshKinds)}, {"items", list}};
+}
+
+// ---- Solvers ----------------------------------------------------------------------------------
+
+Json ShowSolvers(const Session& session, Terminal& terminal) {
+    Json list = Json::array();
+    for (const SolverSlot* slot : OfferedSolvers(session.Engine())) {
+        const std::string keyword = NameOf(slot->solverIndex, solverKeywords);
+        terminal.out << slot->solverIndex << "  " << terminal.Colored(slot->name, Color::strong)
+                     << (keyword == slot->name ? "" : "  (" + keyword + ")")
+                     << "\n   mesh kinds:    " << Listed(slot->meshTypes)
+                     << "\n   element types: " << Listed(slot->elementTypes) << '\n';
+        list.push_back({{"index", slot->solverIndex},
+                        {"name", slot->name},
+                        {"keyword", keyword},
+                        {"meshKinds", slot->meshTypes},
+                        {"elementTypes", slot->elementTypes}});
+    }
+    return {{"solvers", list}};
+}
+
+// ---- The matrix -------------------------------------------------------------------------------
+
+/// A sign for each item: '+' available, '-' missing, '.' not offered.
+std::string SignsOf(const std::vector<OfferedItem>& items) {
+    std::string signs(kItemCount, '.');
+    for (const OfferedItem& offered : items) {
+        signs[offered.item.itemId] = offered.IsMissing() ? '-' : '+';
+    }
+    return signs;
+}
+
+Json JsonOf(const std::string& signs) {
+    Json available = Json::object();
+    for (const auto& [itemId, name] : shortNames) {
+        if (signs[itemId] != '.') {
+            available[name] = signs[itemId] == '+';
+        }
+    }
+    return available;
+}
+
+/// A column of the matrix: a heading, the solver's mesh kinds, and the signs of each item for them.
+std::vector<std::string> ColumnOf(const SolverSlot& slot, const std::string& heading,
+                                  Session& session, Json& list) {
+    std::vector<std::string> column(2 + kItemCount);
+    column[0] = heading;
+    for (const auto& [kind, mesh] : meshKinds) {
+        if (Offers(slot, kind)) {
+            const std::string signs = SignsOf(session.Offer(slot.solverIndex, kind));
+            column[1] += static_cast<char>(std::toupper(mesh[0]));
+            for (std::size_t item = 0; item < signs.size(); ++item) {
+                column[item + 2] += signs[item];
+            }
+            list.push_back({{"solver", slot.name}, {"mesh", mesh}, {"available", JsonOf(signs)}});
+        }
+    }
+    return column;
+}
+
+void Append(const std::vector<std::string>& column, std::vector<std::string>& lines) {
+    const std::size_t width = std::max(column[0].size(), column[1].size());
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        lines[line] += Padded(column[line], width + 2);
+    }
+}
+
+Json ShowMatrix(Session& session, Terminal& terminal) {
+    constexpr std::size_t roomForNames = 120;
+    const bool hasNames = terminal.columns >= roomForNames;
+    std::vector<std::string> lines(2, Padded("", LabelOf(0).size()));  // solvers, mesh kinds, items
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
+        lines.push_back(LabelOf(itemId));
+    }
+    std::string legend =
+        "+ available, - results missing, . not offered; O original, D deformed, M mapped, "
+        "3 3d-mapping-to-shell";
+    Json list = Json::array();
+    for (const SolverSlot* slot : OfferedSolvers(session.Engine())) {
+        const std::string number = std::to_string(slot->solverIndex);
+        legend += hasNames ? "" : "; " + number + " " + slot->name;
+        Append(ColumnOf(*slot, hasNames ? slot->name : number, session, list), lines);
+    }
+    for (const std::string& line : lines) {
+        terminal.out << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+    }
+    terminal.out << '\n' << Wrapped(legend, terminal.columns, 0) << '\n';
+    return {{"matrix", list}};
+}
+
+ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
+    const Surroundings host(terminal);
+    Problems problems;
+    const Recipe recipe = ReadRecipe(options.recipes[0], options.overrides, host.names,
+                                     host.scratch.Start(), Purpose::showing);
+    CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
+    Session session(recipe);
+    const Json content = options.solvers  ? ShowSolvers(session, terminal)
+                         : options.matrix ? ShowMatrix(session, terminal)
+                                          : ShowDialog(recipe, session, terminal, problems);
+    return Report(problems, terminal.options, content);
+}
+
+}  // namespace
+
+RunFunction AddItems(CLI::App& commandLine) {
+    const auto options = std::make_shared<ItemsOptions>();
+    commandLine.add_option("RECIPE", options->recipes, "Recipe (TOML)")->required()->expected(1);
+    CLI::Option* matrix = commandLine.add_flag("--matrix", options->matrix,
+                                               "Show items against solvers and mesh kinds instead");
+    commandLine
+        .add_flag("--solvers", options->solvers, "Show solvers, mesh kinds, element types instead")
+        ->excludes(matrix);
+    AddOverrides(commandLine, options->overrides);
+    return [options](Terminal& terminal) { return RunItems(*options, terminal); };
+}
+
+}  // namespace host

@@ -1,0 +1,31 @@
+// What the commands that work on recipes and runs have in common.
+#pragma once
+
+#include <zorbi2/CZorbI2EngineManager.h>
+
+#include "console/Terminal.h"
+#include "recipes/Names.h"
+#include "recipes/Recipe.h"
+#include "system/Paths.h"
+
+namespace CLI {
+class App;
+}
+
+namespace host {
+
+/// Adds the options that beat a recipe's solver, mesh kind and choices.
+void AddOverrides(CLI::App& commandLine, Overrides& overrides);
+
+/// Where such a command works.
+struct Surroundings {
+    /// The engine that is asked for names comes before the trace lines, which are of the runs.
+    explicit Surroundings(Terminal& console);
+
+    Terminal& terminal;
+    const ScratchFolder scratch;
+    CZorbI2EngineManager bareEngine;  ///< of no project
+    Names names;
+};
+
+}  // namespace host

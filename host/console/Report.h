@@ -1,0 +1,20 @@
+// How problems and JSON documents leave the host; the documents' shapes are in docs/json.md.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include "console/Terminal.h"
+#include "problems/Problem.h"
+
+namespace host {
+
+using Json = nlohmann::ordered_json;
+
+Json JsonOf(const Problems& problems);
+
+/// Tells problems on standard error, or prints the document with the content and them. Returns the
+/// exit code: that of the gravest, which is the highest.
+ExitCode Report(const Problems& problems, const GeneralOptions& options,
+                const Json& content = Json::object());
+
+}  // namespace host

@@ -1,0 +1,55 @@
+#include "console/Terminal.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <sstream>
+
+#include "system/HostPlatform.h"
+
+namespace host {
+
+namespace {
+
+/// Characters of a UTF-8 text.
+std::size_t WidthOf(const std::string& text) {
+    return std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
+}
+
+}  // namespace
+
+Terminal::Terminal(const GeneralOptions& generalOptions)
+    : options(generalOptions),
+      isTerminal(TerminalColumns() > 0),
+      columns(isTerminal ? TerminalColumns() : 80),
+      out(options.json ? nullptr : std::cout.rdbuf()),
+      news(options.quiet ? nullptr : out.rdbuf()) {
+    const char* noColor = std::getenv("NO_COLOR");
+    hasColor = isTerminal && (noColor == nullptr || *noColor == '\0');
+}
+
+std::string Terminal::Colored(const std::string& text, Color color) const {
+    return hasColor ? "\033[" + std::to_string(static_cast<int>(color)) + "m" + text + "\033[0m"
+                    : text;
+}
+
+std::string Padded(const std::string& text, std::size_t width) {
+    return text + std::string(width - std::min(width, WidthOf(text)), ' ');
+}
+
+std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+    std::string lines;
+    std::size_t column = 0;
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        const bool fits = column + 1 + WidthOf(word) <= width;
+        if (column > 0) {
+            lines += fits ? " " : "\n" + std::string(indent, ' ');
+        }
+        column = (column > 0 && fits ? column + 1 : 0) + WidthOf(word);
+        lines += word;
+    }
+    return lines;
+}
+
+}  // namespace host

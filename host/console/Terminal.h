@@ -1,0 +1,41 @@
+// Text for people: where it goes, color, width and line breaks.
+#pragma once
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+
+namespace host {
+
+/// What every command takes.
+struct GeneralOptions {
+    std::string command;  ///< its name, which JSON documents carry
+    bool json = false;
+    bool trace = false;
+    bool quiet = false;
+};
+
+enum class Color { strong = 1, faint = 2, bad = 31 };
+
+/// What standard output goes to.
+struct Terminal {
+    explicit Terminal(const GeneralOptions& generalOptions);
+
+    /// Colored on a terminal only, and never with NO_COLOR.
+    std::string Colored(const std::string& text, Color color) const;
+
+    GeneralOptions options;
+    bool isTerminal;
+    bool hasColor;
+    std::size_t columns;  ///< 80 where there is no terminal
+    std::ostream out;     ///< for what was asked for; leads nowhere with --json
+    std::ostream news;    ///< for what was done; leads nowhere with --json and --quiet
+};
+
+/// The text, padded with spaces to a width in characters.
+std::string Padded(const std::string& text, std::size_t width);
+
+/// The text broken between words into lines of at most a width, all but the first indented.
+std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent);
+
+}  // namespace host

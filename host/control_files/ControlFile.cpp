@@ -1,0 +1,34 @@
+#include "control_files/ControlFile.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+
+#include <zorbi2/ZorbI2Types.h>
+
+namespace host {
+
+std::string Printed(double number) {
+    // Sign, all digits of the largest double, point and decimals.
+    std::array<char, std::numeric_limits<double>::max_exponent10 + 8> digits{};
+    char* const start = digits.data();
+    const auto end =
+        std::to_chars(start, start + digits.size(), number, std::chars_format::fixed, 3);
+    return {start, end.ptr};
+}
+
+bool IsOn(const ControlFile& file, const std::string& key) {
+    const auto value = file.find(key);
+    return value != file.end() && value->second == "1";
+}
+
+bool IsAnnealedMesh(const ControlFile& file) {
+    return file.contains("IsAnnealingDeformedMesh") &&
+           file.at("ProjectType") == std::to_string(kProjectTypeAnnealing) &&
+           std::ranges::none_of(meshKeys, [&file](const char* key) {
+               return key != meshKeys[kMeshDeformed] && IsOn(file, key);
+           });
+}
+
+}  // namespace host

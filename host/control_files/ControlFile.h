@@ -1,0 +1,37 @@
+// Control parameter files as texts: what one says, and every line that is not as the engine writes
+// it. Never touches the file system, the terminal or the engine.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// What a control parameter file says: its values as printed, by their keys. A key stands behind
+/// its section except in the header: "QuadraticElement", "[MAP DOMAIN] SegmentX", "SolverName".
+/// Lines that are left out have no key here.
+using ControlFile = std::map<std::string, std::string>;
+
+/// Reads the text of a file. Throws a Failure with all that the engine would not have written, in
+/// the order of the lines; what is missing stands at the line in its place. `name` is the file's,
+/// for the problems.
+ControlFile ReadControlFile(const std::string& name, std::string_view text);
+
+/// A number as the file prints it, with three decimals.
+std::string Printed(double number);
+
+/// The keys that are 1 for a mesh kind, by mesh kind.
+inline constexpr const char* meshKeys[] = {"IsOriginalMesh", "IsDeformedMesh", "IsMappedMesh",
+                                           "Is3DMappingShell"};
+
+/// The options of kItemMicroMechanics, by option.
+inline constexpr const char* compositeModels[] = {"traditional", "Halpin-Tsai", "Mori-Tanaka"};
+
+/// Whether the value of a key is there and 1.
+bool IsOn(const ControlFile& file, const std::string& key);
+
+/// The deformed mesh after annealing, which is none of the other mesh kinds.
+bool IsAnnealedMesh(const ControlFile& file);
+
+}  // namespace host

@@ -1,0 +1,126 @@
+#include "control_files/LayoutRow.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <string_view>
+
+#include "control_files/ControlFile.h"
+
+namespace host {
+
+namespace {
+
+using Data = CZorbI2CMIData;
+
+/// The keys of a tag that names a solver, or none.
+std::vector<std::string> TagsOf(const LayoutRow& row) {
+    std::vector<std::string> tags = {ControlFileKey(row.With({}))};
+    for (const char* solver : kSolverKeywords) {
+        tags.push_back(ControlFileKey(row.With(solver)));
+    }
+    return tags;
+}
+
+/// The row of a line in a section; the header's values go by their keys alone.
+LayoutRow RowOf(const ControlFileLine& line, const std::string& section) {
+    const std::string text = line.text;
+    LayoutRow row{&line, ControlFileKey(text), {}, {}, text, {}};
+    row.name = row.IsSolverTag()       ? "SolverName"
+               : section == "[HEADER]" ? row.key
+                                       : section + " " + row.key;
+    if (line.value != ControlFileValue::none) {
+        const std::size_t value = text.find('%');
+        row.before = text.substr(0, value);
+        row.after = text.substr(text.find_first_of("dfs", value) + 1);
+    }
+    if (line.number == &Data::FileVersion) {
+        row.before = row.With(std::to_string(kControlFileVersion));
+        row.after.clear();
+    }
+    row.keys = row.IsSolverTag() ? TagsOf(row) : std::vector{row.key};
+    return row;
+}
+
+bool IsOfKind(ControlFileValue kind, const std::string& value) {
+    const auto read = [&value](auto number) {
+        std::from_chars(value.data(), value.data() + value.size(), number);
+        return number;
+    };
+    switch (kind) {
+        case ControlFileValue::number:
+            return value == std::to_string(read(std::int32_t{0}));
+        case ControlFileValue::decimal:
+            return value.find_first_not_of("-.0123456789") == std::string::npos &&
+                   value == Printed(read(0.0));
+        default:
+            return value.find('\0') == std::string::npos;
+    }
+}
+
+}  // namespace
+
+bool LayoutRow::IsFixed() const {
+    return line->value == ControlFileValue::none || line->number == &Data::FileVersion;
+}
+
+bool LayoutRow::IsSolverTag() const {
+    return line->words == &Data::SolverName;
+}
+
+bool LayoutRow::IsOf(const std::string& keyOfLine) const {
+    return std::ranges::find(keys, keyOfLine) != keys.end();
+}
+
+std::optional<std::string> LayoutRow::ValueIn(const std::string& text) const {
+    const std::size_t around = before.size() + after.size();
+    if (text.size() < around || !text.starts_with(before) || !text.ends_with(after)) {
+        return std::nullopt;
+    }
+    const std::string value = text.substr(before.size(), text.size() - around);
+    const bool fits = IsFixed() ? value.empty() : IsOfKind(line->value, value);
+    return fits ? std::optional(value) : std::nullopt;
+}
+
+std::string LayoutRow::With(const std::string& value) const {
+    return before + value + after;
+}
+
+std::string LayoutRow::InWords() const {
+    if (IsFixed()) {
+        return before;
+    }
+    return With(IsSolverTag()                              ? "SOLVER"
+                : line->value == ControlFileValue::number  ? "N"
+                : line->value == ControlFileValue::decimal ? "N.NNN"
+                                                           : "...");
+}
+
+std::string LayoutRow::RangeAgainst(const std::string& value) const {
+    ControlFileRange range{};
+    const bool isNoReduction = line->number == &Data::DensityReduction && value == "0";
+    if (isNoReduction || !GetControlFileRange(*line, &range)) {
+        return {};
+    }
+    const int number = std::stoi(value);
+    const std::size_t start = after.find('(') + 1;
+    return number < range.lowest || number > range.highest
+               ? after.substr(start, after.find(')') - start)
+               : "";
+}
+
+const std::vector<LayoutRow>& Layout() {
+    static const std::vector<LayoutRow> rows = [] {
+        std::vector<LayoutRow> all;
+        std::string section = "[HEADER]";
+        for (const ControlFileLine& line : kControlFileLines) {
+            all.push_back(RowOf(line, section));
+            const LayoutRow& row = all.back();
+            section = row.IsFixed() && row.key.starts_with('[') ? row.key : section;
+        }
+        return all;
+    }();
+    return rows;
+}
+
+}  // namespace host

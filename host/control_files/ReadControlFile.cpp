@@ -1,0 +1,245 @@
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+#include <zorbi2/ControlFileFormat.h>
+#include <zorbi2/ZorbI2Types.h>
+
+#include "control_files/ControlFile.h"
+#include "control_files/LayoutRow.h"
+#include "problems/Problem.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::size_t none = std::string_view::npos;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+struct Line {
+    std::string text;
+    std::string key;
+};
+
+/// The lines of a text without their ends, which are LF or CR LF. At least one; no more than bound
+/// the work on what is no control file.
+std::vector<Line> SplitLines(std::string_view text) {
+    constexpr std::size_t mostLines = 1000;
+    std::vector<Line> lines;
+    do {
+        const std::size_t length = std::min(text.find('\n'), text.size());
+        std::string line(text.substr(0, length));
+        if (line.ends_with('\r')) {
+            line.pop_back();
+        }
+        lines.push_back({line, ControlFileKey(line)});
+        text.remove_prefix(std::min(length + 1, text.size()));
+    } while (!text.empty() && lines.size() < mostLines);
+    return lines;
+}
+
+/// The rows that must have a line in the file, or have one.
+std::vector<LayoutRow> RowsFor(const std::vector<Line>& lines) {
+    std::vector<LayoutRow> rows;
+    std::ranges::copy_if(Layout(), std::back_inserter(rows), [&lines](const LayoutRow& row) {
+        return row.line->presence == ControlFilePresence::always ||
+               std::ranges::count(lines, row.key, &Line::key) > 0;
+    });
+    return rows;
+}
+
+/// A line for a message, which a file that is none of the engine's may have endless ones for.
+std::string QuotedLine(const std::string& line) {
+    constexpr std::size_t longest = 160;
+    return Quoted(line.size() > longest ? line.substr(0, longest) + "..." : line);
+}
+
+std::string Expected(const std::string& line, const std::string& found) {
+    return "expected " + QuotedLine(line) + ", found " + QuotedLine(found);
+}
+
+/// What the values of several lines must keep.
+struct Rule {
+    const char* key;
+    bool isKept;
+    std::string text;
+};
+
+std::string DensityRange() {
+    ControlFileRange range{};
+    const auto row = std::ranges::find(Layout(), "DensityReduction", &LayoutRow::key);
+    GetControlFileRange(*row->line, &range);
+    return std::to_string(range.lowest) + " to " + std::to_string(range.highest);
+}
+
+std::vector<Rule> RulesFor(const ControlFile& file) {
+    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
+    const bool isMapped = isOn(meshKeys[kMeshMapped]) || isOn(meshKeys[kMesh3DMappingShell]);
+    constexpr int models = std::size(compositeModels);
+    const int model = std::stoi(file.at("IDCompositeModel"));
+    return {
+        {meshKeys[kMeshOriginal],
+         std::ranges::count_if(meshKeys, isOn) == (IsAnnealedMesh(file) ? 0 : 1),
+         "exactly one mesh kind must be 1, none for the annealed mesh"},
+        {"IDCompositeModel", model == kOptionResultsMissing || (model >= 0 && model < models),
+         "must be 0 to " + std::to_string(models - 1) + ", or " +
+             std::to_string(kOptionResultsMissing) + " when results are missing"},
+        {"MapFile", isMapped || file.at("MapFile") == " ",
+         "must be a blank, for the mesh is not mapped"},
+        {"DensityReduction",
+         file.at("[DENSITY REDUCTION] DensityReduction") != "0" || !isOn("IsDoDensityReduction"),
+         "must be " + DensityRange() + ", for density reduction is on"},
+    };
+}
+
+class Reader {
+public:
+    Reader(std::string name, std::string_view text)
+        : name_(std::move(name)),
+          text_(text),
+          lines_(SplitLines(text.substr(HasMark() ? byteOrderMark.size() : 0))),
+          rows_(RowsFor(lines_)) {}
+
+    ControlFile Read() {
+        if (!rows_.front().IsOf(lines_.front().key) && !rows_.back().IsOf(lines_.back().key)) {
+            Add(0, "not a control parameter file: " +
+                       Expected(rows_.front().InWords(), lines_.front().text));
+        } else {
+            ReadLines();
+            CheckEnds();
+        }
+        if (faults_.empty()) {
+            CheckRules();
+        }
+        ThrowFaults();
+        return std::move(file_);
+    }
+
+private:
+    void Add(std::size_t line, const std::string& message) {
+        const Place place{name_, static_cast<std::uint32_t>(line + 1)};
+        faults_.emplace_back(place, message, ExitCode::notAvailable);
+    }
+
+    bool HasMark() const { return text_.starts_with(byteOrderMark); }
+
+    /// Walks down lines and rows together.
+    void ReadLines() {
+        while (line_ < lines_.size() || row_ < rows_.size()) {
+            if (RowsBefore(line_, row_) == 0) {
+                ReadLine(rows_[row_++]);
+                ++line_;
+            } else {
+                TellDifference();
+            }
+        }
+    }
+
+    void ReadLine(const LayoutRow& row) {
+        const std::string& text = lines_[line_].text;
+        const std::optional<std::string> value = row.ValueIn(text);
+        if (!value) {
+            Add(line_, Expected(row.InWords(), text));
+        } else if (const std::string range = row.RangeAgainst(*value); !range.empty()) {
+            Add(line_, Quoted(row.key) + " is " + *value + "; allowed is " + range);
+        } else {
+            Keep(row, *value);
+        }
+    }
+
+    void Keep(const LayoutRow& row, const std::string& value) {
+        if (!row.IsFixed()) {
+            const std::string& kept = file_.emplace(row.name, value).first->second;
+            if (kept != value) {  // the solver's second tag
+                Add(line_, Expected(row.With(kept), lines_[line_].text));
+            }
+        } else if (row.line->presence != ControlFilePresence::always) {
+            file_.emplace(row.name, "1");  // a line that only stands there when it says so
+        }
+    }
+
+    /// Where line and row differ, what comes back sooner tells whether the line is garbled, missing
+    /// or one too many.
+    void TellDifference() {
+        const std::size_t missing = RowsBefore(line_, row_);
+        const std::size_t extra = LinesBefore(line_, row_);
+        const bool isLast = line_ == lines_.size() || row_ == rows_.size();
+        if (!isLast && (missing == extra || RowsBefore(line_ + 1, row_ + 1) == 0)) {
+            Add(line_, Expected(rows_[row_++].InWords(), lines_[line_].text));
+            ++line_;
+        } else if (line_ == lines_.size() || missing < extra) {
+            Add(std::min(line_, lines_.size() - 1),
+                Quoted(rows_[row_++].InWords()) + " is missing here");
+        } else {
+            const std::string& text = lines_[line_].text;
+            Add(line_++,
+                (text.empty() ? "an empty line" : QuotedLine(text)) + " does not belong here");
+        }
+    }
+
+    /// How many rows stand before the one of a line; none if there is none below.
+    std::size_t RowsBefore(std::size_t line, std::size_t row) const {
+        for (std::size_t i = row; line < lines_.size() && i < rows_.size(); ++i) {
+            if (rows_[i].IsOf(lines_[line].key)) {
+                return i - row;
+            }
+        }
+        return none;
+    }
+
+    std::size_t LinesBefore(std::size_t line, std::size_t row) const {
+        for (std::size_t i = line; row < rows_.size() && i < lines_.size(); ++i) {
+            if (rows_[row].IsOf(lines_[i].key)) {
+                return i - line;
+            }
+        }
+        return none;
+    }
+
+    void CheckEnds() {
+        if (HasMark()) {
+            Add(0, "the file starts with a byte order mark");
+        }
+        if (!text_.ends_with('\n')) {
+            Add(lines_.size() - 1, "the file ends within this line: it has no line end");
+        }
+    }
+
+    void CheckRules() {
+        for (const auto& [key, isKept, text] : RulesFor(file_)) {
+            if (!isKept) {
+                const auto line = std::ranges::find(lines_, key, &Line::key) - lines_.begin();
+                Add(static_cast<std::size_t>(line), Quoted(key) + ": " + text);
+            }
+        }
+    }
+
+    void ThrowFaults() {
+        constexpr std::size_t mostFaults = 20;
+        std::ranges::stable_sort(faults_, {}, [](const auto& fault) { return fault.place.line; });
+        if (faults_.size() > mostFaults) {
+            faults_.erase(faults_.begin() + mostFaults, faults_.end());
+            Add(faults_.back().place.line - 1, "more faults follow");
+        }
+        ThrowAny(faults_);
+    }
+
+    std::string name_;
+    std::string_view text_;
+    std::vector<Line> lines_;
+    std::vector<LayoutRow> rows_;
+    std::size_t line_ = 0;
+    std::size_t row_ = 0;
+    Problems faults_;
+    ControlFile file_;
+};
+
+}  // namespace
+
+ControlFile ReadControlFile(const std::string& name, std::string_view text) {
+    return Reader(name, text).Read();
+}
+
+}  // namespace host

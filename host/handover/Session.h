@@ -1,0 +1,50 @@
+// One pass through the engine for one recipe. All that the host knows about items, options,
+// reasons and offers comes from here, and here from the manager.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <zorbi2/CZorbI2EngineManager.h>
+
+#include "control_files/ControlFile.h"
+#include "handover/Offers.h"
+#include "problems/Problem.h"
+#include "recipes/Recipe.h"
+
+namespace host {
+
+class Session {
+public:
+    /// Creates the engine, which looks for the run's result files. Throws a Failure for texts that
+    /// cannot be handed to the engine.
+    explicit Session(const Recipe& recipe);
+
+    const CZorbI2Engine& Engine() const { return *manager_.engine; }
+
+    /// Makes a solver and mesh kind the current ones. Returns what is offered then.
+    const std::vector<OfferedItem>& Offer(std::int32_t solver, std::int32_t meshKind);
+
+    /// Sets the recipe's solver and mesh kind, its choices and weld-line data, and commits them.
+    /// Returns what of it the project does not offer or the engine refuses.
+    Problems ApplyRecipe();
+
+    /// Has the engine write the control file, and returns what must stand in it.
+    ControlFile Write(const std::filesystem::path& folder, const std::string& extension);
+
+    /// Why an item does not come out as 1 in the file.
+    std::string ReasonAgainst(std::int32_t itemId) const;
+
+private:
+    void Choose(const Choice& choice, Problems& problems);
+    void SetWeldLines();
+    const OfferedItem* FindOffered(std::int32_t itemId) const;
+
+    const Recipe& recipe_;
+    CZorbI2EngineManager manager_;
+    std::vector<OfferedItem> offered_;
+};
+
+}  // namespace host

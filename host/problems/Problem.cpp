@@ -1,0 +1,50 @@
+#include "problems/Problem.h"
+
+#include <cstring>
+
+namespace host {
+
+Failure::Failure(Problems problems)
+    : std::runtime_error(InOneLine(problems.at(0))),
+      problems_(std::make_shared<const Problems>(std::move(problems))) {}
+
+Problems ProblemsOf(const std::exception& error) {
+    const auto* failure = dynamic_cast<const Failure*>(&error);
+    return failure != nullptr ? failure->List()
+                              : Problems{{Place{}, error.what(), ExitCode::fileTrouble}};
+}
+
+void Fail(const Place& place, const std::string& text, ExitCode code) {
+    throw Failure({{place, text, code}});
+}
+
+void ThrowAny(const Problems& problems) {
+    if (!problems.empty()) {
+        throw Failure(problems);
+    }
+}
+
+void FailFor(int reason, const Place& place, const std::string& text) {
+    Fail(place, text + ": " + std::strerror(reason), ExitCode::fileTrouble);
+}
+
+std::string InOneLine(const Problem& problem) {
+    const auto& [file, line, column, name] = problem.place;
+    std::string place = file.empty() ? "zorbi2" : file;
+    for (const std::uint32_t position : {line, column}) {
+        place += position > 0 ? ":" + std::to_string(position) : "";
+    }
+    return place + ": " + problem.message;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string quoted = "\"";
+    for (const char letter : text) {
+        const auto byte = static_cast<unsigned char>(letter);
+        const bool isControl = byte < 0x20 || byte == 0x7F;
+        quoted += letter == '\t' ? "\\t" : std::string(1, isControl ? '?' : letter);
+    }
+    return quoted + '"';
+}
+
+}  // namespace host

@@ -1,0 +1,71 @@
+// What went wrong, where it was asked for, and the exit code that it leads to.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+enum class ExitCode {
+    done = 0,
+    notAvailable = 1,  ///< something asked for is not available, or a check found faults
+    badUsage = 2,      ///< a command line or a recipe that cannot be read
+    fileTrouble = 3,   ///< a file or folder that cannot be used
+};
+
+/// Where a value comes from. Line 0: not from a line; no file: not from a recipe.
+struct Place {
+    std::string file;
+    std::uint32_t line = 0;
+    std::uint32_t column = 0;
+    std::string name = {};  ///< of the value there: "target.solver", "--set 4=on"
+};
+
+struct Problem {
+    Problem(Place where, const std::string& text, ExitCode leadsTo)
+        : place(std::move(where)),
+          message(place.name.empty() ? text : place.name + ": " + text),
+          code(leadsTo) {}
+
+    Place place;
+    std::string message;
+    ExitCode code;
+};
+
+using Problems = std::vector<Problem>;
+
+/// Thrown where nobody nearer can report the problems. what() is the first of them, in one line.
+class Failure : public std::runtime_error {
+public:
+    /// Requires: at least one problem.
+    explicit Failure(Problems problems);
+
+    const Problems& List() const { return *problems_; }
+
+private:
+    std::shared_ptr<const Problems> problems_;  // copying an exception must not throw
+};
+
+/// The problems that any exception stands for.
+Problems ProblemsOf(const std::exception& error);
+
+[[noreturn]] void Fail(const Place& place, const std::string& text, ExitCode code);
+
+/// Throws a Failure unless there are no problems.
+void ThrowAny(const Problems& problems);
+
+/// The system's reason, an errno, why a file or folder cannot be used.
+[[noreturn]] void FailFor(int reason, const Place& place, const std::string& text);
+
+/// "RECIPE:LINE:COLUMN: message", as far as the place is known.
+std::string InOneLine(const Problem& problem);
+
+/// In quotes, whole, but without control characters, which a terminal would obey.
+std::string Quoted(std::string_view text);
+
+}  // namespace host

@@ -1,0 +1,156 @@
+#include "recipes/Names.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <numeric>
+
+#include <zorbi2/ControlFileFormat.h>
+#include <zorbi2/ZorbI2Types.h>
+
+namespace host {
+
+namespace {
+
+using Word = std::pair<std::int32_t, const char*>;
+
+// clang-format off
+constexpr auto itemNames = std::to_array<Word>({
+    {kItemFiberOrientation,        "fiber-orientation"},
+    {kItemRunner,                  "runner"},
+    {kItemMoldbaseMesh,            "moldbase-mesh"},
+    {kItemFlowInducedStress,       "flow-stress"},
+    {kItemThermalStress,           "thermal-stress"},
+    {kItemInitialStrain,           "initial-strain"},
+    {kItemInsertFlowPressure,      "insert-pressure"},
+    {kItemMoldbasePressure,        "moldbase-pressure"},
+    {kItemPackingTemperature,      "packing-temperature"},
+    {kItemEndOfCoolingTemperature, "cooling-temperature"},
+    {kItemMoldbaseTemperature,     "moldbase-temperature"},
+    {kItemDigimatExport,           "digimat-export"},
+    {kItemInsertFiberMaterial,     "insert-fiber-material"},
+    {kItemDensity,                 "density"},
+    {kItemWeldLine,                "weld-line"},
+    {kItemMicroMechanics,          "micro-mechanics"},
+    {kItemDigimatWeldLine,         "digimat-weldline"},
+    {kItemDigimatMucell,           "digimat-mucell"},
+    {kItemDigimatFiber,            "digimat-fiber"},
+    {kItemDigimatStress,           "digimat-stress"},
+    {kItemDigimatTemperature,      "digimat-temperature"},
+    {kItemAnnealingStress,         "annealing-stress"},
+});
+constexpr auto meshNames = std::to_array<Word>({
+    {kMeshOriginal,       "original"},
+    {kMeshDeformed,       "deformed"},
+    {kMeshMapped,         "mapped"},
+    {kMesh3DMappingShell, "3d-mapping-to-shell"},
+});
+// clang-format on
+
+/// Whether row i has number i, from 0 to the last number.
+template <std::size_t size>
+constexpr bool NamesEach(const std::array<Word, size>& rows, std::int32_t last) {
+    for (std::size_t row = 0; row < size; ++row) {
+        if (rows[row].first != static_cast<std::int32_t>(row)) {
+            return false;
+        }
+    }
+    return rows[size - 1].first == last;
+}
+static_assert(NamesEach(itemNames, kItemCount - 1));
+static_assert(NamesEach(meshNames, kMesh3DMappingShell));
+
+Vocabulary Keywords() {
+    Vocabulary keywords;
+    for (const char* keyword : kSolverKeywords) {
+        keywords.emplace_back(static_cast<std::int32_t>(keywords.size()), keyword);
+    }
+    return keywords;
+}
+
+Vocabulary KeysOfItems() {
+    Vocabulary keys;
+    for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
+        if (const ControlFileLine* line = ControlFileLineOfItem(itemId)) {
+            keys.emplace_back(itemId, ControlFileKey(line->text));
+        }
+    }
+    return keys;
+}
+
+std::string Folded(std::string_view name) {
+    std::string folded(name);
+    for (char& letter : folded) {
+        const bool joins = letter == ' ' || letter == '_';
+        const bool isUpper = letter >= 'A' && letter <= 'Z';
+        letter = joins ? '-' : static_cast<char>(isUpper ? letter - 'A' + 'a' : letter);
+    }
+    return folded;
+}
+
+/// Characters to insert, delete or replace until one text has become the other; 0 for a text that
+/// is a part of the other.
+std::size_t Distance(const std::string& from, const std::string& to) {
+    if (!from.empty() && to.find(from) != std::string::npos) {
+        return 0;
+    }
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (const char letter : from) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t column = 0; column < to.size(); ++column) {
+            const std::size_t replaced = diagonal + (letter == to[column] ? 0 : 1);
+            diagonal = row[column + 1];
+            row[column + 1] = std::min({replaced, diagonal + 1, row[column] + 1});
+        }
+    }
+    return row.back();
+}
+
+}  // namespace
+
+const Vocabulary shortNames(itemNames.begin(), itemNames.end());
+const Vocabulary meshKinds(meshNames.begin(), meshNames.end());
+const Vocabulary solverKeywords = Keywords();
+const Vocabulary itemKeys = KeysOfItems();
+
+std::string NameOf(std::int32_t number, const Vocabulary& words) {
+    return std::ranges::find(words, number, &Vocabulary::value_type::first)->second;
+}
+
+std::optional<std::int32_t> Find(std::string_view name, const Vocabulary& words) {
+    const std::string folded = Folded(name);
+    for (const auto& [number, word] : words) {
+        if (folded == Folded(word) || folded == std::to_string(number)) {
+            return number;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string Nearest(std::string_view text, Vocabulary words) {
+    constexpr std::size_t count = 3;
+    std::ranges::stable_sort(words, {}, [wanted = Folded(text)](const auto& entry) {
+        return Distance(wanted, Folded(entry.second));
+    });
+    words.resize(std::min(count, words.size()));
+    return Listed(words);
+}
+
+std::string Listed(const Vocabulary& words) {
+    std::vector<std::string> names;
+    for (const auto& [number, word] : words) {
+        names.push_back(word);
+    }
+    return Listed(names);
+}
+
+std::string Listed(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words) {
+        list += (list.empty() ? "" : ", ") + word;
+    }
+    return list;
+}
+
+}  // namespace host

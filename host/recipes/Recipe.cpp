@@ -1,0 +1,368 @@
+#include "recipes/Recipe.h"
+
+#include <algorithm>
+#include <limits>
+#include <set>
+#include <sstream>
+#include <tuple>
+
+#define TOML_EXCEPTIONS 0
+#include <toml++/toml.h>
+
+#include <zorbi2/ControlFileFormat.h>
+#include <zorbi2/ZorbI2Types.h>
+
+#include "system/Paths.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What is read, and into what. A value that does not fit is refused, and read as nothing.
+struct Reader {
+    Recipe& recipe;
+    fs::path folder;  ///< relative paths start here
+    const Names& names;
+    Problems& problems;
+    const toml::node* node = nullptr;  ///< the value at hand
+    Place place = {};                  ///< of that value
+
+    Reader At(const toml::node& value, const std::string& name) const {
+        return {recipe, folder, names, problems, &value, PlaceOf(value.source(), name)};
+    }
+
+    /// Values of the command line have no line.
+    Place PlaceOf(const toml::source_region& region, const std::string& name) const {
+        return {recipe.file, region.begin.line, region.begin.column,
+                region.begin.line > 0 ? name : "command line: " + name};
+    }
+
+    void Refuse(const Place& where, const std::string& text) const {
+        problems.emplace_back(where, text, ExitCode::badUsage);
+    }
+    void RefuseFor(const std::string& wanted) const {
+        Refuse(place, Shown() + " is not " + wanted);
+    }
+
+    /// The value as the user wrote it, or its kind when it is a long one.
+    std::string Shown() const {
+        if (node->is_table() || node->is_array()) {
+            return node->is_table() ? "a table" : "an array";
+        }
+        return node->is_string() ? Quoted(Word()) : Word();
+    }
+
+    /// A text or a number as the text that it is.
+    std::string Word() const {
+        std::ostringstream text;
+        text << toml::toml_formatter{*node};
+        return node->is_string() ? node->value_or(std::string()) : text.str();
+    }
+
+    /// The value as a type; refused unless it is of that type and fits.
+    template <class Type, class Fits>
+    Type Take(const std::string& wanted, const Fits& fits) const {
+        const std::optional<Type> value = node->value<Type>();
+        const bool isOfType = std::is_same_v<Type, double> ? node->is_number() : node->is<Type>();
+        if (!value || !isOfType || !fits(*value)) {
+            RefuseFor(wanted);
+            return {};
+        }
+        return *value;
+    }
+
+    bool Flag() const {
+        return Take<bool>("true or false", [](bool) { return true; });
+    }
+
+    std::int32_t Integer() const {
+        return static_cast<std::int32_t>(
+            Take<std::int64_t>("a whole number from 0 to 2147483647", [](std::int64_t number) {
+                return number >= 0 && number <= std::numeric_limits<std::int32_t>::max();
+            }));
+    }
+
+    double Angle() const { return Number("a number of degrees from 0 to 180", 180.0); }
+    double Fraction() const { return Number("a fraction from 0 to 1", 1.0); }
+    double Number(const char* wanted, double highest) const {
+        return Take<double>(
+            wanted, [highest](double number) { return number >= 0.0 && number <= highest; });
+    }
+
+    std::string Text() const {
+        return Take<std::string>(
+            "a text without line ends and other control characters", [](const std::string& text) {
+                return std::ranges::none_of(
+                    text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });
+            });
+    }
+
+    std::string FileName() const {
+        std::string name = Text();
+        if (name.find_first_of(R"(/\:*?"<>|)") != std::string::npos || name.rfind('.', 0) == 0) {
+            RefuseFor(R"(a part of a file name: no dot at the start, no / \ : * ? " < > |)");
+        }
+        return name;
+    }
+
+    std::string Path() const { return AbsolutePath(Text(), folder); }
+
+    std::int32_t OneOf(const Vocabulary& words) const {
+        const std::optional<std::int32_t> number = Find(Word(), words);
+        if (!number) {
+            RefuseFor("one of: " + Listed(words));
+        }
+        return number.value_or(0);
+    }
+
+    std::vector<double> Three(double (Reader::*number)() const) const {
+        std::vector<double> numbers;
+        const toml::array* array = node->as_array();
+        if (array == nullptr || array->size() != 3) {
+            RefuseFor("an array of 3 numbers");
+            return numbers;
+        }
+        for (const toml::node& element : *array) {
+            numbers.push_back((At(element, place.name).*number)());
+        }
+        return numbers;
+    }
+
+    /// The value of a choice.
+    std::string Chosen() const {
+        if (!node->is_boolean() && !node->is_string() && !node->is_integer()) {
+            RefuseFor(R"(an option's key or label, "on" or "off")");
+        }
+        return node->is_boolean() ? (Flag() ? "on" : "off") : Word();
+    }
+};
+
+using Info = CZorbFEAInformation;
+
+template <Info::FlagPosition position>
+void ReadFact(Recipe& recipe, const Reader& value) {
+    recipe.project.flags[position] = value.Flag();
+}
+
+struct Key {
+    std::string_view name;
+    const char* neededAs;  ///< what a recipe without it lacks; null: it has a default
+    void (*read)(Recipe& recipe, const Reader& value);
+};
+
+// clang-format off
+const Vocabulary analyses = {{kSolidProject, "solid"}, {kShellProject, "shell"}};
+constexpr Key keys[] = {
+    {"project.name", "the base name of the run's files", [](Recipe& r, const Reader& v) { r.project.projectName = v.FileName(); }},
+    {"project.run", "the number of the run", [](Recipe& r, const Reader& v) { r.project.runNumber = v.Integer(); }},
+    {"project.folder", "the folder of the run's files", [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
+    {"project.analysis", nullptr, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
+    {"project.type", nullptr, [](Recipe& r, const Reader& v) { r.project.projectType = v.Integer(); }},
+    {"project.voxel_mesh", nullptr, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag(); }},
+    {"project.fiber_results", nullptr, ReadFact<Info::kHasFiber>},
+    {"project.runners", nullptr, ReadFact<Info::kHasRunners>},
+    {"project.moldbase", nullptr, ReadFact<Info::kHasMoldbase>},
+    {"project.inserted_part", nullptr, ReadFact<Info::kHasInsertedPart>},
+    {"project.meeting_angles", nullptr, ReadFact<Info::kHasMeetingAngle>},
+    {"project.view_edit", nullptr, ReadFact<Info::kViewEditAtStart>},
+    {"target.solver", "the structural solver", [](Recipe& r, const Reader& v) { r.solver = v.OneOf(v.names.solvers); }},
+    {"target.mesh", "the mesh kind", [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(meshKinds); }},
+    {"target.quadratic_elements", nullptr, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
+    {"target.annealing", nullptr, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
+    {"target.mapped_mesh", nullptr, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
+    {"control_file.folder", nullptr, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
+    {"control_file.name", nullptr, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
+    {"control_file.extension", nullptr, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
+    {"output.folder", nullptr, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
+    {"weld_lines.angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Three(&Reader::Angle); }},
+    {"weld_lines.reduction_rates", nullptr, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
+    {"weld_lines.digimat_angle", nullptr, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
+};
+// clang-format on
+
+std::string Unknown(const std::string& kind, const std::string& name, const Vocabulary& known) {
+    return "unknown " + kind + " " + Quoted(name) + "; nearest: " + Nearest(name, known);
+}
+
+void RefuseKey(const Reader& reader, const Place& place, const std::string& name) {
+    std::set<std::string> known = {"choices", "require"};
+    for (const Key& key : keys) {
+        known.emplace(key.name);
+        known.emplace(key.name.substr(0, key.name.find('.')));  // its section
+    }
+    Vocabulary words;
+    for (const std::string& word : known) {
+        words.emplace_back(0, word);
+    }
+    reader.Refuse(place, Unknown("key", name, words));
+}
+
+void ReadKey(const Reader& reader, const Place& place, const std::string& name,
+             const toml::node& node) {
+    const Key* const key = std::ranges::find(keys, name, &Key::name);
+    if (key == std::end(keys)) {
+        return RefuseKey(reader, place, name);
+    }
+    const Reader value = reader.At(node, name);
+    if (!node.is_string() || !value.Word().empty()) {  // an empty text counts as not given
+        reader.recipe.places[name] = value.place;
+        key->read(reader.recipe, value);
+    }
+}
+
+std::optional<std::int32_t> FindItem(const Reader& reader, const Place& place,
+                                     const std::string& name) {
+    const std::optional<std::int32_t> itemId = Find(name, reader.names.items);
+    if (!itemId) {
+        reader.Refuse(place, Unknown("item", name, reader.names.items));
+    }
+    return itemId;
+}
+
+void ReadChoices(const Reader& reader, const toml::table& table) {
+    std::vector<Choice>& choices = reader.recipe.choices;
+    for (const auto& [key, node] : table) {
+        const std::string name(key.str());
+        const Place place = reader.PlaceOf(key.source(), "choices");
+        if (const auto itemId = FindItem(reader, place, name)) {
+            if (std::ranges::count(choices, *itemId, &Choice::itemId) != 0) {
+                reader.Refuse(place, Quoted(name) + " is chosen twice, under two names");
+            }
+            const Reader value = reader.At(node, "choices." + name);
+            choices.push_back({value.place, *itemId, value.Chosen()});
+        }
+    }
+    std::ranges::sort(choices, {}, [](const Choice& choice) { return choice.place.line; });
+}
+
+void ReadRequired(const Reader& reader) {
+    if (!reader.node->is_array()) {
+        return reader.RefuseFor("an array of items");
+    }
+    for (const toml::node& element : *reader.node->as_array()) {
+        const Reader value = reader.At(element, "require");
+        const std::optional<std::int32_t> itemId = FindItem(reader, value.place, value.Word());
+        if (itemId && ControlFileLineOfItem(*itemId) == nullptr) {
+            value.RefuseFor("an item with an on/off line in the file");
+        } else if (itemId) {
+            reader.recipe.required.push_back({value.place, *itemId, {}});
+        }
+    }
+}
+
+void ReadSection(const Reader& reader, const std::string& section, const toml::table& table) {
+    if (section == "choices") {
+        return ReadChoices(reader, table);
+    }
+    for (const auto& [key, value] : table) {
+        ReadKey(reader, reader.PlaceOf(key.source(), {}), section + "." + std::string(key.str()),
+                value);
+    }
+}
+
+bool IsSection(const std::string& name) {
+    return name == "choices" || std::ranges::any_of(keys, [start = name + "."](const Key& key) {
+               return key.name.starts_with(start);
+           });
+}
+
+void ReadDocument(const Reader& reader, const toml::table& document) {
+    for (const auto& [key, node] : document) {
+        const std::string name(key.str());
+        const Place place = reader.PlaceOf(key.source(), {});
+        if (name == "require") {
+            ReadRequired(reader.At(node, name));
+        } else if (!IsSection(name)) {
+            RefuseKey(reader, place, name);
+        } else if (!node.is_table()) {
+            reader.Refuse(place, Quoted(name) + " is a section: [" + name + "]");
+        } else {
+            ReadSection(reader, name, *node.as_table());
+        }
+    }
+}
+
+void ReadChoiceOverride(const Reader& reader, const std::string& choice) {
+    std::vector<Choice>& choices = reader.recipe.choices;
+    const Place place{reader.recipe.file, 0, 0, "--set " + choice};
+    const std::size_t equals = choice.find('=');
+    if (equals == std::string::npos) {
+        reader.Refuse(place, "not of the form ITEM=CHOICE");
+    } else if (const auto itemId = FindItem(reader, place, choice.substr(0, equals))) {
+        std::erase_if(choices, [&](const Choice& own) { return own.itemId == itemId; });
+        choices.push_back({place, *itemId, choice.substr(equals + 1)});
+    }
+}
+
+void ReadOverrides(const Reader& reader, const Overrides& overrides) {
+    const auto read = [&](const char* name, const std::optional<std::string>& text) {
+        if (text) {
+            ReadKey(reader, {}, name, toml::value(*text));
+        }
+    };
+    read("target.solver", overrides.solver);
+    read("target.mesh", overrides.mesh);
+    read("control_file.folder", overrides.controlFolder);
+    for (const std::string& choice : overrides.choices) {
+        ReadChoiceOverride(reader, choice);
+    }
+}
+
+void RefuseMissing(const Reader& reader, const toml::table& document, Purpose purpose) {
+    const Recipe& recipe = reader.recipe;
+    for (const Key& key : keys) {
+        const std::string name(key.name);
+        const toml::node* section = document.get(name.substr(0, name.find('.')));
+        if (key.neededAs != nullptr && !recipe.places.contains(name)) {
+            reader.Refuse(section != nullptr ? reader.PlaceOf(section->source(), name)
+                                             : Place{recipe.file, 1, 1, name},
+                          std::string("missing: ") + key.neededAs);
+        }
+    }
+    if (purpose == Purpose::writing && recipe.meshKind >= kMeshMapped &&
+        recipe.mappedMesh.empty()) {
+        reader.Refuse(recipe.PlaceOf("target.mesh"), Quoted(NameOf(recipe.meshKind, meshKinds)) +
+                                                         " needs target.mapped_mesh, its path");
+    }
+}
+
+void SetDefault(std::string& text, const std::string& value) {
+    text = text.empty() ? value : text;
+}
+
+}  // namespace
+
+Place Recipe::PlaceOf(const std::string& name) const {
+    const auto place = places.find(name);
+    return place != places.end() ? place->second : Place{file, 0, 0, name};
+}
+
+Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Names& names,
+                  const fs::path& folder, Purpose purpose) {
+    Recipe recipe;
+    recipe.file = file;
+    Problems problems;
+    const fs::path path = PathOf(AbsolutePath(file, folder));
+    const Reader reader{recipe, path.parent_path(), names, problems};
+    const toml::parse_result parsed = toml::parse(ReadFile(path, {file}));
+    if (parsed) {
+        ReadDocument(reader, parsed.table());
+        ReadOverrides({recipe, folder, names, problems}, overrides);
+        RefuseMissing(reader, parsed.table(), purpose);
+    } else {
+        reader.Refuse(reader.PlaceOf(parsed.error().source(), {}),
+                      std::string(parsed.error().description()));
+    }
+    std::ranges::stable_sort(problems, {}, [](const Problem& problem) {
+        return std::tuple(problem.place.line, problem.place.column);
+    });
+    ThrowAny(problems);
+    SetDefault(recipe.controlFolder, Utf8Of(reader.folder));
+    SetDefault(recipe.controlName, recipe.project.projectName);
+    SetDefault(recipe.outFolder, recipe.controlFolder);
+    return recipe;
+}
+
+}  // namespace host

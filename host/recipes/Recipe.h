@@ -1,0 +1,65 @@
+// A recipe: everything that the desktop dialog would be told about one hand-over, read from TOML.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <zorbi2/CZorbFEAInformation.h>
+
+#include "problems/Problem.h"
+#include "recipes/Names.h"
+
+namespace host {
+
+/// An item that the user names, and for it an option's key or label, "on" or "off".
+struct Choice {
+    Place place;
+    std::int32_t itemId = 0;
+    std::string value;  ///< not yet compared with what the item has; empty in `required`
+};
+
+/// A recipe for showing may lack what only the control file needs.
+enum class Purpose { showing, writing };
+
+/// Texts are UTF-8, paths absolute.
+struct Recipe {
+    std::string file;  ///< as the user named it
+    CZorbFEAInformation project;
+    std::int32_t solver = 0;
+    std::int32_t meshKind = 0;
+    bool quadraticElements = false;
+    bool annealing = false;
+    std::string mappedMesh;
+    std::string controlFolder;
+    std::string controlName;
+    std::string controlExtension = "cmi";
+    std::string outFolder;
+    std::vector<Choice> choices;
+    std::vector<Choice> required;         ///< must come out as 1 in the file
+    std::vector<double> weldlineAngles;   ///< three, in degrees; empty: the engine's own
+    std::vector<double> reductionRates;   ///< three fractions; likewise
+    std::optional<double> digimatAngle;   ///< degrees; likewise
+    std::map<std::string, Place> places;  ///< of the values that were given, by name
+
+    Place PlaceOf(const std::string& name) const;
+};
+
+/// What the command line says in the place of the recipe.
+struct Overrides {
+    std::optional<std::string> solver;
+    std::optional<std::string> mesh;
+    std::optional<std::string> controlFolder;
+    std::vector<std::string> choices;  ///< "ITEM=CHOICE"
+};
+
+/// Reads a recipe whole, with the command line's values in it. Throws a Failure with all that is
+/// wrong, in the order of the lines. The recipe's own path and those of the command line start at
+/// `folder`.
+Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Names& names,
+                  const std::filesystem::path& folder, Purpose purpose);
+
+}  // namespace host

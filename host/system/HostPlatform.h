@@ -1,0 +1,34 @@
+// What the host needs from the system beyond the standard library: one source per system.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+/// Makes the process fit for the host: streams that take bytes as they are, failed writes as
+/// errors and not as signals, UTF-8 as the character set. Returns the command line in UTF-8,
+/// without the program's name.
+std::vector<std::string> PrepareProcess(int argc, char** argv);
+
+/// UTF-8 to the character set of the engine's texts; empty when a character does not exist there.
+std::optional<std::string> ToEngineText(const std::string& utf8);
+std::string FromEngineText(const std::string& text);
+
+/// The same text for two paths of the same file.
+std::string FileIdentity(const std::filesystem::path& file);
+
+/// Raises the number of files that the process may have open as far as it may. Returns how many
+/// the engine may open.
+std::size_t RaiseOpenFileLimit();
+
+/// Columns of the terminal that standard output goes to; 0 when it goes elsewhere.
+std::size_t TerminalColumns();
+
+/// From now on the engine's trace lines go to standard error.
+void ShowTraceLines();
+
+}  // namespace host

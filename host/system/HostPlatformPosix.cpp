@@ -1,0 +1,81 @@
+// POSIX: texts are bytes, taken as UTF-8; trace lines reach the host because it defines the
+// function that the engine looks for.
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include "system/HostPlatform.h"
+
+namespace {
+
+bool showsTraceLines = false;
+
+}  // namespace
+
+extern "C" [[gnu::visibility("default")]] void OutputDebugStringW(const wchar_t* line) {
+    if (showsTraceLines) {
+        std::fprintf(stderr, "%ls\n", line);
+    }
+}
+
+namespace host {
+
+std::vector<std::string> PrepareProcess(int argc, char** argv) {
+    // A stream that was closed would lend its number to the next file that the engine opens. A
+    // file that cannot be written keeps the place, and printing still fails.
+    for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+        if (fcntl(stream, F_GETFD) == -1 && open("/dev/null", O_RDONLY) != stream) {
+            std::_Exit(3);
+        }
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+    return {argv + std::min(argc, 1), argv + argc};
+}
+
+std::optional<std::string> ToEngineText(const std::string& utf8) {
+    return utf8;
+}
+
+std::string FromEngineText(const std::string& text) {
+    return text;
+}
+
+std::string FileIdentity(const std::filesystem::path& file) {
+    std::error_code unknown;
+    return (std::filesystem::weakly_canonical(file.parent_path(), unknown) / file.filename())
+        .string();
+}
+
+std::size_t RaiseOpenFileLimit() {
+    constexpr rlim_t keptForTheHost = 16;  // standard streams, libraries, the files at work
+    struct rlimit limit {};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    const rlim_t before = limit.rlim_cur;
+    limit.rlim_cur = limit.rlim_max;
+    const rlim_t now = setrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : before;
+    return now > keptForTheHost ? now - keptForTheHost : 0;
+}
+
+std::size_t TerminalColumns() {
+    constexpr std::size_t usual = 80;
+    struct winsize size {};
+    if (isatty(STDOUT_FILENO) == 0) {
+        return 0;
+    }
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+}
+
+void ShowTraceLines() {
+    showsTraceLines = true;
+}
+
+}  // namespace host

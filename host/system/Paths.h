@@ -1,0 +1,51 @@
+// Paths and files as the host has them: UTF-8 texts on the outside, std::filesystem inside.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "problems/Problem.h"
+
+namespace host {
+
+std::filesystem::path PathOf(const std::string& utf8);
+
+/// With this system's separators, whichever the path was written with.
+std::filesystem::path PathOfAny(std::string utf8);
+
+std::string Utf8Of(const std::filesystem::path& path);
+
+/// The absolute path of a path that may be relative to a folder, with the system's separators. A
+/// path that starts with a drive letter or two backslashes is absolute on every system, and stays
+/// the text that it is: the translator may run on another machine.
+std::string AbsolutePath(const std::string& path, const std::filesystem::path& relativeTo);
+
+/// Throws a Failure, of a place, unless a path is a folder.
+void CheckFolder(const std::string& folder, const Place& place);
+
+/// The whole file as bytes, up to 256 KiB. Throws a Failure, of a place.
+std::string ReadFile(const std::filesystem::path& file, const Place& place);
+
+/// A temporary folder that is the current one while the host runs: the engine leaves two debug
+/// files in the current folder, and a batch must not litter the user's. Removed with the object.
+class ScratchFolder {
+public:
+    /// Throws a Failure when no folder can be made.
+    ScratchFolder();
+    ~ScratchFolder();
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    /// The user's current folder, from which paths of the command line start.
+    const std::filesystem::path& Start() const { return start_; }
+    const std::filesystem::path& Path() const { return path_; }
+
+private:
+    std::filesystem::path start_;
+    std::filesystem::path path_;
+};
+
+/// The text for the engine. Throws a Failure when the system's character set lacks a character.
+std::string ForEngine(const std::string& utf8);
+
+}  // namespace host
