@@ -28,7 +28,15 @@ MAY_INCLUDE = {
     "items": [FACE],
     "cmi": [FACE, "platform"],
     "engine": [FACE, "platform", "results", "items", "cmi"],
-    "host": [FACE],
+    "host": ["host/system", "host/console", "host/commands"],
+    "host/problems": [],
+    "host/system": ["host/problems"],
+    "host/console": ["host/problems", "host/system"],
+    "host/recipes": [FACE, "host/problems", "host/system"],
+    "host/control_files": [FACE, "host/problems"],
+    "host/handover": [FACE, "host/problems", "host/system", "host/recipes", "host/control_files"],
+    "host/commands": [FACE, "host/problems", "host/system", "host/console", "host/recipes",
+                      "host/control_files", "host/handover"],
     "examples": [FACE],
     "tests/fuzz": [FACE, "platform", "results", "tests/support"],
     "bench": [FACE, "platform"],
@@ -39,7 +47,9 @@ INCLUDE_PATHS = ["include", "host", "."]
 
 # Libraries by the folders that may include them.
 LIBRARIES = {
-    "host": ["CLI/CLI.hpp", "nlohmann/json.hpp", "toml++/toml.h"],
+    "host/commands": ["CLI/CLI.hpp"],
+    "host/console": ["nlohmann/json.hpp"],
+    "host/recipes": ["toml++/toml.h"],
     "bench": ["benchmark/benchmark.h"],
 }
 
@@ -47,8 +57,8 @@ LIBRARIES = {
 SYSTEM_SOURCES = [
     "platform/PlatformPosix.cpp",
     "platform/PlatformWindows.cpp",
-    "host/HostPlatformPosix.cpp",
-    "host/HostPlatformWindows.cpp",
+    "host/system/HostPlatformPosix.cpp",
+    "host/system/HostPlatformWindows.cpp",
 ]
 
 STANDARD_HEADERS = set("""

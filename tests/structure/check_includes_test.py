@@ -31,8 +31,32 @@ GOOD_TREE = {
                           '#include "results/Checks.h"\n'
                           '#include "items/Catalogue.h"\n'
                           '#include "platform/Files.h"\n',
-    "host/Recipe.h": "#include <toml++/toml.h>\n",
-    "host/Main.cpp": '#include "Recipe.h"\n#include <zorbi2/Face.h>\n',
+    "host/problems/Problem.h": "",
+    "host/system/Paths.h": '#include "problems/Problem.h"\n',
+    "host/console/Report.h": "#include <nlohmann/json.hpp>\n"
+                             '#include "problems/Problem.h"\n'
+                             '#include "system/Paths.h"\n',
+    "host/recipes/Recipe.h": "#include <toml++/toml.h>\n"
+                             "#include <zorbi2/Face.h>\n"
+                             '#include "problems/Problem.h"\n'
+                             '#include "system/Paths.h"\n',
+    "host/control_files/File.h": '#include <zorbi2/Face.h>\n#include "problems/Problem.h"\n',
+    "host/handover/Session.h": "#include <zorbi2/Face.h>\n"
+                               '#include "control_files/File.h"\n'
+                               '#include "problems/Problem.h"\n'
+                               '#include "recipes/Recipe.h"\n'
+                               '#include "system/Paths.h"\n',
+    "host/commands/Commands.h": "#include <CLI/CLI.hpp>\n"
+                                "#include <zorbi2/Face.h>\n"
+                                '#include "console/Report.h"\n'
+                                '#include "control_files/File.h"\n'
+                                '#include "handover/Session.h"\n'
+                                '#include "problems/Problem.h"\n'
+                                '#include "recipes/Recipe.h"\n'
+                                '#include "system/Paths.h"\n',
+    "host/Main.cpp": '#include "commands/Commands.h"\n'
+                     '#include "console/Report.h"\n'
+                     '#include "system/Paths.h"\n',
     "examples/Host.cpp": "#include <zorbi2/Face.h>\n",
     "tests/AnythingGoes.cpp": '#include <sys/stat.h>\n#include "no/such/file.h"\n',
     "tests/support/World.h": "",
@@ -81,7 +105,13 @@ class IncludeRules(unittest.TestCase):
             "items": "items/Catalogue.h",
             "cmi": "cmi/Text.h",
             "engine": "engine/Own.h",
-            "host": "host/Recipe.h",
+            "host/problems": "problems/Problem.h",
+            "host/system": "system/Paths.h",
+            "host/console": "console/Report.h",
+            "host/recipes": "recipes/Recipe.h",
+            "host/control_files": "control_files/File.h",
+            "host/handover": "handover/Session.h",
+            "host/commands": "commands/Commands.h",
         }
         allowed = {
             "include/zorbi2": set(),
@@ -91,20 +121,32 @@ class IncludeRules(unittest.TestCase):
             "items": {"include/zorbi2"},
             "cmi": {"include/zorbi2", "platform"},
             "engine": {"include/zorbi2", "platform", "results", "items", "cmi"},
-            "host": {"include/zorbi2"},
+            "host": {"host/system", "host/console", "host/commands"},
+            "host/problems": set(),
+            "host/system": {"host/problems"},
+            "host/console": {"host/problems", "host/system"},
+            "host/recipes": {"include/zorbi2", "host/problems", "host/system"},
+            "host/control_files": {"include/zorbi2", "host/problems"},
+            "host/handover": {"include/zorbi2", "host/problems", "host/system", "host/recipes",
+                              "host/control_files"},
+            "host/commands": {"include/zorbi2", "host/problems", "host/system", "host/console",
+                              "host/recipes", "host/control_files", "host/handover"},
             "examples": {"include/zorbi2"},
             "tests/fuzz": {"include/zorbi2", "platform", "results"},
             "bench": {"include/zorbi2", "platform"},
         }
+        lines = "".join(f'#include "{target}"\n' for target in targets.values())
         for folder, permitted in allowed.items():
-            for target_folder, target in targets.items():
-                with self.subTest(folder=folder, target=target):
-                    rules = faults_without_circles(
-                        {"engine/Own.h": "", f"{folder}/New.cpp": f'#include "{target}"\n'})
-                    path = f"include/{target}" if target.startswith("zorbi2/") else target
-                    expected = [] if target_folder in permitted | {folder} else [
-                        f"{folder}/New.cpp:1: {folder}/ may not include {path}"]
-                    self.assertEqual(rules, expected)
+            with self.subTest(folder=folder):
+                found = faults_without_circles({"engine/Own.h": "", f"{folder}/New.cpp": lines})
+                expected = []
+                for line, (target_folder, target) in enumerate(targets.items(), start=1):
+                    path = (f"include/{target}" if target.startswith("zorbi2/") else
+                            f"host/{target}" if target_folder.startswith("host/") else target)
+                    if target_folder not in permitted | {folder}:
+                        expected.append(
+                            f"{folder}/New.cpp:{line}: {folder}/ may not include {path}")
+                self.assertEqual(found, expected)
 
     def test_edges_that_nothing_uses_are_found(self):
         self.assertEqual(
@@ -134,7 +176,8 @@ class IncludeRules(unittest.TestCase):
                 f"{file}:2: <windows.h> is no standard header, and this file may have no other")
 
     def test_libraries_stay_in_their_folders(self):
-        for file in ["engine/New.cpp", "examples/New.cpp", "bench/New.cpp"]:
+        for file in ["engine/New.cpp", "examples/New.cpp", "bench/New.cpp", "host/New.cpp",
+                     "host/commands/New.cpp"]:
             self.assert_fault(
                 {file: "#include <toml++/toml.h>\n"},
                 f"{file}:1: <toml++/toml.h> is no standard header, and this file may have no other")
@@ -154,8 +197,8 @@ class IncludeRules(unittest.TestCase):
 
     def test_headers_that_the_build_makes_are_those_of_their_templates(self):
         self.assert_fault(
-            {"host/Texts.h.in": "", "examples/New.cpp": '#include "Texts.h"\n'},
-            "examples/New.cpp:1: examples/ may not include host/Texts.h.in")
+            {"host/recipes/Text.h.in": "", "examples/New.cpp": '#include "recipes/Text.h"\n'},
+            "examples/New.cpp:1: examples/ may not include host/recipes/Text.h.in")
 
     def test_includes_of_macros_are_refused(self):
         self.assert_fault(
@@ -194,13 +237,13 @@ class CommandLine(unittest.TestCase):
 
     def test_good_project_ends_with_0(self):
         result = self.run_check(GOOD_TREE)
-        self.assertEqual((result.returncode, result.stdout), (0, "17 files, 0 wrong includes\n"))
+        self.assertEqual((result.returncode, result.stdout), (0, "23 files, 0 wrong includes\n"))
 
     def test_wrong_include_is_printed_and_ends_with_1(self):
         result = self.run_check(GOOD_TREE | {"cmi/A.h": '#include "cmi/A.h"\n'})
         self.assertEqual(result.returncode, 1)
         self.assertEqual(result.stdout, "cmi/A.h:1: circle of files: cmi/A.h -> cmi/A.h\n"
-                                        "18 files, 1 wrong includes\n")
+                                        "24 files, 1 wrong includes\n")
 
     def test_folder_without_sources_ends_with_2(self):
         self.assertEqual(self.run_check({"README.md": ""}).returncode, 2)
