@@ -149,7 +149,7 @@ ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
         options.recipeFile.value_or(run.name + run.number + ".toml"), host.scratch.Start());
     const fs::path path = PathOf(file);
     if (fs::exists(path) && !options.force) {
-        Fail({file}, "exists already; --force replaces it", ExitCode::fileTrouble);
+        Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
     }
     const std::string text = TextOf(recipe, path.parent_path());
     errno = 0;

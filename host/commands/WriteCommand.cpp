@@ -73,7 +73,7 @@ std::string DifferenceFrom(const ControlFile& asked, const std::string& text) {
         const auto line = found.find(key);
         if (line == found.end() || line->second != value) {
             return key + " is " + (line == found.end() ? "missing" : Quoted(line->second)) +
-                   ", asked for was " + Quoted(value);
+                   ", but should be " + Quoted(value);
         }
     }
     return {};
@@ -107,6 +107,9 @@ void CheckRequired(const Recipe& recipe, const Session& session, const ControlFi
 
 void WriteControlFile(const Surroundings& host, bool isDryRun, Job& job) {
     const Recipe& recipe = job.recipe;
+    if (isInterrupted != 0) {
+        Fail({}, "interrupted before its turn", ExitCode::fileTrouble);
+    }
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
     ThrowAny(session.ApplyRecipe());
@@ -180,8 +183,8 @@ void CheckOpenFileLimit(std::size_t recipes) {
         Fail({},
              std::to_string(recipes) +
                  " recipes are too many for one call, because each leaves a file open; nothing "
-                 "was written; possible are " +
-                 std::to_string(possible),
+                 "was written; at most " +
+                 std::to_string(possible) + " are possible",
              ExitCode::fileTrouble);
     }
 }
@@ -224,15 +227,6 @@ struct Outcome {
     Json list = Json::array();
 };
 
-void WriteJob(const Surroundings& host, bool isDryRun, Job& job) {
-    Attempt(job, [&] {
-        if (isInterrupted != 0) {
-            Fail({}, "interrupted before its turn", ExitCode::fileTrouble);
-        }
-        WriteControlFile(host, isDryRun, job);
-    });
-}
-
 /// Writes the jobs one after the other. Each is dropped then: thousands of them need not stay.
 Outcome WriteJobs(const Surroundings& host, const WriteOptions& options, std::vector<Job>& jobs) {
     Outcome outcome;
@@ -240,7 +234,7 @@ Outcome WriteJobs(const Surroundings& host, const WriteOptions& options, std::ve
     std::size_t number = 0;
     for (Job& slot : jobs) {
         Job job = std::exchange(slot, {});
-        WriteJob(host, options.dryRun, job);
+        Attempt(job, [&] { WriteControlFile(host, options.dryRun, job); });
         Show(job, std::to_string(++number) + total, options, host.terminal);
         outcome.done += job.problems.empty() ? 1 : 0;
         outcome.problems.insert(outcome.problems.end(), job.problems.begin(), job.problems.end());

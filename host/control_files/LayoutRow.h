@@ -17,7 +17,7 @@ struct LayoutRow {
     std::string before;             ///< text before the value; all of a fixed text
     std::string after;              ///< text behind the value
 
-    bool IsFixed() const;
+    bool IsFixed() const;  ///< without a value
     bool IsSolverTag() const;
 
     /// Whether a line of a file is this row's, be it right or wrong behind its key.

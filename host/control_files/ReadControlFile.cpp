@@ -87,10 +87,10 @@ std::vector<Rule> RulesFor(const ControlFile& file) {
          "must be 0 to " + std::to_string(models - 1) + ", or " +
              std::to_string(kOptionResultsMissing) + " when results are missing"},
         {"MapFile", isMapped || file.at("MapFile") == " ",
-         "must be a blank, for the mesh is not mapped"},
+         "must be a single space, because the mesh is not mapped"},
         {"DensityReduction",
          file.at("[DENSITY REDUCTION] DensityReduction") != "0" || !isOn("IsDoDensityReduction"),
-         "must be " + DensityRange() + ", for density reduction is on"},
+         "must be " + DensityRange() + ", because density reduction is on"},
     };
 }
 

@@ -93,7 +93,7 @@ struct Reader {
 
     std::string Text() const {
         return Take<std::string>(
-            "a text without line ends and other control characters", [](const std::string& text) {
+            "text without line ends or other control characters", [](const std::string& text) {
                 return std::ranges::none_of(
                     text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });
             });

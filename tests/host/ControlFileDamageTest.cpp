@@ -146,7 +146,7 @@ const DamagedFile damagedFiles[] = {
     {"MapFileWithoutItsSpaces", Replace("MapFile", "MapFile ="),
      {At("MapFile", R"(expected "MapFile = ...", found "MapFile =")")}},
     {"MapFileWithOneSpace", Replace("MapFile", "MapFile = "),
-     {At("MapFile", R"("MapFile": must be a blank, for the mesh is not mapped)")}},
+     {At("MapFile", R"("MapFile": must be a single space, because the mesh is not mapped)")}},
     // Values
     {"SegmentBelowTheRange", Replace("SegmentX", "SegmentX = 0 (1~100)"),
      {At("SegmentX", R"("SegmentX" is 0; allowed is 1~100)")}},
@@ -165,7 +165,7 @@ const DamagedFile damagedFiles[] = {
     {"DensityReductionAboveTheRange", Replace("DensityReduction", "DensityReduction = 11 (2~10)"),
      {At("DensityReduction", R"("DensityReduction" is 11; allowed is 2~10)")}},
     {"DensityReductionOfZeroThoughOn", Replace("DensityReduction", "DensityReduction = 0 (2~10)"),
-     {At("DensityReduction", R"("DensityReduction": must be 2 to 10, for density reduction is on)")}},
+     {At("DensityReduction", R"("DensityReduction": must be 2 to 10, because density reduction is on)")}},
     {"OnOffValueOfTwo", Replace("IsViewEditModelMapping", "IsViewEditModelMapping = 2 (0:off,1:on)"),
      {At("IsViewEditModelMapping", R"("IsViewEditModelMapping" is 2; allowed is 0:off,1:on)")}},
     {"ItemValueOfTwo", Replace("IsRunnerOutput", "IsRunnerOutput =                2   (0:off,1:on)"),
@@ -222,7 +222,7 @@ const DamagedFile damagedFiles[] = {
     {"AnnealingLineOfZero", InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 0 (0:off,1:on)"}),
      {At("IsDoMaterialReduction", R"("IsAnnealingDeformedMesh": must be 1; otherwise there is no such line)")}},
     {"MapFileWithoutAMappedMesh", Replace("MapFile", "MapFile = D:\\mesh.bdf"),
-     {At("MapFile", R"("MapFile": must be a blank, for the mesh is not mapped)")}},
+     {At("MapFile", R"("MapFile": must be a single space, because the mesh is not mapped)")}},
     {"SameItemTwiceWithDifferentValues", InsertBefore("DigimatOutput", {"IsRunnerOutput =                1   (0:off,1:on)"}),
      {At("DigimatOutput", "\"IsRunnerOutput =                1   (0:off,1:on)\" does not belong here")}},
     // Missing lines

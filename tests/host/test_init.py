@@ -91,7 +91,7 @@ class Init(ProgramTest):
         self.make_run()
         self.make_recipe("mine", "Cover02.toml")
         path = own_path(self.folder / "Cover02.toml")
-        self.init(code=3, stderr=f"{path}: exists already; --force replaces it\n")
+        self.init(code=3, stderr=f"{path}: already exists; --force replaces it\n")
         self.assertEqual((self.folder / "Cover02.toml").read_text(), "mine")
         self.assertIn("[project]", self.init(options=["--force"]))
 

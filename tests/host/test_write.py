@@ -260,7 +260,7 @@ class Write(ProgramTest):
     @unittest.skipUnless(ON_WINDOWS, "only Windows has a code page without some characters")
     def test_characters_outside_the_code_page_are_refused(self):
         self.write(recipe=PROJECT + TARGET + '[output]\nfolder = "D:/漢字"\n', code=3,
-                   stderr='cover.toml: "D:/漢字" has letters that the system\'s code page does not '
+                   stderr='cover.toml: "D:/漢字" has characters that the system\'s code page does not '
                    "have\n")
 
     @unittest.skipIf(ON_WINDOWS, "POSIX paths are bytes of any kind")
