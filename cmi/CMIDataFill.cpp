@@ -16,9 +16,19 @@ namespace cmi {
 
 namespace {
 
+constexpr bool EachSolverHasItsKeyword() {
+    for (SolverIndex solver = 0; solver < kSolverCount; ++solver) {
+        if (kSolverKeywords[solver].solver != solver) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(EachSolverHasItsKeyword());
+
 const char* KeywordOf(SolverIndex solver) {
     const auto row = static_cast<std::uint32_t>(solver);
-    return row < std::size(kSolverKeywords) ? kSolverKeywords[row] : "";
+    return row < std::size(kSolverKeywords) ? kSolverKeywords[row].keyword : "";
 }
 
 /// Segments by material reduction level; the same number for the three angle axes.

@@ -21,13 +21,15 @@ void AddGeneralOptions(CLI::App& app, GeneralOptions& options) {
     app.add_flag("--json", options.json, "Print one JSON document instead of text");
     app.add_flag("--trace", options.trace, "Print the engine's trace lines on standard error");
     app.add_flag("--quiet", options.quiet, "Print problems and what was asked for, no more");
+    app.add_flag("--strict", options.strict, "Treat warnings as errors");
     app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION);
 }
 
 void AddCommand(CLI::App& app, const Command& row, CommandCall& call) {
     CLI::App& command = *app.add_subcommand(row.name, row.purpose);
-    command.footer(std::string("--json, --trace, --quiet: see zorbi2 --help\n\nExample:\n  ") +
-                   row.example);
+    command.footer(
+        std::string("--json, --trace, --quiet, --strict: see zorbi2 --help\n\nExample:\n  ") +
+        row.example);
     command.fallthrough();  // --json and its like may stand behind the command
     command.callback([&call, name = row.name, run = row.add(command)] {
         call.options.command = name;

@@ -97,7 +97,8 @@ std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
 
 Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Problems& problems) {
     Json list = Json::array();
-    problems = session.ApplyRecipe();
+    const Problems refused = session.ApplyRecipe();
+    problems.insert(problems.end(), refused.begin(), refused.end());
     const SolverSlot* slot = session.Engine().solverSlots[recipe.solver].get();
     if (slot == nullptr || !Offers(*slot, recipe.meshKind)) {
         return {{"items", list}};
@@ -208,9 +209,9 @@ Json ShowMatrix(Session& session, Terminal& terminal) {
 
 ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
     const Surroundings host(terminal);
-    Problems problems;
     const Recipe recipe = ReadRecipe(options.recipes[0], options.overrides, host.names,
                                      host.scratch.Start(), Purpose::showing);
+    Problems problems = recipe.warnings;
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
     const Json content = options.solvers  ? ShowSolvers(session, terminal)

@@ -1,6 +1,7 @@
 // The command "write". A control file is written beside its place, read back and compared with
 // what was asked for; only then does it take the place of the old one.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -102,7 +103,7 @@ void CheckRequired(const Recipe& recipe, const Session& session, const ControlFi
                 ExitCode::notAvailable);
         }
     }
-    ThrowAny(problems);
+    ThrowErrors(problems);
 }
 
 void WriteControlFile(const Surroundings& host, bool isDryRun, Job& job) {
@@ -112,7 +113,7 @@ void WriteControlFile(const Surroundings& host, bool isDryRun, Job& job) {
     }
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
-    ThrowAny(session.ApplyRecipe());
+    ThrowErrors(session.ApplyRecipe());
     const std::string mark = "." + Utf8Of(host.scratch.Path().filename());
     const fs::path name = job.controlFile.filename() += mark;
     const fs::path folder = isDryRun ? "." : job.controlFile.parent_path();  // the scratch folder
@@ -130,16 +131,20 @@ void WriteControlFile(const Surroundings& host, bool isDryRun, Job& job) {
 }
 
 /// Does one step of a job, unless an earlier one failed.
-void Attempt(Job& job, const std::function<void()>& step) {
+void Attempt(Job& job, const GeneralOptions& options, const std::function<void()>& step) {
     try {
-        if (job.problems.empty()) {
+        if (!HasErrors(job.problems)) {
             step();
         }
     } catch (const std::exception& error) {
-        job.problems = ProblemsOf(error);
+        const Problems problems = ProblemsOf(error);
+        job.problems.insert(job.problems.end(), problems.begin(), problems.end());
     }
     for (Problem& problem : job.problems) {
         problem.place.file = job.recipe.file;
+    }
+    if (options.strict) {
+        MakeStrict(job.problems);
     }
 }
 
@@ -148,9 +153,10 @@ std::vector<Job> ReadJobs(Surroundings& host, const WriteOptions& options) {
     for (const std::string& file : options.recipes) {
         Job& job = jobs.emplace_back();
         job.recipe.file = file;
-        Attempt(job, [&] {
+        Attempt(job, host.terminal.options, [&] {
             job.recipe = ReadRecipe(file, options.overrides, host.names, host.scratch.Start(),
                                     Purpose::writing);
+            job.problems = std::exchange(job.recipe.warnings, {});
             job.controlFile = SetControlFile(host.bareEngine, job.recipe, job.recipe.controlFolder,
                                              job.recipe.controlExtension);
         });
@@ -161,7 +167,7 @@ std::vector<Job> ReadJobs(Surroundings& host, const WriteOptions& options) {
 void RefuseSameFile(std::vector<Job>& jobs) {
     std::map<std::string, std::vector<Job*>> writers;
     for (Job& job : jobs) {
-        if (job.problems.empty()) {
+        if (!HasErrors(job.problems)) {
             writers[FileIdentity(job.controlFile)].push_back(&job);
         }
     }
@@ -192,7 +198,7 @@ void CheckOpenFileLimit(std::size_t recipes) {
 /// A line for each job, on a terminal one for all of them.
 void Show(const Job& job, const std::string& counter, const WriteOptions& options,
           Terminal& terminal) {
-    const bool isDone = job.problems.empty();
+    const bool isDone = !HasErrors(job.problems);
     const bool isSingle = options.recipes.size() == 1;
     const std::string file = Utf8Of(job.controlFile);
     if (isDone && options.dryRun) {
@@ -202,12 +208,14 @@ void Show(const Job& job, const std::string& counter, const WriteOptions& option
     } else if (isDone) {
         terminal.news << "wrote    " << file << std::endl;
     } else if (!isSingle) {
-        terminal.news << "failed   " << InOneLine(job.problems[0]) << std::endl;
+        terminal.news << "failed   "
+                      << InOneLine(*std::ranges::find(job.problems, false, &Problem::isWarning))
+                      << std::endl;
     }
 }
 
 Json JsonOf(const Job& job, bool isDryRun) {
-    const bool isDone = job.problems.empty();
+    const bool isDone = !HasErrors(job.problems);
     Json entry = {{"recipe", job.recipe.file},
                   {"controlFile", Utf8Of(job.controlFile)},
                   {"status", !isDone    ? "failed"
@@ -234,9 +242,9 @@ Outcome WriteJobs(const Surroundings& host, const WriteOptions& options, std::ve
     std::size_t number = 0;
     for (Job& slot : jobs) {
         Job job = std::exchange(slot, {});
-        Attempt(job, [&] { WriteControlFile(host, options.dryRun, job); });
+        Attempt(job, host.terminal.options, [&] { WriteControlFile(host, options.dryRun, job); });
         Show(job, std::to_string(++number) + total, options, host.terminal);
-        outcome.done += job.problems.empty() ? 1 : 0;
+        outcome.done += HasErrors(job.problems) ? 0 : 1;
         outcome.problems.insert(outcome.problems.end(), job.problems.begin(), job.problems.end());
         if (host.terminal.options.json) {
             outcome.list.push_back(JsonOf(job, options.dryRun));

@@ -11,16 +11,20 @@ Json JsonOf(const Problems& problems) {
         list.push_back({{"file", problem.place.file},
                         {"line", problem.place.line},
                         {"column", problem.place.column},
+                        {"severity", problem.isWarning ? "warning" : "error"},
                         {"message", problem.message},
                         {"exitCode", static_cast<int>(problem.code)}});
     }
     return list;
 }
 
-ExitCode Report(const Problems& problems, const GeneralOptions& options, const Json& content) {
+ExitCode Report(Problems problems, const GeneralOptions& options, const Json& content) {
+    if (options.strict) {
+        MakeStrict(problems);
+    }
     ExitCode gravest = ExitCode::done;
     for (const Problem& problem : problems) {
-        gravest = std::max(gravest, problem.code);
+        gravest = problem.isWarning ? gravest : std::max(gravest, problem.code);
         if (!options.json) {
             std::cerr << InOneLine(problem) << '\n';
         }

@@ -13,8 +13,8 @@ using Json = nlohmann::ordered_json;
 Json JsonOf(const Problems& problems);
 
 /// Tells problems on standard error, or prints the document with the content and them. Returns the
-/// exit code: that of the gravest, which is the highest.
-ExitCode Report(const Problems& problems, const GeneralOptions& options,
+/// exit code: that of the gravest error, which is the highest. With --strict warnings are errors.
+ExitCode Report(Problems problems, const GeneralOptions& options,
                 const Json& content = Json::object());
 
 }  // namespace host

@@ -13,6 +13,7 @@ struct GeneralOptions {
     bool json = false;
     bool trace = false;
     bool quiet = false;
+    bool strict = false;  ///< warnings are errors
 };
 
 enum class Color { strong = 1, faint = 2, bad = 31 };

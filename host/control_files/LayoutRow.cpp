@@ -16,8 +16,8 @@ using Data = CZorbI2CMIData;
 /// The keys of a tag that names a solver, or none.
 std::vector<std::string> TagsOf(const LayoutRow& row) {
     std::vector<std::string> tags = {ControlFileKey(row.With({}))};
-    for (const char* solver : kSolverKeywords) {
-        tags.push_back(ControlFileKey(row.With(solver)));
+    for (const SolverKeyword& solver : kSolverKeywords) {
+        tags.push_back(ControlFileKey(row.With(solver.keyword)));
     }
     return tags;
 }

@@ -223,7 +223,7 @@ private:
             faults_.erase(faults_.begin() + mostFaults, faults_.end());
             Add(faults_.back().place.line - 1, "more faults follow");
         }
-        ThrowAny(faults_);
+        ThrowErrors(faults_);
     }
 
     std::string name_;

@@ -1,8 +1,25 @@
 #include "problems/Problem.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace host {
+
+Problem Warning(Place where, const std::string& text, ExitCode whenStrict) {
+    Problem warning(std::move(where), text, whenStrict);
+    warning.isWarning = true;
+    return warning;
+}
+
+bool HasErrors(const Problems& problems) {
+    return !std::ranges::all_of(problems, &Problem::isWarning);
+}
+
+void MakeStrict(Problems& problems) {
+    for (Problem& problem : problems) {
+        problem.isWarning = false;
+    }
+}
 
 Failure::Failure(Problems problems)
     : std::runtime_error(InOneLine(problems.at(0))),
@@ -18,8 +35,8 @@ void Fail(const Place& place, const std::string& text, ExitCode code) {
     throw Failure({{place, text, code}});
 }
 
-void ThrowAny(const Problems& problems) {
-    if (!problems.empty()) {
+void ThrowErrors(const Problems& problems) {
+    if (HasErrors(problems)) {
         throw Failure(problems);
     }
 }
@@ -34,7 +51,7 @@ std::string InOneLine(const Problem& problem) {
     for (const std::uint32_t position : {line, column}) {
         place += position > 0 ? ":" + std::to_string(position) : "";
     }
-    return place + ": " + problem.message;
+    return place + (problem.isWarning ? ": warning: " : ": ") + problem.message;
 }
 
 std::string Quoted(std::string_view text) {

@@ -34,10 +34,18 @@ struct Problem {
 
     Place place;
     std::string message;
-    ExitCode code;
+    ExitCode code;           ///< of a warning: the one that --strict leads to
+    bool isWarning = false;  ///< odd, but it can be meant: told, and nothing stops
 };
 
 using Problems = std::vector<Problem>;
+
+Problem Warning(Place where, const std::string& text, ExitCode whenStrict);
+
+bool HasErrors(const Problems& problems);
+
+/// Makes errors of the warnings.
+void MakeStrict(Problems& problems);
 
 /// Thrown where nobody nearer can report the problems. what() is the first of them, in one line.
 class Failure : public std::runtime_error {
@@ -56,13 +64,13 @@ Problems ProblemsOf(const std::exception& error);
 
 [[noreturn]] void Fail(const Place& place, const std::string& text, ExitCode code);
 
-/// Throws a Failure unless there are no problems.
-void ThrowAny(const Problems& problems);
+/// Throws a Failure with all problems when there are errors among them.
+void ThrowErrors(const Problems& problems);
 
 /// The system's reason, an errno, why a file or folder cannot be used.
 [[noreturn]] void FailFor(int reason, const Place& place, const std::string& text);
 
-/// "RECIPE:LINE:COLUMN: message", as far as the place is known.
+/// "RECIPE:LINE:COLUMN: warning: message", as far as the place is known.
 std::string InOneLine(const Problem& problem);
 
 /// In quotes, whole, but without control characters, which a terminal would obey.

@@ -62,8 +62,8 @@ static_assert(NamesEach(meshNames, kMesh3DMappingShell));
 
 Vocabulary Keywords() {
     Vocabulary keywords;
-    for (const char* keyword : kSolverKeywords) {
-        keywords.emplace_back(static_cast<std::int32_t>(keywords.size()), keyword);
+    for (const auto& [solver, keyword] : kSolverKeywords) {
+        keywords.emplace_back(solver, keyword);
     }
     return keywords;
 }

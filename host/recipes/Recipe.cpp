@@ -358,7 +358,7 @@ Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Nam
     std::ranges::stable_sort(problems, {}, [](const Problem& problem) {
         return std::tuple(problem.place.line, problem.place.column);
     });
-    ThrowAny(problems);
+    ThrowErrors(problems);
     SetDefault(recipe.controlFolder, Utf8Of(reader.folder));
     SetDefault(recipe.controlName, recipe.project.projectName);
     SetDefault(recipe.outFolder, recipe.controlFolder);

@@ -44,6 +44,7 @@ struct Recipe {
     std::vector<double> reductionRates;   ///< three fractions; likewise
     std::optional<double> digimatAngle;   ///< degrees; likewise
     std::map<std::string, Place> places;  ///< of the values that were given, by name
+    Problems warnings;                    ///< what is odd in it, but can be meant
 
     Place PlaceOf(const std::string& name) const;
 };
@@ -57,8 +58,8 @@ struct Overrides {
 };
 
 /// Reads a recipe whole, with the command line's values in it. Throws a Failure with all that is
-/// wrong, in the order of the lines. The recipe's own path and those of the command line start at
-/// `folder`.
+/// wrong, in the order of the lines, warnings included. The recipe's own path and those of the
+/// command line start at `folder`.
 Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Names& names,
                   const std::filesystem::path& folder, Purpose purpose);
 

@@ -14,18 +14,26 @@
 /// FileVersion of every file.
 constexpr std::int32_t kControlFileVersion = 9064;
 
-/// The solvers' keywords in the file, by solver. They differ from the display names.
-constexpr const char* kSolverKeywords[] = {
-    "ANSYS",       // kSolverAnsys
-    "ABAQUS",      // kSolverAbaqus
-    "MSCNASTRAN",  // kSolverMscNastran
-    "NENASTRAN",   // kSolverNeNastran
-    "LSDYNA",      // kSolverLsDyna
-    "MARC",        // kSolverMarc
-    "NXNASTRAN",   // kSolverNxNastran
-    "RADIOSS",     // kSolverRadioss
-    "WORKBENCH",   // kSolverWorkbench
+/// What the file calls a solver. Differs from the display name.
+struct SolverKeyword {
+    SolverIndex solver;
+    const char* keyword;
 };
+
+/// By solver.
+// clang-format off
+constexpr SolverKeyword kSolverKeywords[] = {
+    {kSolverAnsys,      "ANSYS"},
+    {kSolverAbaqus,     "ABAQUS"},
+    {kSolverMscNastran, "MSCNASTRAN"},
+    {kSolverNeNastran,  "NENASTRAN"},
+    {kSolverLsDyna,     "LSDYNA"},
+    {kSolverMarc,       "MARC"},
+    {kSolverNxNastran,  "NXNASTRAN"},
+    {kSolverRadioss,    "RADIOSS"},
+    {kSolverWorkbench,  "WORKBENCH"},
+};
+// clang-format on
 static_assert(sizeof kSolverKeywords / sizeof kSolverKeywords[0] == kSolverCount,
               "each solver has a keyword");
 

@@ -220,7 +220,7 @@ const DamagedFile damagedFiles[] = {
     {"AnnealedAndDeformedMesh", Both(Replace("ProjectType", "ProjectType = 3"), InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
      {At("IsOriginalMesh", R"("IsOriginalMesh": exactly one mesh kind must be 1, none for the annealed mesh)")}},
     {"AnnealingLineOfZero", InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 0 (0:off,1:on)"}),
-     {At("IsDoMaterialReduction", R"("IsAnnealingDeformedMesh": must be 1; otherwise there is no such line)")}},
+     {At("IsDoMaterialReduction", "expected \"IsAnnealingDeformedMesh = 1 (0:off,1:on)\", found \"IsAnnealingDeformedMesh = 0 (0:off,1:on)\"")}},
     {"MapFileWithoutAMappedMesh", Replace("MapFile", "MapFile = D:\\mesh.bdf"),
      {At("MapFile", R"("MapFile": must be a single space, because the mesh is not mapped)")}},
     {"SameItemTwiceWithDifferentValues", InsertBefore("DigimatOutput", {"IsRunnerOutput =                1   (0:off,1:on)"}),

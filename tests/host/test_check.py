@@ -138,10 +138,10 @@ class Check(ProgramTest):
                          [(GOOD, True), (name, False), ("none.cmi", False)])
         self.assertEqual([entry["asks"] for entry in document["files"][1:]], [None, None])
         self.assertEqual(document["problems"], [
-            {"file": name, "line": self.line("SegmentY"), "column": 0, "exitCode": 1,
-             "message": '"SegmentY" is 101; allowed is 1~100'},
-            {"file": "none.cmi", "line": 0, "column": 0, "exitCode": 3,
-             "message": "cannot be read: No such file or directory"}])
+            {"file": name, "line": self.line("SegmentY"), "column": 0, "severity": "error",
+             "exitCode": 1, "message": '"SegmentY" is 101; allowed is 1~100'},
+            {"file": "none.cmi", "line": 0, "column": 0, "severity": "error",
+             "exitCode": 3, "message": "cannot be read: No such file or directory"}])
         asks = document["files"][0]["asks"]
         self.assertEqual(asks["Solver"], "ANSYS")
         self.assertEqual(asks["Output folder"], '"D:\\Handover\\Cover"')

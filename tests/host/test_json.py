@@ -68,18 +68,18 @@ class JsonDocuments(ProgramTest):
         document = self.document("write", "cover.toml", "bad.toml", "none.toml", code=3)
         self.assertEqual([entry["status"] for entry in document["recipes"]],
                          ["written", "failed", "failed"])
-        problems = [{"file": "bad.toml", "line": 11, "column": 1, "exitCode": 2, "message":
-                     'choices: unknown item "foo"; nearest: runner, density, flow-stress'},
-                    {"file": "none.toml", "line": 0, "column": 0, "exitCode": 3,
-                     "message": "cannot be read: No such file or directory"}]
+        problems = [{"file": "bad.toml", "line": 11, "column": 1, "severity": "error", "exitCode": 2,
+                     "message": 'choices: unknown item "foo"; nearest: runner, density, flow-stress'},
+                    {"file": "none.toml", "line": 0, "column": 0, "severity": "error",
+                     "exitCode": 3, "message": "cannot be read: No such file or directory"}]
         self.assertEqual(document["problems"], problems)
         self.assertEqual(document["recipes"][1]["problems"], problems[:1])
 
     def test_a_recipe_that_cannot_be_shown(self):
         document = self.document("items", "none.toml", code=3)
         self.assertEqual(document, {"version": 1, "command": "items", "problems": [
-            {"file": "none.toml", "line": 0, "column": 0, "exitCode": 3,
-             "message": "cannot be read: No such file or directory"}]})
+            {"file": "none.toml", "line": 0, "column": 0, "severity": "error",
+             "exitCode": 3, "message": "cannot be read: No such file or directory"}]})
 
     def test_a_new_recipe(self):
         self.assert_like(self.document("init", "Run02"), "init_cover.json")

@@ -75,7 +75,8 @@ void ReadControlFileFormat() {
     Expect(ControlFileLineOfItem(kItemMicroMechanics) == nullptr, "micromechanics has no line");
     ControlFileRange range = {0, 0};
     Expect(GetControlFileRange(*density, &range) && range.highest == 1, "the line has a range");
-    Expect(std::string(kSolverKeywords[kSolverLsDyna]) == "LSDYNA", "LS-Dyna has its keyword");
+    Expect(std::string(kSolverKeywords[kSolverLsDyna].keyword) == "LSDYNA",
+           "LS-Dyna has its keyword");
 }
 
 }  // namespace

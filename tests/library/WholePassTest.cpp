@@ -95,7 +95,7 @@ TEST(WholePass, EverySolverAndMeshKindWritesItsOwnFile) {
             manager.SetItemsValue();
             manager.WriteCMIFile(0);
             const std::string text = BytesOf("Cover02.cmi");
-            EXPECT_NE(text.find(std::string("[") + kSolverKeywords[solver] + "_EOF]"),
+            EXPECT_NE(text.find(std::string("[") + kSolverKeywords[solver].keyword + "_EOF]"),
                       std::string::npos)
                 << solver << " " << meshKind;
         }
