@@ -50,6 +50,13 @@ function(zorbi2_settings target)
                                                ${ZORBI2_WARNINGS_AS_ERRORS})
 endfunction()
 
+function(zorbi2_count_lines target)
+    if(ZORBI2_COVERAGE)
+        target_compile_options(${target} PRIVATE --coverage -fprofile-abs-path)
+        target_link_options(${target} PUBLIC --coverage)
+    endif()
+endfunction()
+
 # On Windows the export declaration decides alone; ELF would also show the standard library's
 # templates.
 function(zorbi2_export_only_the_face target)

@@ -1,14 +1,12 @@
 #include <zorbi2/CZorbI2Engine.h>
 
 #include <algorithm>
-#include <stdexcept>
 
 #include "cmi/WeldlineData.h"
 #include "items/ItemCatalogue.h"
 #include "items/SolverSlots.h"
 #include "platform/CheckedElement.h"
 #include "results/ResultChecks.h"
-#include "results/RunFiles.h"
 
 using platform::CheckedElement;
 
@@ -45,16 +43,6 @@ void CZorbI2Engine::BuildCatalogue() {
     weldlineAngleSet = std::make_unique<CZorbI2WeldlineDataStatus>(cmi::DefaultWeldlineData());
     popItemSelector = std::make_unique<PopItemSelector>(info.solverType, items, *weldlineAngleSet,
                                                         info.voxelFlag, info.projectType);
-}
-
-void CZorbI2Engine::SetCMIFileFullPath(const std::string& folder, const std::string& name,
-                                       std::int32_t run, const std::string& extension) {
-    if (folder.empty()) {
-        throw std::out_of_range("invalid string position");
-    }
-    std::string path = folder;
-    results::EndInBackslash(path);
-    cmiFileFullPath = path + name + results::RunTag(run) + "." + extension;
 }
 
 void CZorbI2Engine::SetEngineCurrentStatus(SolverIndex solver, std::int32_t meshKind,

@@ -11,6 +11,7 @@
 #include <zorbi2/PopItemSelector.h>
 
 #include "cmi/CMIDataFill.h"
+#include "results/RunFiles.h"
 
 namespace {
 
@@ -116,8 +117,11 @@ void CZorbI2EngineManager::SetMappedMeshFilePath(std::string path) {
 
 void CZorbI2EngineManager::SetCMIFileFullPath(std::string folder, std::string name, int run,
                                               std::string extension) {
-    Created(engine).SetCMIFileFullPath(folder, name, run, extension);
-    Created(accessCmiFile).filePath = engine->cmiFileFullPath;
+    // Both copies before either is stored: without memory, neither object changes.
+    std::string path = results::ControlFilePath(folder, name, run, extension);
+    std::string samePath = path;
+    Created(engine).cmiFileFullPath = std::move(path);
+    Created(accessCmiFile).filePath = std::move(samePath);
 }
 
 void CZorbI2EngineManager::SetViewEdit(bool on) {

@@ -1,5 +1,7 @@
 #include "results/RunFiles.h"
 
+#include <stdexcept>
+
 #include "platform/Files.h"
 #include "platform/Text.h"
 
@@ -34,6 +36,16 @@ void EndInBackslash(std::string& folder) {
     if (folder.empty() || folder.back() != '\\') {
         folder += '\\';
     }
+}
+
+std::string ControlFilePath(const std::string& folder, const std::string& name, std::int32_t run,
+                            const std::string& extension) {
+    if (folder.empty()) {
+        throw std::out_of_range("invalid string position");
+    }
+    std::string path = folder;
+    EndInBackslash(path);
+    return path + name + RunTag(run) + "." + extension;
 }
 
 std::string ResultBasePath(const CZorbFEAInformation& info) {

@@ -14,6 +14,11 @@ std::string RunTag(std::int32_t runNumber);
 /// Appends one backslash to the folder, unless it ends in one.
 void EndInBackslash(std::string& folder);
 
+/// The full path of the control parameter file. Throws std::out_of_range("invalid string position")
+/// for an empty folder.
+std::string ControlFilePath(const std::string& folder, const std::string& name, std::int32_t run,
+                            const std::string& extension);
+
 /// Folder (as it is), project name and run tag: what the names of the run's files start with.
 std::string ResultBasePath(const CZorbFEAInformation& info);
 

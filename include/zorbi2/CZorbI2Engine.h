@@ -47,9 +47,6 @@ public:
     CZorbI2Engine(const CZorbI2Engine&) = delete;
     CZorbI2Engine& operator=(const CZorbI2Engine&) = delete;
 
-    void SetCMIFileFullPath(const std::string& folder, const std::string& name, std::int32_t run,
-                            const std::string& extension);
-
     void SetEngineCurrentStatus(SolverIndex solver, std::int32_t meshKind,
                                 std::int32_t quadraticElement, std::int32_t annealingMode);
     void GetCurrentSolverStatus(SolverIndex solver, std::int32_t& meshKind,

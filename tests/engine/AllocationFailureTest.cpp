@@ -396,6 +396,25 @@ TEST(OperationWithoutMemory, Paths) {
     ExpectToSurvive([](OpenProject& project) { SetPaths(project.manager); });
 }
 
+TEST(OperationWithoutMemory, ControlFilePathChangesInBothObjectsOrInNone) {
+    bool hasFailed = true;
+    for (std::size_t number = 0; hasFailed; ++number) {
+        SCOPED_TRACE(number);
+        OpenProject project;
+        CZorbI2EngineManager& manager = project.manager;
+        manager.SetCMIFileFullPath("D:\\before", "Cover", 3, "cmi");
+        FailingAllocations watch;
+        hasFailed = Try(watch, number, Mode::once, [&manager] {
+                        manager.SetCMIFileFullPath("D:\\a folder whose name needs memory", "Cover",
+                                                   3, "cmi");
+                        return true;
+                    }).hasFailed;
+        const std::string expected = hasFailed ? "D:\\before\\Cover03.cmi" : cmiPath;
+        EXPECT_EQ(project.Engine().cmiFileFullPath, expected);
+        EXPECT_EQ(manager.GetZorbAccessCMIFile()->filePath, expected);
+    }
+}
+
 TEST(OperationWithoutMemory, GetProjectResults) {
     ExpectToSurvive([](OpenProject& project) {
         for (int itemId = 0; itemId < kItemCount; ++itemId) {
