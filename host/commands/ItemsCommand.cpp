@@ -10,6 +10,7 @@
 #include "commands/Commands.h"
 #include "commands/RecipeCommand.h"
 #include "console/Report.h"
+#include "handover/LoadRecipe.h"
 #include "handover/Session.h"
 
 namespace host {
@@ -209,9 +210,9 @@ Json ShowMatrix(Session& session, Terminal& terminal) {
 
 ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
     const Surroundings host(terminal);
-    const Recipe recipe = ReadRecipe(options.recipes[0], options.overrides, host.names,
+    const Recipe recipe = LoadRecipe(options.recipes[0], options.overrides, host.names,
                                      host.scratch.Start(), Purpose::showing);
-    Problems problems = recipe.warnings;
+    Problems problems = recipe.problems;
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
     const Json content = options.solvers  ? ShowSolvers(session, terminal)

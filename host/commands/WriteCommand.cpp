@@ -14,6 +14,7 @@
 #include "commands/RecipeCommand.h"
 #include "console/Report.h"
 #include "handover/Engine.h"
+#include "handover/LoadRecipe.h"
 #include "handover/Session.h"
 #include "system/HostPlatform.h"
 
@@ -77,6 +78,11 @@ std::string DifferenceFrom(const ControlFile& asked, const std::string& text) {
                    ", but should be " + Quoted(value);
         }
     }
+    for (const auto& [key, value] : found) {
+        if (!asked.contains(key)) {
+            return key + " is there, but should not be";
+        }
+    }
     return {};
 }
 
@@ -92,20 +98,6 @@ void ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     }
 }
 
-void CheckRequired(const Recipe& recipe, const Session& session, const ControlFile& file) {
-    Problems problems;
-    for (const auto& [place, itemId, none] : recipe.required) {
-        const auto line = file.find(NameOf(itemId, itemKeys));
-        if (line == file.end() || line->second != "1") {
-            problems.emplace_back(
-                place,
-                NameOf(itemId, shortNames) + " is not output: " + session.ReasonAgainst(itemId),
-                ExitCode::notAvailable);
-        }
-    }
-    ThrowErrors(problems);
-}
-
 void WriteControlFile(const Surroundings& host, bool isDryRun, Job& job) {
     const Recipe& recipe = job.recipe;
     if (isInterrupted != 0) {
@@ -113,14 +105,19 @@ void WriteControlFile(const Surroundings& host, bool isDryRun, Job& job) {
     }
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
     Session session(recipe);
-    ThrowErrors(session.ApplyRecipe());
+    Problems problems = session.ApplyRecipe();
+    if (host.terminal.options.strict) {
+        MakeStrict(problems);
+    }
+    ThrowErrors(problems);
+    job.problems.insert(job.problems.end(), problems.begin(), problems.end());
+    SortByLine(job.problems);
     const std::string mark = "." + Utf8Of(host.scratch.Path().filename());
     const fs::path name = job.controlFile.filename() += mark;
     const fs::path folder = isDryRun ? "." : job.controlFile.parent_path();  // the scratch folder
     const TemporaryFile file{folder / name};
     const ControlFile asked = session.Write(folder, recipe.controlExtension + mark);
     ReadBack(job, file.path, asked);
-    CheckRequired(recipe, session, asked);
     std::error_code error;
     if (!isDryRun) {
         fs::rename(file.path, job.controlFile, error);
@@ -154,9 +151,9 @@ std::vector<Job> ReadJobs(Surroundings& host, const WriteOptions& options) {
         Job& job = jobs.emplace_back();
         job.recipe.file = file;
         Attempt(job, host.terminal.options, [&] {
-            job.recipe = ReadRecipe(file, options.overrides, host.names, host.scratch.Start(),
+            job.recipe = LoadRecipe(file, options.overrides, host.names, host.scratch.Start(),
                                     Purpose::writing);
-            job.problems = std::exchange(job.recipe.warnings, {});
+            job.problems = std::exchange(job.recipe.problems, {});
             job.controlFile = SetControlFile(host.bareEngine, job.recipe, job.recipe.controlFolder,
                                              job.recipe.controlExtension);
         });
@@ -255,9 +252,9 @@ Outcome WriteJobs(const Surroundings& host, const WriteOptions& options, std::ve
 
 ExitCode RunWrite(const WriteOptions& options, Terminal& terminal) {
     Surroundings host(terminal);
+    CheckOpenFileLimit(options.recipes.size());
     std::vector<Job> jobs = ReadJobs(host, options);
     RefuseSameFile(jobs);
-    CheckOpenFileLimit(jobs.size());
     std::signal(SIGINT, [](int) { isInterrupted = 1; });  // the files stay whole
     std::signal(SIGTERM, [](int) { isInterrupted = 1; });
     const Outcome outcome = WriteJobs(host, options, jobs);

@@ -22,11 +22,15 @@ struct OfferedItem {
     CZorbI2Item item;
     CZorbI2ItemStatus status;
 
+    std::int32_t Id() const { return item.itemId; }
     bool IsMissing() const { return status.optionValue == kOptionResultsMissing; }
     bool IsSwitch() const { return status.checkState != kNotACheckItem; }
     /// The label of the chosen option; of an item without results, the reason.
     std::string Label() const { return item.options.at(status.optionValue); }
 };
+
+/// Null when the item is not among the offered ones.
+const OfferedItem* FindItem(const std::vector<OfferedItem>& offered, std::int32_t itemId);
 
 /// The items that are offered for the engine's current status, in the order of the dialog.
 std::vector<OfferedItem> AskOfferedItems(CZorbI2EngineManager& manager);

@@ -1,13 +1,16 @@
 #include "handover/Session.h"
 
 #include <algorithm>
+#include <cctype>
+#include <set>
 
-#include <zorbi2/CZorbI2CMIData.h>
 #include <zorbi2/CZorbI2Engine.h>
 #include <zorbi2/CZorbI2WeldlineDataStatus.h>
 #include <zorbi2/ZorbI2Types.h>
 
+#include "handover/AskedFor.h"
 #include "handover/Engine.h"
+#include "system/HostPlatform.h"
 #include "system/Paths.h"
 
 namespace host {
@@ -16,33 +19,11 @@ namespace {
 
 const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}};
 
-/// What the recipe asks for, as the file prints it.
-ControlFile AskedBy(const Recipe& recipe) {
-    const auto flag = [](bool isOn) { return std::string(isOn ? "1" : "0"); };
-    ControlFile asked = {
-        {"SolverName", NameOf(recipe.solver, solverKeywords)},
-        {"SolverType", std::to_string(recipe.project.solverType)},
-        {"ProjectType", std::to_string(recipe.project.projectType)},
-        {"QuadraticElement", flag(recipe.quadraticElements)},
-        {meshKeys[kMeshOriginal], flag(recipe.meshKind == kMeshOriginal)},
-        {meshKeys[kMeshMapped], flag(recipe.meshKind == kMeshMapped)},
-        {meshKeys[kMesh3DMappingShell], flag(recipe.meshKind == kMesh3DMappingShell)},
-        {"OutFolder", recipe.outFolder},
-        {"MapFile", recipe.meshKind < kMeshMapped ? " " : recipe.mappedMesh},
-        {"IsViewEditModelMapping",
-         flag(recipe.project.flags[CZorbFEAInformation::kViewEditAtStart] != 0)}};
-    for (std::size_t i = 0; i < recipe.weldlineAngles.size(); ++i) {
-        asked["[WELDLINE ANGLE] WeldlineAngle" + std::to_string(i + 2)] =
-            Printed(recipe.weldlineAngles[i]);
-    }
-    for (std::size_t i = 0; i < recipe.reductionRates.size(); ++i) {
-        asked["[REDUCTION RATE] ReductionRate" + std::to_string(i + 1)] =
-            Printed(recipe.reductionRates[i]);
-    }
-    if (recipe.digimatAngle) {
-        asked["[DIGIMAT WELDLINE ANGLE] WeldlineAngle"] = Printed(*recipe.digimatAngle);
-    }
-    return asked;
+std::string Folded(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return text;
 }
 
 }  // namespace
@@ -51,25 +32,19 @@ Session::Session(const Recipe& recipe) : recipe_(recipe) {
     CreateEngine(manager_, recipe.project);
 }
 
-const std::vector<OfferedItem>& Session::Offer(std::int32_t solver, std::int32_t meshKind) {
+std::vector<OfferedItem> Session::Offer(std::int32_t solver, std::int32_t meshKind) {
     manager_.SetEngineCurrentStatus(solver, meshKind, recipe_.quadraticElements ? 1 : 0,
                                     recipe_.annealing ? kAnnealingDeformedMesh : 0);
-    offered_ = AskOfferedItems(manager_);
-    return offered_;
-}
-
-const OfferedItem* Session::FindOffered(std::int32_t itemId) const {
-    const auto found = std::ranges::find_if(
-        offered_, [itemId](const OfferedItem& offered) { return offered.item.itemId == itemId; });
-    return found != offered_.end() ? &*found : nullptr;
+    return AskOfferedItems(manager_);
 }
 
 void Session::Choose(const Choice& choice, Problems& problems) {
     const auto refuse = [&](const std::string& text, ExitCode code) {
         problems.emplace_back(choice.place, text, code);
+        refused_.insert(choice.itemId);
     };
-    const OfferedItem* offered = FindOffered(choice.itemId);
-    if (offered == nullptr || offered->IsMissing()) {
+    const auto offered = std::ranges::find(offered_, choice.itemId, &OfferedItem::Id);
+    if (offered == offered_.end() || offered->IsMissing()) {
         return refuse(ReasonAgainst(choice.itemId), ExitCode::notAvailable);
     }
     const auto& options = offered->item.options;
@@ -80,6 +55,8 @@ void Session::Choose(const Choice& choice, Problems& problems) {
         refuse(Quoted(choice.value) + " is not one of: " + Listed(words), ExitCode::badUsage);
     } else if (!manager_.SetItemStatus(choice.itemId, *number, *number)) {
         refuse("the engine refuses " + Quoted(choice.value), ExitCode::notAvailable);
+    } else {
+        (offered->IsSwitch() ? offered->status.checkState : offered->status.optionValue) = *number;
     }
 }
 
@@ -95,38 +72,108 @@ void Session::SetWeldLines() {
     }
 }
 
+void Session::CheckRequired(Problems& problems) const {
+    for (const auto& [place, itemId, none] : recipe_.required) {
+        const auto line = asked_.find(NameOf(itemId, itemKeys));
+        const bool isOn = line != asked_.end() && line->second == "1";
+        if (!isOn && !refused_.contains(itemId)) {
+            problems.emplace_back(
+                place, NameOf(itemId, shortNames) + " is not output: " + ReasonAgainst(itemId),
+                ExitCode::notAvailable);
+        }
+    }
+}
+
+void Session::WarnOfNothing(Problems& problems) const {
+    const bool isAnyOn =
+        std::ranges::any_of(itemKeys, [this](const auto& key) { return IsOn(asked_, key.second); });
+    // Two items are available without results.
+    const bool hasResults = std::ranges::any_of(Engine().items, [](const auto& item) {
+        return item->isAvailable && item->itemId != kItemDigimatExport &&
+               item->itemId != kItemDigimatMucell;
+    });
+    if (!isAnyOn) {
+        problems.push_back(Warning({recipe_.file}, "no item is on: nothing is handed over",
+                                   ExitCode::notAvailable));
+    }
+    if (!hasResults) {
+        problems.push_back(Warning(recipe_.PlaceOf("project.folder"),
+                                   "no results: those of every item are missing",
+                                   ExitCode::notAvailable));
+    }
+}
+
+/// The name that was looked for when a file of the run was not found because of its case. Names
+/// that are looked for end in lower case, and the reasons tell most of the endings.
+std::string Session::NameLookedFor(const std::string& file, const std::string& run) const {
+    const std::string ending = Folded(file.substr(std::min(run.size(), file.size())));
+    const bool isOfRun = Folded(file) == Folded(run) + ending && !ending.empty() &&
+                         std::isdigit(static_cast<unsigned char>(ending[0])) == 0;
+    const bool isOfItem = std::ranges::any_of(Engine().items, [&ending](const auto& item) {
+        const std::string reason =
+            item->isAvailable ? "" : Folded(item->options.at(kOptionResultsMissing));
+        return reason.ends_with("*" + ending) || reason.ends_with("*" + ending + ".");
+    });
+    return isOfRun && (isOfItem || !file.starts_with(run)) ? run + ending : file;
+}
+
+void Session::WarnOfCase(Problems& problems) {
+    const Place place = recipe_.PlaceOf("project.folder");
+    const std::filesystem::path folder = PathOf(recipe_.project.projectFolder);
+    manager_.SetCMIFileFullPath(".", ForEngine(recipe_.project.projectName),
+                                recipe_.project.runNumber, "");
+    const std::string run =
+        Utf8Of(PathOfAny(FromEngineText(manager_.engine->cmiFileFullPath)).stem());
+    std::error_code error;
+    std::set<std::string> files;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        files.insert(Utf8Of(entry->path().filename()));
+    }
+    for (const std::string& file : files) {
+        const std::string wanted = NameLookedFor(file, run);
+        if (wanted != file && !std::filesystem::exists(folder / PathOf(wanted), error)) {
+            problems.push_back(Warning(
+                place,
+                Quoted(file) + " is not found: its name differs in case from " + Quoted(wanted),
+                ExitCode::notAvailable));
+        }
+    }
+}
+
 Problems Session::ApplyRecipe() {
     Problems problems = CheckTarget(recipe_, Engine());
     if (!problems.empty()) {
         return problems;
     }
-    Offer(recipe_.solver, recipe_.meshKind);
+    offered_ = Offer(recipe_.solver, recipe_.meshKind);
     for (const Choice& choice : recipe_.choices) {
         Choose(choice, problems);
     }
     manager_.SetItemsValue();
     SetWeldLines();
-    Offer(recipe_.solver, recipe_.meshKind);  // now with the choices
+    asked_ = AskedFor(recipe_, offered_, Engine().items);
+    CheckRequired(problems);
+    if (!HasErrors(problems)) {
+        WarnOfNothing(problems);
+        WarnOfCase(problems);
+    }
+    SortByLine(problems);
     return problems;
 }
 
 ControlFile Session::Write(const std::filesystem::path& folder, const std::string& extension) {
+    manager_.SetPopItems();
+    manager_.HasPopItem();
     manager_.SetOutFolder(ForEngine(recipe_.outFolder));
     manager_.SetMappedMeshFilePath(ForEngine(recipe_.mappedMesh));
     SetControlFile(manager_, recipe_, Utf8Of(folder), extension);
     manager_.WriteCMIFile(0);
-    ControlFile asked = AskedBy(recipe_);
-    const auto& flags = manager_.GetZorbCMIData()->OutputFlags;
-    for (const auto& [itemId, key] : itemKeys) {
-        if (FindOffered(itemId) != nullptr) {
-            asked[key] = std::to_string(flags[itemId]);
-        }
-    }
-    return asked;
+    return asked_;
 }
 
 std::string Session::ReasonAgainst(std::int32_t itemId) const {
-    const OfferedItem* offered = FindOffered(itemId);
+    const OfferedItem* offered = FindItem(offered_, itemId);
     if (offered == nullptr) {
         return "not offered for " + Engine().solverSlots[recipe_.solver]->name +
                " with mesh kind " + Quoted(NameOf(recipe_.meshKind, meshKinds));

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,26 +26,30 @@ public:
     const CZorbI2Engine& Engine() const { return *manager_.engine; }
 
     /// Makes a solver and mesh kind the current ones. Returns what is offered then.
-    const std::vector<OfferedItem>& Offer(std::int32_t solver, std::int32_t meshKind);
+    std::vector<OfferedItem> Offer(std::int32_t solver, std::int32_t meshKind);
 
     /// Sets the recipe's solver and mesh kind, its choices and weld-line data, and commits them.
-    /// Returns what of it the project does not offer or the engine refuses.
+    /// Returns what of it the project does not offer or the engine refuses, what is required but
+    /// does not come out, and what is odd.
     Problems ApplyRecipe();
 
     /// Has the engine write the control file, and returns what must stand in it.
     ControlFile Write(const std::filesystem::path& folder, const std::string& extension);
 
-    /// Why an item does not come out as 1 in the file.
-    std::string ReasonAgainst(std::int32_t itemId) const;
-
 private:
     void Choose(const Choice& choice, Problems& problems);
     void SetWeldLines();
-    const OfferedItem* FindOffered(std::int32_t itemId) const;
+    void CheckRequired(Problems& problems) const;
+    void WarnOfNothing(Problems& problems) const;
+    void WarnOfCase(Problems& problems);
+    std::string NameLookedFor(const std::string& file, const std::string& run) const;
+    std::string ReasonAgainst(std::int32_t itemId) const;  ///< that it comes out as 1
 
     const Recipe& recipe_;
     CZorbI2EngineManager manager_;
-    std::vector<OfferedItem> offered_;
+    std::vector<OfferedItem> offered_;  ///< for the recipe's target, with the recipe's choices
+    std::set<std::int32_t> refused_;    ///< items whose choices were
+    ControlFile asked_;
 };
 
 }  // namespace host

@@ -1,6 +1,8 @@
 #include "recipes/Recipe.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <limits>
 #include <set>
 #include <sstream>
@@ -12,6 +14,7 @@
 #include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Types.h>
 
+#include "control_files/ControlFile.h"
 #include "system/Paths.h"
 
 namespace host {
@@ -19,6 +22,29 @@ namespace host {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr const char* singleQuotesHint =
+    R"(; in single quotes, a backslash is a backslash: 'D:\x')";
+
+bool IsControl(unsigned char byte) {
+    return byte < 0x20 || byte == 0x7F;
+}
+
+/// Whether the control file shows the number as it is.
+bool IsPrintedWhole(double number) {
+    const std::string printed = Printed(number);
+    double read = 0.0;
+    std::from_chars(printed.data(), printed.data() + printed.size(), read);
+    return read == number;
+}
+
+/// A fraction with no more digits than tell it from others, as people write it.
+std::string Shortest(double number) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    const std::string text(digits.data(), end.ptr);
+    return text + (text.find_first_not_of("-0123456789") == std::string::npos ? ".0" : "");
+}
 
 /// What is read, and into what. A value that does not fit is refused, and read as nothing.
 struct Reader {
@@ -39,8 +65,9 @@ struct Reader {
                 region.begin.line > 0 ? name : "command line: " + name};
     }
 
-    void Refuse(const Place& where, const std::string& text) const {
-        problems.emplace_back(where, text, ExitCode::badUsage);
+    void Refuse(const Place& where, const std::string& text,
+                ExitCode code = ExitCode::badUsage) const {
+        problems.emplace_back(where, text, code);
     }
     void RefuseFor(const std::string& wanted) const {
         Refuse(place, Shown() + " is not " + wanted);
@@ -56,6 +83,9 @@ struct Reader {
 
     /// A text or a number as the text that it is.
     std::string Word() const {
+        if (node->is_floating_point()) {
+            return Shortest(node->value_or(0.0));
+        }
         std::ostringstream text;
         text << toml::toml_formatter{*node};
         return node->is_string() ? node->value_or(std::string()) : text.str();
@@ -77,26 +107,31 @@ struct Reader {
         return Take<bool>("true or false", [](bool) { return true; });
     }
 
-    std::int32_t Integer() const {
-        return static_cast<std::int32_t>(
-            Take<std::int64_t>("a whole number from 0 to 2147483647", [](std::int64_t number) {
-                return number >= 0 && number <= std::numeric_limits<std::int32_t>::max();
-            }));
+    std::int32_t RunNumber() const { return Integer(std::numeric_limits<std::int32_t>::max()); }
+    std::int32_t ProjectType() const { return Integer(highestProjectType); }
+    std::int32_t Integer(std::int32_t highest) const {
+        return static_cast<std::int32_t>(Take<std::int64_t>(
+            "a whole number from 0 to " + std::to_string(highest),
+            [highest](std::int64_t number) { return number >= 0 && number <= highest; }));
     }
 
     double Angle() const { return Number("a number of degrees from 0 to 180", 180.0); }
     double Fraction() const { return Number("a fraction from 0 to 1", 1.0); }
     double Number(const char* wanted, double highest) const {
-        return Take<double>(
-            wanted, [highest](double number) { return number >= 0.0 && number <= highest; });
+        const std::size_t before = problems.size();
+        const double number = Take<double>(
+            wanted, [highest](double value) { return value >= 0.0 && value <= highest; });
+        if (problems.size() == before && !IsPrintedWhole(number)) {
+            Refuse(place, Shown() + " would stand in the file as " + Printed(number) +
+                              "; at most three decimals are kept");
+        }
+        return number;
     }
 
-    std::string Text() const {
+    std::string Text(const std::string& hint = {}) const {
         return Take<std::string>(
-            "text without line ends or other control characters", [](const std::string& text) {
-                return std::ranges::none_of(
-                    text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; });
-            });
+            "text without line ends or other control characters" + hint,
+            [](const std::string& text) { return std::ranges::none_of(text, IsControl); });
     }
 
     std::string FileName() const {
@@ -107,7 +142,17 @@ struct Reader {
         return name;
     }
 
-    std::string Path() const { return AbsolutePath(Text(), folder); }
+    std::string Path() const {
+        const bool hasControl = node->is_string() && std::ranges::any_of(Word(), IsControl);
+        const std::string path = Text(hasControl ? singleQuotesHint : "");
+        if (path.starts_with('~')) {
+            Refuse(place, Quoted(path) + R"( starts with "~", which is not expanded; write the )" +
+                              "whole path");
+        } else if (!MayBeElsewhere(path)) {
+            recipe.pathsHere.insert(place.name);
+        }
+        return AbsolutePath(path, folder);
+    }
 
     std::int32_t OneOf(const Vocabulary& words) const {
         const std::optional<std::int32_t> number = Find(Word(), words);
@@ -128,6 +173,22 @@ struct Reader {
             numbers.push_back((At(element, place.name).*number)());
         }
         return numbers;
+    }
+
+    std::vector<double> Angles() const {
+        const std::size_t before = problems.size();
+        std::vector<double> angles = Three(&Reader::Angle);
+        if (problems.size() != before) {
+            return angles;
+        }
+        for (std::size_t i = 1; i < angles.size(); ++i) {
+            if (angles[i] <= angles[i - 1]) {
+                const Reader angle = At((*node->as_array())[i], place.name);
+                Refuse(angle.place, angle.Shown() + " does not follow " + Printed(angles[i - 1]) +
+                                        "; the three angles must ascend");
+            }
+        }
+        return angles;
     }
 
     /// The value of a choice.
@@ -156,10 +217,10 @@ struct Key {
 const Vocabulary analyses = {{kSolidProject, "solid"}, {kShellProject, "shell"}};
 constexpr Key keys[] = {
     {"project.name", "the base name of the run's files", [](Recipe& r, const Reader& v) { r.project.projectName = v.FileName(); }},
-    {"project.run", "the number of the run", [](Recipe& r, const Reader& v) { r.project.runNumber = v.Integer(); }},
+    {"project.run", "the number of the run", [](Recipe& r, const Reader& v) { r.project.runNumber = v.RunNumber(); }},
     {"project.folder", "the folder of the run's files", [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
     {"project.analysis", nullptr, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
-    {"project.type", nullptr, [](Recipe& r, const Reader& v) { r.project.projectType = v.Integer(); }},
+    {"project.type", nullptr, [](Recipe& r, const Reader& v) { r.project.projectType = v.ProjectType(); }},
     {"project.voxel_mesh", nullptr, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag(); }},
     {"project.fiber_results", nullptr, ReadFact<Info::kHasFiber>},
     {"project.runners", nullptr, ReadFact<Info::kHasRunners>},
@@ -176,7 +237,7 @@ constexpr Key keys[] = {
     {"control_file.name", nullptr, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
     {"control_file.extension", nullptr, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
     {"output.folder", nullptr, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
-    {"weld_lines.angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Three(&Reader::Angle); }},
+    {"weld_lines.angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Angles(); }},
     {"weld_lines.reduction_rates", nullptr, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
     {"weld_lines.digimat_angle", nullptr, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
 };
@@ -197,6 +258,7 @@ void RefuseKey(const Reader& reader, const Place& place, const std::string& name
         words.emplace_back(0, word);
     }
     reader.Refuse(place, Unknown("key", name, words));
+    reader.problems.back().place.name = name;  // not said twice
 }
 
 void ReadKey(const Reader& reader, const Place& place, const std::string& name,
@@ -231,7 +293,11 @@ void ReadChoices(const Reader& reader, const toml::table& table) {
                 reader.Refuse(place, Quoted(name) + " is chosen twice, under two names");
             }
             const Reader value = reader.At(node, "choices." + name);
-            choices.push_back({value.place, *itemId, value.Chosen()});
+            const std::size_t before = reader.problems.size();
+            const std::string chosen = value.Chosen();
+            if (reader.problems.size() == before) {
+                choices.push_back({value.place, *itemId, chosen});
+            }
         }
     }
     std::ranges::sort(choices, {}, [](const Choice& choice) { return choice.place.line; });
@@ -310,7 +376,7 @@ void ReadOverrides(const Reader& reader, const Overrides& overrides) {
     }
 }
 
-void RefuseMissing(const Reader& reader, const toml::table& document, Purpose purpose) {
+void RefuseMissing(const Reader& reader, const toml::table& document) {
     const Recipe& recipe = reader.recipe;
     for (const Key& key : keys) {
         const std::string name(key.name);
@@ -321,11 +387,100 @@ void RefuseMissing(const Reader& reader, const toml::table& document, Purpose pu
                           std::string("missing: ") + key.neededAs);
         }
     }
-    if (purpose == Purpose::writing && recipe.meshKind >= kMeshMapped &&
-        recipe.mappedMesh.empty()) {
-        reader.Refuse(recipe.PlaceOf("target.mesh"), Quoted(NameOf(recipe.meshKind, meshKinds)) +
-                                                         " needs target.mapped_mesh, its path");
+}
+
+/// Whether nothing is wrong about the project and the target, which the offer depends on.
+bool IsTargetKnown(const Problems& problems) {
+    return std::ranges::none_of(problems, [](const Problem& problem) {
+        const std::string& name = problem.place.name;
+        return name.starts_with("project") || name.find("target") != std::string::npos;
+    });
+}
+
+/// Requires: the target is known.
+void CheckTarget(const Reader& reader, Purpose purpose) {
+    const Recipe& recipe = reader.recipe;
+    const std::string mesh = Quoted(NameOf(recipe.meshKind, meshKinds));
+    const bool needsMesh = purpose == Purpose::writing && recipe.meshKind >= kMeshMapped;
+    if (recipe.annealing && recipe.project.projectType != kProjectTypeAnnealing) {
+        reader.Refuse(recipe.PlaceOf("target.annealing"),
+                      "true needs project.type " + std::to_string(kProjectTypeAnnealing) +
+                          ", not " + std::to_string(recipe.project.projectType));
     }
+    if (recipe.annealing && recipe.meshKind != kMeshDeformed) {
+        reader.Refuse(recipe.PlaceOf("target.annealing"),
+                      "true needs the mesh kind \"deformed\", not " + mesh);
+    }
+    if (needsMesh && recipe.mappedMesh.empty()) {
+        reader.Refuse(recipe.PlaceOf("target.mesh"), mesh + " needs target.mapped_mesh, its path");
+    }
+    std::error_code error;
+    if (needsMesh && recipe.pathsHere.contains("target.mapped_mesh") &&
+        !fs::is_regular_file(PathOf(recipe.mappedMesh), error)) {
+        reader.Refuse(recipe.PlaceOf("target.mapped_mesh"),
+                      recipe.mappedMesh + ": " + (error ? error.message() : "not a file"),
+                      ExitCode::fileTrouble);
+    }
+}
+
+void WarnOfMissingOutput(const Reader& reader) {
+    const Recipe& recipe = reader.recipe;
+    std::error_code unknown;
+    if (recipe.pathsHere.contains("output.folder") &&
+        !fs::is_directory(PathOf(recipe.outFolder), unknown)) {
+        reader.problems.push_back(Warning(recipe.PlaceOf("output.folder"),
+                                          recipe.outFolder + ": no such folder on this machine",
+                                          ExitCode::fileTrouble));
+    }
+}
+
+/// Where in a line, its end included, a section's name does not start as one can.
+std::size_t FindBadSectionName(std::string_view line) {
+    constexpr std::string_view starts =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-\"']";
+    constexpr std::size_t none = std::string_view::npos;
+    const std::size_t bracket = line.find_first_not_of(" \t");
+    if (bracket == none || line[bracket] != '[') {
+        return none;
+    }
+    const bool isList = line.substr(bracket).starts_with("[[");
+    const std::size_t name = line.find_first_not_of(" \t", bracket + (isList ? 2 : 1));
+    return name != none && starts.find(line[name]) == none ? name : none;
+}
+
+/// The TOML library must not see such a name: it would end the program.
+bool RefuseBadSectionName(const Reader& reader, std::string_view text) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    text.remove_prefix(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
+    for (std::uint32_t line = 1; !text.empty(); ++line) {
+        const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+        const std::size_t name = FindBadSectionName(text.substr(0, length));
+        if (name != std::string_view::npos) {
+            reader.Refuse({reader.recipe.file, line, static_cast<std::uint32_t>(name + 1)},
+                          R"(a section's name has the characters a to z, A to Z, 0 to 9, "_" and )"
+                          R"("-", or stands in quotes)");
+            return true;
+        }
+        text.remove_prefix(length);
+    }
+    return false;
+}
+
+/// The document; nothing when it is not TOML.
+std::optional<toml::table> Parse(const Reader& reader, const std::string& text) {
+    if (RefuseBadSectionName(reader, text)) {
+        return std::nullopt;
+    }
+    toml::parse_result parsed = toml::parse(text);
+    if (parsed) {
+        return std::move(parsed).table();
+    }
+    const std::string description(parsed.error().description());
+    const bool isEscape = description.find("escape sequence") != std::string::npos ||
+                          description.find("unicode scalar sequence") != std::string::npos;
+    reader.Refuse(reader.PlaceOf(parsed.error().source(), {}),
+                  description + (isEscape ? singleQuotesHint : ""));
+    return std::nullopt;
 }
 
 void SetDefault(std::string& text, const std::string& value) {
@@ -343,26 +498,32 @@ Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Nam
                   const fs::path& folder, Purpose purpose) {
     Recipe recipe;
     recipe.file = file;
-    Problems problems;
+    const bool isStream = file == "-";
     const fs::path path = PathOf(AbsolutePath(file, folder));
-    const Reader reader{recipe, path.parent_path(), names, problems};
-    const toml::parse_result parsed = toml::parse(ReadFile(path, {file}));
-    if (parsed) {
-        ReadDocument(reader, parsed.table());
-        ReadOverrides({recipe, folder, names, problems}, overrides);
-        RefuseMissing(reader, parsed.table(), purpose);
-    } else {
-        reader.Refuse(reader.PlaceOf(parsed.error().source(), {}),
-                      std::string(parsed.error().description()));
+    const Reader reader{recipe, isStream ? folder : path.parent_path(), names, recipe.problems};
+    const std::string text = isStream ? ReadStandardInput({file}) : ReadFile(path, {file});
+    if (const auto document = Parse(reader, text)) {
+        ReadDocument(reader, *document);
+        ReadOverrides({recipe, folder, names, recipe.problems}, overrides);
+        RefuseMissing(reader, *document);
+        recipe.isTargetKnown = IsTargetKnown(recipe.problems);
     }
-    std::ranges::stable_sort(problems, {}, [](const Problem& problem) {
-        return std::tuple(problem.place.line, problem.place.column);
-    });
-    ThrowErrors(problems);
+    if (recipe.isTargetKnown) {
+        CheckTarget(reader, purpose);
+    }
+    if (purpose == Purpose::writing) {
+        WarnOfMissingOutput(reader);
+    }
     SetDefault(recipe.controlFolder, Utf8Of(reader.folder));
     SetDefault(recipe.controlName, recipe.project.projectName);
     SetDefault(recipe.outFolder, recipe.controlFolder);
     return recipe;
+}
+
+void SortByLine(Problems& problems) {
+    std::ranges::stable_sort(problems, {}, [](const Problem& problem) {
+        return std::tuple(problem.place.line, problem.place.column);
+    });
 }
 
 }  // namespace host

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ struct Choice {
 /// A recipe for showing may lack what only the control file needs.
 enum class Purpose { showing, writing };
 
+/// Of what the manual lists; the engine takes any number.
+constexpr std::int32_t highestProjectType = 11;
+
 /// Texts are UTF-8, paths absolute.
 struct Recipe {
     std::string file;  ///< as the user named it
@@ -44,7 +48,9 @@ struct Recipe {
     std::vector<double> reductionRates;   ///< three fractions; likewise
     std::optional<double> digimatAngle;   ///< degrees; likewise
     std::map<std::string, Place> places;  ///< of the values that were given, by name
-    Problems warnings;                    ///< what is odd in it, but can be meant
+    std::set<std::string> pathsHere;      ///< names of the paths that are of this machine
+    bool isTargetKnown = false;           ///< no error is about the project or the target
+    Problems problems;                    ///< what is wrong or odd in it
 
     Place PlaceOf(const std::string& name) const;
 };
@@ -57,10 +63,13 @@ struct Overrides {
     std::vector<std::string> choices;  ///< "ITEM=CHOICE"
 };
 
-/// Reads a recipe whole, with the command line's values in it. Throws a Failure with all that is
-/// wrong, in the order of the lines, warnings included. The recipe's own path and those of the
-/// command line start at `folder`.
+/// Reads a recipe whole, with the command line's values in it; "-" reads standard input. All that
+/// is wrong with it stands in its problems. The recipe's own path and those of the command line
+/// start at `folder`. Throws a Failure when the file cannot be read.
 Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Names& names,
                   const std::filesystem::path& folder, Purpose purpose);
+
+/// In the order of the recipe's lines.
+void SortByLine(Problems& problems);
 
 }  // namespace host

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cerrno>
 #include <fstream>
+#include <iostream>
 #include <random>
 
 #include "system/HostPlatform.h"
@@ -26,10 +27,14 @@ std::string Utf8Of(const fs::path& path) {
     return {text.begin(), text.end()};
 }
 
-std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
+bool MayBeElsewhere(const std::string& path) {
     const bool hasDrive =
         path.size() > 1 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0])) != 0;
-    if (hasDrive || path.rfind("\\\\", 0) == 0) {
+    return hasDrive || path.rfind("\\\\", 0) == 0;
+}
+
+std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
+    if (MayBeElsewhere(path)) {
         return path;
     }
     const fs::path absolute = (relativeTo / PathOfAny(path)).lexically_normal();
@@ -45,22 +50,35 @@ void CheckFolder(const std::string& folder, const Place& place) {
     }
 }
 
-std::string ReadFile(const fs::path& file, const Place& place) {
+namespace {
+
+std::string ReadStream(std::istream& stream, const Place& place) {
     constexpr std::size_t largest = 1 << 18;  // a file may have no end
-    std::error_code unknown;
-    const bool isFolder = fs::is_directory(file, unknown);
-    errno = 0;
-    std::ifstream stream(file, std::ios::binary);
     std::string bytes;
     char block[4096];
     while (bytes.size() <= largest && (stream.read(block, sizeof block), stream.gcount() > 0)) {
         bytes.append(block, static_cast<std::size_t>(stream.gcount()));
     }
-    if (!stream.eof() || isFolder) {
-        const int reason = isFolder ? EISDIR : bytes.size() > largest ? EFBIG : errno;
-        FailFor(reason, place, "cannot be read");
+    if (!stream.eof()) {
+        FailFor(bytes.size() > largest ? EFBIG : errno, place, "cannot be read");
     }
     return bytes;
+}
+
+}  // namespace
+
+std::string ReadFile(const fs::path& file, const Place& place) {
+    std::error_code unknown;
+    if (fs::is_directory(file, unknown)) {
+        FailFor(EISDIR, place, "cannot be read");
+    }
+    errno = 0;
+    std::ifstream stream(file, std::ios::binary);
+    return ReadStream(stream, place);
+}
+
+std::string ReadStandardInput(const Place& place) {
+    return ReadStream(std::cin, place);
 }
 
 ScratchFolder::ScratchFolder() {

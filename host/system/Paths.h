@@ -15,9 +15,12 @@ std::filesystem::path PathOfAny(std::string utf8);
 
 std::string Utf8Of(const std::filesystem::path& path);
 
+/// Whether a path starts with a drive letter or two backslashes: it may be of another machine.
+bool MayBeElsewhere(const std::string& path);
+
 /// The absolute path of a path that may be relative to a folder, with the system's separators. A
-/// path that starts with a drive letter or two backslashes is absolute on every system, and stays
-/// the text that it is: the translator may run on another machine.
+/// path of any machine is absolute on every system, and stays the text that it is: the translator
+/// may run on another machine.
 std::string AbsolutePath(const std::string& path, const std::filesystem::path& relativeTo);
 
 /// Throws a Failure, of a place, unless a path is a folder.
@@ -25,6 +28,7 @@ void CheckFolder(const std::string& folder, const Place& place);
 
 /// The whole file as bytes, up to 256 KiB. Throws a Failure, of a place.
 std::string ReadFile(const std::filesystem::path& file, const Place& place);
+std::string ReadStandardInput(const Place& place);
 
 /// A temporary folder that is the current one while the host runs: the engine leaves two debug
 /// files in the current folder, and a batch must not litter the user's. Removed with the object.

@@ -30,7 +30,8 @@ def limit(which, soft, hard=None):
 class Batch(ProgramTest):
     def setUp(self):
         super().setUp()
-        self.make_run()
+        for number in range(3):
+            self.make_run(f"Cover0{number}")
 
     def make_recipes(self, count, name="r{}.toml"):
         names = [name.format(number) for number in range(count)]

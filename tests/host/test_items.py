@@ -28,7 +28,8 @@ class Items(ProgramTest):
 
     def test_the_dialog_of_a_run_without_results_tells_every_reason(self):
         done = self.run_program("items", self.make_bare_run())
-        self.check(done, 0)
+        self.check(done, 0, None, "cover.toml:4:10: warning: project.folder: no results: those of "
+                   "every item are missing\n")
         self.assert_like(done.stdout, "items_without_results.txt")
 
     def test_the_dialog_follows_the_command_line(self):

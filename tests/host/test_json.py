@@ -68,12 +68,14 @@ class JsonDocuments(ProgramTest):
         document = self.document("write", "cover.toml", "bad.toml", "none.toml", code=3)
         self.assertEqual([entry["status"] for entry in document["recipes"]],
                          ["written", "failed", "failed"])
-        problems = [{"file": "bad.toml", "line": 11, "column": 1, "severity": "error", "exitCode": 2,
+        problems = [{"file": "bad.toml", "line": 10, "column": 10, "severity": "error",
+                     "exitCode": 1, "message": "choices.runner: results missing: No runners"},
+                    {"file": "bad.toml", "line": 11, "column": 1, "severity": "error", "exitCode": 2,
                      "message": 'choices: unknown item "foo"; nearest: runner, density, flow-stress'},
                     {"file": "none.toml", "line": 0, "column": 0, "severity": "error",
                      "exitCode": 3, "message": "cannot be read: No such file or directory"}]
         self.assertEqual(document["problems"], problems)
-        self.assertEqual(document["recipes"][1]["problems"], problems[:1])
+        self.assertEqual(document["recipes"][1]["problems"], problems[:2])
 
     def test_a_recipe_that_cannot_be_shown(self):
         document = self.document("items", "none.toml", code=3)

@@ -124,8 +124,10 @@ class Write(ProgramTest):
 
     def test_a_mesh_kind_goes_by_name_or_label(self):
         for name in ("3d-mapping-to-shell", "3D mapping to shell"):
+            self.make_recipe("", "shell.key")
             recipe = PROJECT + TARGET.replace("ANSYS", "LS-Dyna").replace("original", name)
-            lines = self.write(recipe=recipe + 'mapped_mesh = "shell.key"\n')
+            lines = self.write(recipe=recipe + 'mapped_mesh = "shell.key"\n'
+                               "[choices]\ninitial-strain = 1\n")
             self.assertIn("Is3DMappingShell = 1 (0:off,1:on)", lines)
             self.assertIn("MapFile = " + own_path(self.folder / "shell.key"), lines)
 
