@@ -6,11 +6,6 @@
 
 namespace host {
 
-const OfferedItem* FindItem(const std::vector<OfferedItem>& offered, std::int32_t itemId) {
-    const auto found = std::ranges::find(offered, itemId, &OfferedItem::Id);
-    return found != offered.end() ? &*found : nullptr;
-}
-
 std::vector<OfferedItem> AskOfferedItems(CZorbI2EngineManager& manager) {
     using Manager = CZorbI2EngineManager;
     // Not constexpr: the addresses of imported functions are known when the program is loaded.

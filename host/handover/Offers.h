@@ -1,6 +1,7 @@
 // What the engine offers: solvers with their mesh kinds, and items.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -30,7 +31,10 @@ struct OfferedItem {
 };
 
 /// Null when the item is not among the offered ones.
-const OfferedItem* FindItem(const std::vector<OfferedItem>& offered, std::int32_t itemId);
+inline const OfferedItem* FindItem(const std::vector<OfferedItem>& offered, std::int32_t itemId) {
+    const auto found = std::ranges::find(offered, itemId, &OfferedItem::Id);
+    return found != offered.end() ? &*found : nullptr;
+}
 
 /// The items that are offered for the engine's current status, in the order of the dialog.
 std::vector<OfferedItem> AskOfferedItems(CZorbI2EngineManager& manager);
