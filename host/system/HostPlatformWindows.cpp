@@ -53,6 +53,7 @@ LONG CALLBACK PrintTraceLine(EXCEPTION_POINTERS* exception) {
 namespace host {
 
 std::vector<std::string> PrepareProcess(int /*argc*/, char** /*argv*/) {
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
     SetConsoleOutputCP(CP_UTF8);

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstdio>
 #include <fstream>
-#include <iostream>
 #include <random>
 
 #include "system/HostPlatform.h"
@@ -50,35 +50,33 @@ void CheckFolder(const std::string& folder, const Place& place) {
     }
 }
 
-namespace {
+constexpr std::size_t largestFile = 1 << 18;  // a file may have no end
 
-std::string ReadStream(std::istream& stream, const Place& place) {
-    constexpr std::size_t largest = 1 << 18;  // a file may have no end
+std::string ReadFile(const fs::path& file, const Place& place) {
+    std::error_code unknown;
+    const bool isFolder = fs::is_directory(file, unknown);
+    errno = 0;
+    std::ifstream stream(file, std::ios::binary);
     std::string bytes;
     char block[4096];
-    while (bytes.size() <= largest && (stream.read(block, sizeof block), stream.gcount() > 0)) {
+    while (bytes.size() <= largestFile && (stream.read(block, sizeof block), stream.gcount() > 0)) {
         bytes.append(block, static_cast<std::size_t>(stream.gcount()));
     }
-    if (!stream.eof()) {
-        FailFor(bytes.size() > largest ? EFBIG : errno, place, "cannot be read");
+    if (!stream.eof() || isFolder) {
+        const int reason = isFolder ? EISDIR : bytes.size() > largestFile ? EFBIG : errno;
+        FailFor(reason, place, "cannot be read");
     }
     return bytes;
 }
 
-}  // namespace
-
-std::string ReadFile(const fs::path& file, const Place& place) {
-    std::error_code unknown;
-    if (fs::is_directory(file, unknown)) {
-        FailFor(EISDIR, place, "cannot be read");
-    }
-    errno = 0;
-    std::ifstream stream(file, std::ios::binary);
-    return ReadStream(stream, place);
-}
-
 std::string ReadStandardInput(const Place& place) {
-    return ReadStream(std::cin, place);
+    std::string bytes(largestFile + 1, '\0');
+    errno = 0;
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stdin));  // std::cin hides errors
+    if (std::ferror(stdin) != 0 || bytes.size() > largestFile) {
+        FailFor(bytes.size() > largestFile ? EFBIG : errno, place, "cannot be read");
+    }
+    return bytes;
 }
 
 ScratchFolder::ScratchFolder() {
