@@ -32,5 +32,6 @@ RunFunction AddInit(CLI::App& commandLine);
 RunFunction AddItems(CLI::App& commandLine);
 RunFunction AddWrite(CLI::App& commandLine);
 RunFunction AddCheck(CLI::App& commandLine);
+RunFunction AddSchema(CLI::App& commandLine);
 
 }  // namespace host

@@ -15,6 +15,7 @@
 #include <zorbi2/ZorbI2Types.h>
 
 #include "control_files/ControlFile.h"
+#include "recipes/RecipeKeys.h"
 #include "system/Paths.h"
 
 namespace host {
@@ -22,6 +23,9 @@ namespace host {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::int32_t highestRun = std::numeric_limits<std::int32_t>::max();
+constexpr double highestAngle = 180.0;
 
 constexpr const char* singleQuotesHint =
     R"(; in single quotes, a backslash is a backslash: 'D:\x')";
@@ -107,7 +111,7 @@ struct Reader {
         return Take<bool>("true or false", [](bool) { return true; });
     }
 
-    std::int32_t RunNumber() const { return Integer(std::numeric_limits<std::int32_t>::max()); }
+    std::int32_t RunNumber() const { return Integer(highestRun); }
     std::int32_t ProjectType() const { return Integer(highestProjectType); }
     std::int32_t Integer(std::int32_t highest) const {
         return static_cast<std::int32_t>(Take<std::int64_t>(
@@ -115,7 +119,7 @@ struct Reader {
             [highest](std::int64_t number) { return number >= 0 && number <= highest; }));
     }
 
-    double Angle() const { return Number("a number of degrees from 0 to 180", 180.0); }
+    double Angle() const { return Number("a number of degrees from 0 to 180", highestAngle); }
     double Fraction() const { return Number("a fraction from 0 to 1", 1.0); }
     double Number(const char* wanted, double highest) const {
         const std::size_t before = problems.size();
@@ -208,40 +212,57 @@ void ReadFact(Recipe& recipe, const Reader& value) {
 }
 
 struct Key {
-    std::string_view name;
-    const char* neededAs;  ///< what a recipe without it lacks; null: it has a default
+    KeyDescription is;
     void (*read)(Recipe& recipe, const Reader& value);
 };
 
 // clang-format off
 const Vocabulary analyses = {{kSolidProject, "solid"}, {kShellProject, "shell"}};
+
+constexpr KeyForm anyText =        {"string"};
+constexpr KeyForm flag =           {"boolean"};
+constexpr KeyForm runNumber =      {"integer", highestRun};
+constexpr KeyForm projectType =    {"integer", highestProjectType};
+constexpr KeyForm angle =          {"number",  highestAngle};
+constexpr KeyForm threeAngles =    {"number",  highestAngle, 3};
+constexpr KeyForm threeFractions = {"number",  1.0, 3};
+constexpr KeyForm analysis =       {"name",    0.0, 1, [](const Names&) { return analyses; }};
+constexpr KeyForm meshKind =       {"name",    0.0, 1, [](const Names&) { return meshKinds; }};
+constexpr KeyForm solverName =     {"name",    0.0, 1, [](const Names& names) { return names.solvers; }};
+
+constexpr bool needed = true;
+constexpr bool hasDefault = false;
 constexpr Key keys[] = {
-    {"project.name", "the base name of the run's files", [](Recipe& r, const Reader& v) { r.project.projectName = v.FileName(); }},
-    {"project.run", "the number of the run", [](Recipe& r, const Reader& v) { r.project.runNumber = v.RunNumber(); }},
-    {"project.folder", "the folder of the run's files", [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
-    {"project.analysis", nullptr, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
-    {"project.type", nullptr, [](Recipe& r, const Reader& v) { r.project.projectType = v.ProjectType(); }},
-    {"project.voxel_mesh", nullptr, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag(); }},
-    {"project.fiber_results", nullptr, ReadFact<Info::kHasFiber>},
-    {"project.runners", nullptr, ReadFact<Info::kHasRunners>},
-    {"project.moldbase", nullptr, ReadFact<Info::kHasMoldbase>},
-    {"project.inserted_part", nullptr, ReadFact<Info::kHasInsertedPart>},
-    {"project.meeting_angles", nullptr, ReadFact<Info::kHasMeetingAngle>},
-    {"project.view_edit", nullptr, ReadFact<Info::kViewEditAtStart>},
-    {"target.solver", "the structural solver", [](Recipe& r, const Reader& v) { r.solver = v.OneOf(v.names.solvers); }},
-    {"target.mesh", "the mesh kind", [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(meshKinds); }},
-    {"target.quadratic_elements", nullptr, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
-    {"target.annealing", nullptr, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
-    {"target.mapped_mesh", nullptr, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
-    {"control_file.folder", nullptr, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
-    {"control_file.name", nullptr, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
-    {"control_file.extension", nullptr, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
-    {"output.folder", nullptr, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
-    {"weld_lines.angles", nullptr, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Angles(); }},
-    {"weld_lines.reduction_rates", nullptr, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
-    {"weld_lines.digimat_angle", nullptr, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
+    {{"project.name", needed, anyText, "the base name of the run's files"}, [](Recipe& r, const Reader& v) { r.project.projectName = v.FileName(); }},
+    {{"project.run", needed, runNumber, "the number of the run"}, [](Recipe& r, const Reader& v) { r.project.runNumber = v.RunNumber(); }},
+    {{"project.folder", needed, anyText, "the folder of the run's files"}, [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
+    {{"project.analysis", hasDefault, analysis, "kind of molding analysis"}, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
+    {{"project.type", hasDefault, projectType, "project type: 3 annealing; 4 and 6 to 11 injection compression, of these 9 Mucell"}, [](Recipe& r, const Reader& v) { r.project.projectType = v.ProjectType(); }},
+    {{"project.voxel_mesh", hasDefault, flag, "the results are voxel-mesh results"}, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag(); }},
+    {{"project.fiber_results", hasDefault, flag, "the project has fiber results"}, ReadFact<Info::kHasFiber>},
+    {{"project.runners", hasDefault, flag, "the project has runners"}, ReadFact<Info::kHasRunners>},
+    {{"project.moldbase", hasDefault, flag, "the project has a moldbase"}, ReadFact<Info::kHasMoldbase>},
+    {{"project.inserted_part", hasDefault, flag, "the project has an inserted part"}, ReadFact<Info::kHasInsertedPart>},
+    {{"project.meeting_angles", hasDefault, flag, "the project has meeting angles of weld lines"}, ReadFact<Info::kHasMeetingAngle>},
+    {{"project.view_edit", hasDefault, flag, "a model edited in the viewer is mapped"}, ReadFact<Info::kViewEditAtStart>},
+    {{"target.solver", needed, solverName, "the structural solver"}, [](Recipe& r, const Reader& v) { r.solver = v.OneOf(v.names.solvers); }},
+    {{"target.mesh", needed, meshKind, "the mesh kind"}, [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(meshKinds); }},
+    {{"target.quadratic_elements", hasDefault, flag, "the second of the solver's element types"}, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
+    {{"target.annealing", hasDefault, flag, "the deformed mesh is the annealing-deformed one"}, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
+    {{"target.mapped_mesh", hasDefault, anyText, "path of the mapped mesh, which the two mapped mesh kinds need"}, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
+    {{"control_file.folder", hasDefault, anyText, "folder of the control file; otherwise the recipe's"}, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
+    {{"control_file.name", hasDefault, anyText, "name of the control file, without the run number; otherwise project.name"}, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
+    {{"control_file.extension", hasDefault, anyText, "extension of the control file, without the dot; otherwise cmi"}, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
+    {{"output.folder", hasDefault, anyText, "where the translator puts its files; otherwise beside the control file"}, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
+    {{"weld_lines.angles", hasDefault, threeAngles, "three ascending angles in degrees"}, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Angles(); }},
+    {{"weld_lines.reduction_rates", hasDefault, threeFractions, "remaining strength, as three fractions"}, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
+    {{"weld_lines.digimat_angle", hasDefault, angle, "the angle for Digimat in degrees"}, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
 };
 // clang-format on
+
+std::string SectionOf(std::string_view key) {
+    return std::string(key.substr(0, key.find('.')));
+}
 
 std::string Unknown(const std::string& kind, const std::string& name, const Vocabulary& known) {
     return "unknown " + kind + " " + Quoted(name) + "; nearest: " + Nearest(name, known);
@@ -250,8 +271,8 @@ std::string Unknown(const std::string& kind, const std::string& name, const Voca
 void RefuseKey(const Reader& reader, const Place& place, const std::string& name) {
     std::set<std::string> known = {"choices", "require"};
     for (const Key& key : keys) {
-        known.emplace(key.name);
-        known.emplace(key.name.substr(0, key.name.find('.')));  // its section
+        known.emplace(key.is.name);
+        known.emplace(SectionOf(key.is.name));
     }
     Vocabulary words;
     for (const std::string& word : known) {
@@ -263,7 +284,8 @@ void RefuseKey(const Reader& reader, const Place& place, const std::string& name
 
 void ReadKey(const Reader& reader, const Place& place, const std::string& name,
              const toml::node& node) {
-    const Key* const key = std::ranges::find(keys, name, &Key::name);
+    const Key* const key =
+        std::ranges::find(keys, name, [](const Key& candidate) { return candidate.is.name; });
     if (key == std::end(keys)) {
         return RefuseKey(reader, place, name);
     }
@@ -330,7 +352,7 @@ void ReadSection(const Reader& reader, const std::string& section, const toml::t
 
 bool IsSection(const std::string& name) {
     return name == "choices" || std::ranges::any_of(keys, [start = name + "."](const Key& key) {
-               return key.name.starts_with(start);
+               return key.is.name.starts_with(start);
            });
 }
 
@@ -379,12 +401,12 @@ void ReadOverrides(const Reader& reader, const Overrides& overrides) {
 void RefuseMissing(const Reader& reader, const toml::table& document) {
     const Recipe& recipe = reader.recipe;
     for (const Key& key : keys) {
-        const std::string name(key.name);
-        const toml::node* section = document.get(name.substr(0, name.find('.')));
-        if (key.neededAs != nullptr && !recipe.places.contains(name)) {
+        const std::string name(key.is.name);
+        const toml::node* section = document.get(SectionOf(name));
+        if (key.is.isNeeded && !recipe.places.contains(name)) {
             reader.Refuse(section != nullptr ? reader.PlaceOf(section->source(), name)
                                              : Place{recipe.file, 1, 1, name},
-                          std::string("missing: ") + key.neededAs);
+                          "missing: " + std::string(key.is.description));
         }
     }
 }
@@ -488,6 +510,14 @@ void SetDefault(std::string& text, const std::string& value) {
 }
 
 }  // namespace
+
+std::vector<KeyDescription> RecipeKeys() {
+    std::vector<KeyDescription> descriptions;
+    for (const Key& key : keys) {
+        descriptions.push_back(key.is);
+    }
+    return descriptions;
+}
 
 Place Recipe::PlaceOf(const std::string& name) const {
     const auto place = places.find(name);

@@ -1,0 +1,104 @@
+// The command "schema": what a recipe looks like, as a JSON schema for editors.
+#include <CLI/CLI.hpp>
+#include <cctype>
+#include <cstdint>
+
+#include "commands/Commands.h"
+#include "commands/RecipeCommand.h"
+#include "console/Report.h"
+#include "recipes/RecipeKeys.h"
+
+namespace host {
+
+namespace {
+
+/// A value that is one of some names, which the recipe may also spell otherwise or give as numbers.
+Json NameSchema(const Vocabulary& words) {
+    Json names = Json::array();
+    for (const auto& [number, word] : words) {
+        names.push_back(word);
+    }
+    return {{"anyOf", {{{"enum", names}}, {{"type", {"string", "integer"}}}}}};
+}
+
+Json NumberSchema(const KeyForm& form) {
+    Json schema = {{"type", form.type}, {"minimum", 0}};
+    schema["maximum"] = static_cast<std::int64_t>(form.highest);
+    return schema;
+}
+
+Json ValueSchema(const KeyForm& form, const Names& names) {
+    if (form.words != nullptr) {
+        return NameSchema(form.words(names));
+    }
+    Json schema = form.highest > 0.0 ? NumberSchema(form) : Json{{"type", form.type}};
+    if (form.count > 1) {
+        schema = {{"type", "array"},
+                  {"items", schema},
+                  {"minItems", form.count},
+                  {"maxItems", form.count}};
+    }
+    return schema;
+}
+
+std::string Capitalized(std::string_view text) {
+    std::string words(text);
+    words[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(words[0])));
+    return words;
+}
+
+Json TableSchema(const char* description) {
+    return {{"description", description}, {"type", "object"}, {"properties", Json::object()}};
+}
+
+/// Items go by any of their names; the short ones are those that editors offer.
+Json ChoicesSchema() {
+    Json schema = TableSchema("Item = an option, or \"on\" or \"off\"");
+    const Json choice = {{"type", {"string", "integer", "boolean"}}};
+    for (const auto& [itemId, name] : shortNames) {
+        schema["properties"][name] = choice;
+    }
+    schema["additionalProperties"] = choice;
+    return schema;
+}
+
+Json RequireSchema() {
+    return {
+        {"description", "Items that must come out as switched on; otherwise nothing is written"},
+        {"type", "array"},
+        {"items", NameSchema(shortNames)}};
+}
+
+Json RecipeSchema(const Names& names) {
+    Json schema = {{"$schema", "http://json-schema.org/draft-07/schema#"},
+                   {"title", "Recipe of zorbi2"},
+                   {"type", "object"},
+                   {"additionalProperties", false},
+                   {"properties", {{"require", RequireSchema()}}}};
+    for (const KeyDescription& key : RecipeKeys()) {
+        const std::size_t point = key.name.find('.');
+        Json& section = schema["properties"][std::string(key.name.substr(0, point))];
+        section["type"] = "object";
+        section["additionalProperties"] = false;
+        Json& value = section["properties"][std::string(key.name.substr(point + 1))];
+        value["description"] = Capitalized(key.description);
+        value.update(ValueSchema(key.form, names));
+    }
+    schema["properties"]["choices"] = ChoicesSchema();
+    return schema;
+}
+
+ExitCode RunSchema(Terminal& terminal) {
+    const Surroundings host(terminal);
+    const Json schema = RecipeSchema(host.names);
+    terminal.out << schema.dump(2) << '\n';
+    return Report({}, terminal.options, {{"schema", schema}});
+}
+
+}  // namespace
+
+RunFunction AddSchema(CLI::App& /*commandLine*/) {
+    return RunSchema;
+}
+
+}  // namespace host
