@@ -39,6 +39,7 @@ class Write(ProgramTest):
     def test_run_numbers_have_two_digits_and_more_when_they_need_them(self):
         for number, name in ((0, "Cover00.cmi"), (9, "Cover09.cmi"), (10, "Cover10.cmi"),
                              (123, "Cover123.cmi")):
+            self.make_run(name.removesuffix(".cmi"))
             self.make_recipe(PROJECT.replace("run = 2", f"run = {number}") + TARGET)
             self.check(self.run_program("write", "cover.toml"), 0)
             self.assertIn(name, self.files())
@@ -282,6 +283,7 @@ class Write(ProgramTest):
     # ---- Dry runs and quiet runs --------------------------------------------------------------
 
     def test_a_dry_run_of_several_tells_which_file_is_which(self):
+        self.make_run("Cover03")
         self.make_recipe(name="one.toml")
         self.make_recipe(PROJECT.replace("run = 2", "run = 3") + TARGET, "two.toml")
         done = self.run_program("write", "--dry-run", "one.toml", "two.toml")

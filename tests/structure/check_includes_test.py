@@ -38,6 +38,7 @@ GOOD_TREE = {
                              '#include "system/Paths.h"\n',
     "host/recipes/Recipe.h": "#include <toml++/toml.h>\n"
                              "#include <zorbi2/Face.h>\n"
+                             '#include "control_files/File.h"\n'
                              '#include "problems/Problem.h"\n'
                              '#include "system/Paths.h"\n',
     "host/control_files/File.h": '#include <zorbi2/Face.h>\n#include "problems/Problem.h"\n',
@@ -125,7 +126,8 @@ class IncludeRules(unittest.TestCase):
             "host/problems": set(),
             "host/system": {"host/problems"},
             "host/console": {"host/problems", "host/system"},
-            "host/recipes": {"include/zorbi2", "host/problems", "host/system"},
+            "host/recipes": {"include/zorbi2", "host/problems", "host/system",
+                             "host/control_files"},
             "host/control_files": {"include/zorbi2", "host/problems"},
             "host/handover": {"include/zorbi2", "host/problems", "host/system", "host/recipes",
                               "host/control_files"},
