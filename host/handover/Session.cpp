@@ -163,8 +163,6 @@ Problems Session::ApplyRecipe() {
 }
 
 ControlFile Session::Write(const std::filesystem::path& folder, const std::string& extension) {
-    manager_.SetPopItems();
-    manager_.HasPopItem();
     manager_.SetOutFolder(ForEngine(recipe_.outFolder));
     manager_.SetMappedMeshFilePath(ForEngine(recipe_.mappedMesh));
     SetControlFile(manager_, recipe_, Utf8Of(folder), extension);
