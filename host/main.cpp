@@ -9,6 +9,7 @@
 #include "commands/CommandLine.h"
 #include "console/Report.h"
 #include "system/HostPlatform.h"
+#include "system/Signals.h"
 
 namespace host {
 
@@ -42,5 +43,7 @@ int Main(int argc, char** argv) {
 }  // namespace host
 
 int main(int argc, char** argv) {
-    return host::Main(argc, argv);
+    const int status = host::Main(argc, argv);
+    host::EndAsSignaled();
+    return status;
 }

@@ -1,8 +1,6 @@
 // The command "init": looks at the names of a run folder's files and writes a recipe from them.
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cerrno>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <regex>
@@ -14,6 +12,7 @@
 #include "console/Report.h"
 #include "handover/Session.h"
 #include "recipes/RecipeText.h"
+#include "system/SafeFile.h"
 
 namespace host {
 
@@ -145,16 +144,16 @@ ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
     CheckFolder(folder, {});
     const Run run = FindRun(PathOf(folder));
     const Recipe recipe = RecipeOf(run, folder);
+    CheckFilesOfRun(recipe);
     const std::string file = AbsolutePath(
         options.recipeFile.value_or(run.name + run.number + ".toml"), host.scratch.Start());
     const fs::path path = PathOf(file);
     if (fs::exists(path) && !options.force) {
         Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
     }
-    const std::string text = TextOf(recipe, path.parent_path());
-    errno = 0;
-    if (!(std::ofstream(path, std::ios::binary) << text << std::flush)) {
-        FailFor(errno, {file}, "cannot be written");
+    const std::string reason = ReplaceFile(path, TextOf(recipe, path.parent_path()));
+    if (!reason.empty()) {
+        Fail({file}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }
     terminal.news << "wrote    " << file << " for " << run.name << ", run "
                   << recipe.project.runNumber << '\n';

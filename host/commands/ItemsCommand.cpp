@@ -214,6 +214,7 @@ ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
                                      host.scratch.Start(), Purpose::showing);
     Problems problems = recipe.problems;
     CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
+    CheckFilesOfRun(recipe);
     Session session(recipe);
     const Json content = options.solvers  ? ShowSolvers(session, terminal)
                          : options.matrix ? ShowMatrix(session, terminal)

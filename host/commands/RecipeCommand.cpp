@@ -1,9 +1,11 @@
 #include "commands/RecipeCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <limits>
 
 #include "handover/Engine.h"
 #include "system/HostPlatform.h"
+#include "system/SafeFile.h"
 
 namespace host {
 
@@ -15,6 +17,22 @@ void AddOverrides(CLI::App& commandLine, Overrides& overrides) {
     commandLine.add_option("--set", overrides.choices, "Choices instead of the recipe's")
         ->type_name("ITEM=CHOICE")
         ->allow_extra_args(false);
+}
+
+void CheckFilesOfRun(const Recipe& recipe) {
+    struct Row {
+        const char* ending;
+        std::uintmax_t largest;  ///< bytes
+    };
+    constexpr std::uintmax_t any = std::numeric_limits<std::uintmax_t>::max();
+    constexpr Row opened[] = {{".cmx", 1 << 20}, {".k5o", any}, {"_vox.k5o", any}};
+    const CZorbFEAInformation& project = recipe.project;
+    const std::string number = std::to_string(project.runNumber);
+    const std::string run = project.projectName + (project.runNumber < 10 ? "0" : "") + number;
+    for (const auto& [ending, largest] : opened) {
+        CheckRegularFile(PathOf(project.projectFolder) / PathOf(run + ending), largest,
+                         recipe.PlaceOf("project.folder"));
+    }
 }
 
 Surroundings::Surroundings(Terminal& console) : terminal(console) {

@@ -7,6 +7,7 @@
 #include "recipes/Names.h"
 #include "recipes/Recipe.h"
 #include "system/Paths.h"
+#include "system/ScratchFolder.h"
 
 namespace CLI {
 class App;
@@ -16,6 +17,10 @@ namespace host {
 
 /// Adds the options that beat a recipe's solver, mesh kind and choices.
 void AddOverrides(CLI::App& commandLine, Overrides& overrides);
+
+/// Looks before the engine opens them at the files of a run that it reads. Throws a Failure for one
+/// that is no regular file, and may have no end, or is larger than it can be.
+void CheckFilesOfRun(const Recipe& recipe);
 
 /// Where such a command works.
 struct Surroundings {

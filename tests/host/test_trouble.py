@@ -9,6 +9,8 @@ from program import ON_WINDOWS, PROJECT, TARGET, ProgramTest, own_path
 if os.name == "posix":
     import resource
 
+OLD = "I2-Output Control Parameter File\nold\n"
+
 NOT_ON_WINDOWS = unittest.skipIf(ON_WINDOWS, "devices, limits and descriptors are POSIX's")
 
 
@@ -63,17 +65,19 @@ class Trouble(ProgramTest):
 
     @NOT_ON_WINDOWS
     def test_a_file_that_may_not_become_as_large_leaves_the_old_one(self):
-        (self.folder / "Cover02.cmi").write_text("old")
+        (self.folder / "Cover02.cmi").write_text(OLD)
         self.refused(PROJECT + TARGET,
                      f"cover.toml: {self.file()}: cannot be written: File too large\n",
                      preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (500, 500)))
-        self.assertEqual((self.folder / "Cover02.cmi").read_text(), "old")
+        self.assertEqual((self.folder / "Cover02.cmi").read_text(), OLD)
 
     @NOT_ON_WINDOWS
     def test_a_folder_of_the_system_that_takes_no_files(self):
-        self.refused(PROJECT + TARGET + '[control_file]\nfolder = "/proc/self"\n',
-                     "cover.toml: /proc/self/Cover02.cmi: cannot be written: "
-                     "No such file or directory\n")
+        self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "/proc/self"\n')
+        done = self.run_program("write", "cover.toml")
+        self.check(done, 3, "", None)  # which reason, depends on system and user
+        self.assertRegex(done.stderr, "^cover.toml: /proc/self/Cover02.cmi: cannot be written: "
+                         "[A-Z][a-z ]+\n$")
 
     @NOT_ON_WINDOWS
     def test_a_temporary_folder_that_does_not_exist(self):

@@ -6,6 +6,7 @@ import unittest
 from program import ON_WINDOWS, PROJECT, TARGET, ProgramTest, own_path
 
 FILE = "Cover02.cmi"
+OLD = "I2-Output Control Parameter File\nold\n"
 
 
 class Write(ProgramTest):
@@ -32,7 +33,7 @@ class Write(ProgramTest):
                          'name = "Lid"\nextension = "txt"\n')
         done = self.run_program("write", "cover.toml")
         path = self.folder / "handover" / "Lid02.txt"
-        self.check(done, 0, f"wrote    {own_path(path)}\n")
+        self.check(done, 0, f"new      {own_path(path)}\n")
         lines = path.read_text(encoding="utf-8").splitlines()
         self.assertEqual(lines[3], "OutFolder = " + own_path(self.folder / "handover"))
 
@@ -83,7 +84,7 @@ class Write(ProgramTest):
         self.assertNotIn("ThermalTest.txt", self.files())
 
     def test_an_old_file_is_replaced(self):
-        (self.folder / FILE).write_text("old")
+        (self.folder / FILE).write_text(OLD)
         self.assertEqual(self.write()[0], "I2-Output Control Parameter File")
 
     # ---- The project --------------------------------------------------------------------------
@@ -231,11 +232,11 @@ class Write(ProgramTest):
         self.assertIsNotNone(lines)
 
     def test_a_required_item_that_does_not_come_out_leaves_the_old_file(self):
-        (self.folder / FILE).write_text("old")
+        (self.folder / FILE).write_text(OLD)
         lines = self.write(recipe='require = ["flow-stress"]\n' + PROJECT + TARGET, code=1,
                            stderr="cover.toml:1:12: require: flow-stress is not output: "
                            "the choice is \"off\"\n")
-        self.assertEqual(lines, ["old"])
+        self.assertEqual(lines, OLD.splitlines())
         self.assertEqual([name for name in self.files() if "cmi" in name], [FILE])
 
     # ---- Forms of recipes ---------------------------------------------------------------------
@@ -256,7 +257,7 @@ class Write(ProgramTest):
                          '[control_file]\nfolder = "Gehäuse"\n', "Füße.toml")
         done = self.run_program("write", "Füße.toml", "--set", "thermal-stress=on")
         path = self.folder / "Gehäuse" / "Füße02.cmi"
-        self.check(done, 0, f"wrote    {own_path(path)}\n")
+        self.check(done, 0, f"new      {own_path(path)}\n")
         encoding = "cp1252" if ON_WINDOWS else "utf-8"
         self.assertIn("Gehäuse", path.read_bytes().decode(encoding).splitlines()[3])
 
@@ -293,9 +294,12 @@ class Write(ProgramTest):
                                  for name in ("Cover02.cmi", "Cover03.cmi")])
         self.assertTrue(done.stdout.endswith("2 shown, 0 failed\n"))
 
-    def test_a_dry_run_needs_no_folder_to_write_to(self):
+    def test_a_dry_run_refuses_what_the_real_one_would_refuse(self):
         self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "missing"\n')
-        self.check(self.run_program("write", "--dry-run", "cover.toml"), 0)
+        path = own_path(self.folder / "missing" / FILE)
+        for option in ("--dry-run", "--diff", "--check", "--quiet"):
+            self.check(self.run_program("write", option, "cover.toml"), 3, "",
+                       f"cover.toml: {path}: cannot be written: No such file or directory\n")
 
     @unittest.skipIf(ON_WINDOWS, "the variable is POSIX's")
     def test_a_temporary_folder_may_be_given_by_a_relative_path(self):

@@ -59,6 +59,10 @@ SYSTEM_SOURCES = [
     "platform/PlatformWindows.cpp",
     "host/system/HostPlatformPosix.cpp",
     "host/system/HostPlatformWindows.cpp",
+    "host/system/SignalsPosix.cpp",
+    "host/system/SignalsWindows.cpp",
+    "host/system/SystemFilesPosix.cpp",
+    "host/system/SystemFilesWindows.cpp",
 ]
 
 STANDARD_HEADERS = set("""

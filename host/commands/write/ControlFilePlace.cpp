@@ -1,0 +1,74 @@
+#include "commands/write/ControlFilePlace.h"
+
+#include <cerrno>
+#include <fstream>
+
+#include <zorbi2/ControlFileFormat.h>
+
+#include "system/HostPlatform.h"
+#include "system/Paths.h"
+#include "system/SafeFile.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The start of a file, which is all of a control file.
+std::string StartOf(const fs::path& file) {
+    constexpr std::size_t moreThanAControlFile = 1 << 16;
+    std::string text(moreThanAControlFile, '\0');
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream) {
+        FailFor(errno, {}, Utf8Of(file) + ": cannot be read");
+    }
+    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(stream.gcount()));
+    return text;
+}
+
+/// An empty file is none, but nothing is lost with it.
+bool IsControlFile(const std::string& text) {
+    const std::string first = kControlFileLines[0].text;
+    return text.starts_with(first + "\n") || text.starts_with(first + "\r\n");
+}
+
+/// Whether a file is named as those of a run, the recipe's or an earlier one, and stands with them.
+bool IsOfRun(const fs::path& file, const Recipe& recipe) {
+    const fs::path folder = PathOf(recipe.project.projectFolder);
+    const std::string start = FileIdentity(folder / PathOf(recipe.project.projectName));
+    const std::string name = FileIdentity(file);
+    return name.starts_with(start) && name.size() > start.size() && name[start.size()] >= '0' &&
+           name[start.size()] <= '9';
+}
+
+}  // namespace
+
+ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe,
+                                   const FilesRead& filesRead, bool isForced) {
+    const std::string name = Utf8Of(file) + ": ";
+    const FilePlace place = LookAtPlace(file);
+    if (!place.reason.empty()) {
+        Fail({}, name + "cannot be written: " + place.reason, ExitCode::fileTrouble);
+    }
+    if (filesRead.contains(FileIdentity(file))) {
+        Fail({},
+             name + "is a recipe or a file that a recipe of this call reads, and is not replaced",
+             ExitCode::fileTrouble);
+    }
+    ControlFilePlace there{place.isTaken, place.isTaken ? StartOf(place.file) : std::string()};
+    if (!there.isTaken || IsControlFile(there.text)) {
+        return there;
+    }
+    if (IsOfRun(file, recipe)) {
+        Fail({}, name + "is a file of the run, and is not replaced", ExitCode::fileTrouble);
+    }
+    if (!there.text.empty() && !isForced) {
+        Fail({}, name + "is not a control parameter file; --force replaces it",
+             ExitCode::fileTrouble);
+    }
+    return there;
+}
+
+}  // namespace host

@@ -1,0 +1,28 @@
+// What stands where a control file is to be written, and what of it may be replaced.
+#pragma once
+
+#include <filesystem>
+#include <set>
+#include <string>
+
+#include "recipes/Recipe.h"
+
+namespace host {
+
+/// What a new text makes of the file that is there.
+enum class Change { none, isNew, isChanged, isKept };
+
+/// Files that a call reads and never replaces, by FileIdentity.
+using FilesRead = std::set<std::string>;
+
+struct ControlFilePlace {
+    bool isTaken = false;
+    std::string text;  ///< of the file that is there
+};
+
+/// Throws a Failure for what may not be replaced: what is no control file, unless forced, and what
+/// the call reads always.
+ControlFilePlace LookAtControlFile(const std::filesystem::path& file, const Recipe& recipe,
+                                   const FilesRead& filesRead, bool isForced);
+
+}  // namespace host

@@ -1,0 +1,153 @@
+#include "commands/write/Job.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <utility>
+
+#include "handover/Engine.h"
+#include "handover/LoadRecipe.h"
+#include "handover/Session.h"
+#include "system/HostPlatform.h"
+#include "system/Signals.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Removed at the end of the object's life.
+struct TemporaryFile {
+    ~TemporaryFile() {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    }
+    fs::path path;
+};
+
+/// Tries what the engine did not manage, for the system's reason; empty when it goes well.
+std::string ReasonAgainstWriting(const fs::path& file) {
+    constexpr std::size_t moreThanAControlFile = 65536;
+    errno = 0;
+    std::ofstream stream(file, std::ios::binary);
+    stream << std::string(moreThanAControlFile, ' ') << std::flush;
+    return stream ? std::string() : std::strerror(errno);
+}
+
+/// What the text of the file says differently from what was asked for, if anything.
+std::string DifferenceFrom(const ControlFile& asked, const std::string& text) {
+    ControlFile found;
+    try {
+        found = ReadControlFile({}, text);
+    } catch (const Failure& failure) {
+        const Problem& fault = failure.List().front();
+        return "line " + std::to_string(fault.place.line) + ": " + fault.message;
+    }
+    for (const auto& [key, value] : asked) {
+        const auto line = found.find(key);
+        if (line == found.end() || line->second != value) {
+            return key + " is " + (line == found.end() ? "missing" : Quoted(line->second)) +
+                   ", but should be " + Quoted(value);
+        }
+    }
+    for (const auto& [key, value] : found) {
+        if (!asked.contains(key)) {
+            return key + " is there, but should not be";
+        }
+    }
+    return {};
+}
+
+/// Reads the file back. Throws unless it says what was asked for.
+void ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
+    std::error_code missing;
+    const Place place{{}, 0, 0, Utf8Of(job.controlFile)};
+    job.text = fs::exists(file, missing) ? ReadFile(file, place) : std::string();
+    const std::string difference = DifferenceFrom(asked, FromEngineText(job.text));
+    if (!difference.empty()) {
+        const std::string reason = ReasonAgainstWriting(file);
+        FailToWrite(job, reason.empty() ? "not what was asked for: " + difference : reason);
+    }
+}
+
+}  // namespace
+
+void FailToWrite(const Job& job, const std::string& reason) {
+    Fail({}, Utf8Of(job.controlFile) + ": cannot be written: " + reason, ExitCode::fileTrouble);
+}
+
+void Attempt(Job& job, const GeneralOptions& options, const std::function<void()>& step) {
+    try {
+        if (!HasErrors(job.problems)) {
+            step();
+        }
+    } catch (const std::exception& error) {
+        const Problems problems = ProblemsOf(error);
+        job.problems.insert(job.problems.end(), problems.begin(), problems.end());
+    }
+    for (Problem& problem : job.problems) {
+        problem.place.file = job.recipe.file;
+    }
+    if (options.strict) {
+        MakeStrict(job.problems);
+    }
+}
+
+std::vector<Job> ReadJobs(Surroundings& host, const std::vector<std::string>& recipes,
+                          const Overrides& overrides) {
+    std::vector<Job> jobs;
+    for (const std::string& file : recipes) {
+        if (IsInterrupted()) {
+            break;
+        }
+        Job& job = jobs.emplace_back();
+        job.recipe.file = file;
+        Attempt(job, host.terminal.options, [&] {
+            job.recipe =
+                LoadRecipe(file, overrides, host.names, host.scratch.Start(), Purpose::writing);
+            job.problems = std::exchange(job.recipe.problems, {});
+            job.controlFile = SetControlFile(host.bareEngine, job.recipe, job.recipe.controlFolder,
+                                             job.recipe.controlExtension);
+        });
+    }
+    return jobs;
+}
+
+void RefuseSameFile(std::vector<Job>& jobs) {
+    std::map<std::string, std::vector<Job*>> writers;
+    for (Job& job : jobs) {
+        if (job.IsDone()) {
+            writers[FileIdentity(job.controlFile)].push_back(&job);
+        }
+    }
+    for (const auto& [file, same] : writers) {
+        for (std::size_t i = 0; same.size() > 1 && i < same.size(); ++i) {
+            const Job& other = *same[i == 0 ? 1 : 0];
+            same[i]->problems.emplace_back(
+                Place{same[i]->recipe.file},
+                Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write it too",
+                ExitCode::badUsage);
+        }
+    }
+}
+
+void MakeText(Job& job, const GeneralOptions& options) {
+    const Recipe& recipe = job.recipe;
+    CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
+    CheckFilesOfRun(recipe);
+    Session session(recipe);
+    Problems problems = session.ApplyRecipe();
+    if (options.strict) {
+        MakeStrict(problems);
+    }
+    ThrowErrors(problems);
+    job.problems.insert(job.problems.end(), problems.begin(), problems.end());
+    SortByLine(job.problems);
+    const TemporaryFile file{job.controlFile.filename()};  // in the scratch folder
+    const ControlFile asked = session.Write(".", recipe.controlExtension);
+    ReadBack(job, file.path, asked);
+}
+
+}  // namespace host

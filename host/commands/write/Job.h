@@ -1,0 +1,42 @@
+// One recipe on its way to the text of its control file. Nothing here writes but the engine, and
+// that in the scratch folder.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "commands/RecipeCommand.h"
+#include "commands/write/ControlFilePlace.h"
+
+namespace host {
+
+struct Job {
+    Recipe recipe;
+    std::filesystem::path controlFile;
+    Problems problems;
+    std::string text;              ///< of the file
+    Change change = Change::none;  ///< that the text makes to the file
+    std::string difference;        ///< from the old text, when it is to be shown
+    bool isFinished = false;       ///< with success, before any signal came
+
+    bool IsDone() const { return !HasErrors(problems); }
+};
+
+/// Does one step of a job, unless an earlier one failed. Keeps what goes wrong in the job.
+void Attempt(Job& job, const GeneralOptions& options, const std::function<void()>& step);
+
+/// Reads the recipes until a signal comes.
+std::vector<Job> ReadJobs(Surroundings& host, const std::vector<std::string>& recipes,
+                          const Overrides& overrides);
+
+/// Gives each of the jobs that would write the same file a problem.
+void RefuseSameFile(std::vector<Job>& jobs);
+
+/// Has the engine write the control file, and keeps its text. Throws a Failure unless it says what
+/// was asked for.
+void MakeText(Job& job, const GeneralOptions& options);
+
+[[noreturn]] void FailToWrite(const Job& job, const std::string& reason);
+
+}  // namespace host

@@ -1,0 +1,254 @@
+// The command "write". The engine writes a control file in the scratch folder; it is read back and
+// compared with what was asked for, and only then takes the place of the old one.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <utility>
+
+#include "commands/Commands.h"
+#include "commands/write/Job.h"
+#include "commands/write/TextDifference.h"
+#include "console/Report.h"
+#include "system/HostPlatform.h"
+#include "system/SafeFile.h"
+#include "system/Signals.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct WriteOptions {
+    std::vector<std::string> recipes;
+    Overrides overrides;
+    bool dryRun = false;
+    bool diff = false;
+    bool check = false;
+    bool keep = false;
+    bool force = false;
+
+    bool WritesNothing() const { return dryRun || diff || check; }
+};
+
+/// What the lines and the documents call it.
+std::string WordFor(Change change) {
+    switch (change) {
+        case Change::isNew:
+            return "new";
+        case Change::isChanged:
+            return "changed";
+        case Change::isKept:
+            return "kept";
+        default:
+            return "unchanged";
+    }
+}
+
+/// What a job is that went well: "written".
+std::string NameOfDone(const WriteOptions& options) {
+    return options.dryRun ? "shown" : options.WritesNothing() ? "compared" : "written";
+}
+
+/// All that the recipes of the call are read from, and that they have the translator read.
+FilesRead FilesReadBy(const std::vector<Job>& jobs, const fs::path& start) {
+    FilesRead files;
+    for (const Job& job : jobs) {
+        files.insert(FileIdentity(start / PathOf(job.recipe.file)));
+        if (!job.recipe.mappedMesh.empty()) {
+            files.insert(FileIdentity(PathOf(job.recipe.mappedMesh)));
+        }
+    }
+    return files;
+}
+
+/// The jobs of a call, one after the other.
+class Writer {
+public:
+    Writer(const WriteOptions& options, Terminal& terminal) : options_(options), host_(terminal) {}
+
+    ExitCode Run();
+
+private:
+    void WriteControlFile(Job& job);
+    void PutInPlace(const Job& job);
+    void WriteJobs();
+    void Show(const Job& job);
+    void ShowSummary();
+
+    const WriteOptions& options_;
+    Surroundings host_;
+    std::vector<Job> jobs_;
+    FilesRead filesRead_;
+    std::set<fs::path> cleanFolders_;  ///< of temporary files whose makers are gone
+    std::size_t tried_ = 0;
+    std::size_t done_ = 0;
+    bool wouldChange_ = false;
+    Problems problems_;
+    Json list_ = Json::array();
+};
+
+/// Puts the text in its place.
+void Writer::PutInPlace(const Job& job) {
+    const fs::path folder = LookAtPlace(job.controlFile).file.parent_path();
+    if (cleanFolders_.insert(folder).second) {
+        RemoveLeftOvers(folder, fs::file_type::regular);
+    }
+    const std::string reason = ReplaceFile(job.controlFile, job.text);
+    if (!reason.empty()) {
+        FailToWrite(job, reason);
+    }
+}
+
+void Writer::WriteControlFile(Job& job) {
+    MakeText(job, host_.terminal.options);
+    const ControlFilePlace there =
+        LookAtControlFile(job.controlFile, job.recipe, filesRead_, options_.force || options_.keep);
+    job.change = !there.isTaken           ? Change::isNew
+                 : options_.keep          ? Change::isKept
+                 : there.text == job.text ? Change::none
+                                          : Change::isChanged;
+    const bool isToWrite = job.change == Change::isNew || job.change == Change::isChanged;
+    if (options_.diff && isToWrite) {
+        const std::string name = Utf8Of(job.controlFile);
+        job.difference = TextDifference(there.isTaken ? name : "/dev/null",
+                                        FromEngineText(there.text), name, FromEngineText(job.text));
+    }
+    if (IsInterrupted()) {
+        return;  // a signal may have ended a call of the engine
+    }
+    if (isToWrite && !options_.WritesNothing()) {
+        PutInPlace(job);
+    }
+    job.isFinished = true;
+}
+
+/// The engine keeps the shot file of each run open until the process ends.
+void CheckOpenFileLimit(std::size_t recipes) {
+    const std::size_t possible = RaiseOpenFileLimit();
+    if (recipes > possible) {
+        Fail({},
+             std::to_string(recipes) +
+                 " recipes are too many for one call, because each leaves a file open; nothing "
+                 "was written; at most " +
+                 std::to_string(possible) + " are possible",
+             ExitCode::fileTrouble);
+    }
+}
+
+/// A line for each job, on a terminal one for all of them.
+void Writer::Show(const Job& job) {
+    Terminal& terminal = host_.terminal;
+    const bool isSingle = options_.recipes.size() == 1;
+    const std::string file = Utf8Of(job.controlFile);
+    if (job.IsDone() && options_.dryRun) {
+        terminal.out << (isSingle ? "" : "==> " + file + " <==\n") << job.text;
+    } else if (job.IsDone() && options_.diff && !job.difference.empty()) {
+        terminal.out << job.difference << std::flush;
+    } else if (terminal.isTerminal && !isSingle && !options_.WritesNothing()) {
+        terminal.news << "\r[" << tried_ << "/" << options_.recipes.size() << "]" << std::flush;
+    } else if (job.IsDone()) {
+        terminal.news << Padded(WordFor(job.change), sizeof "changed") << " " << file << std::endl;
+    } else if (!isSingle) {
+        terminal.news << "failed   "
+                      << InOneLine(*std::ranges::find(job.problems, false, &Problem::isWarning))
+                      << std::endl;
+    }
+}
+
+Json JsonOf(const Job& job, const WriteOptions& options) {
+    Json entry = {{"recipe", job.recipe.file},
+                  {"controlFile", Utf8Of(job.controlFile)},
+                  {"status", job.IsDone() ? NameOfDone(options) : "failed"}};
+    if (job.IsDone()) {
+        entry["change"] = WordFor(job.change);
+    }
+    entry["problems"] = JsonOf(job.problems);
+    if (job.IsDone() && options.dryRun) {
+        entry["text"] = FromEngineText(job.text);
+    }
+    if (job.IsDone() && options.diff) {
+        entry["diff"] = job.difference;
+    }
+    return entry;
+}
+
+/// Writes the jobs until a signal comes. Each is dropped then: thousands of them need not stay.
+void Writer::WriteJobs() {
+    for (Job& slot : jobs_) {
+        Job job = std::move(slot);
+        if (!IsInterrupted()) {
+            Attempt(job, host_.terminal.options, [&] { WriteControlFile(job); });
+        }
+        if (IsInterrupted() && !job.isFinished) {
+            return;
+        }
+        ++tried_;
+        Show(job);
+        done_ += job.IsDone() ? 1 : 0;
+        wouldChange_ =
+            wouldChange_ ||
+            (job.IsDone() && (job.change == Change::isNew || job.change == Change::isChanged));
+        problems_.insert(problems_.end(), job.problems.begin(), job.problems.end());
+        if (host_.terminal.options.json) {
+            list_.push_back(JsonOf(job, options_));
+        }
+    }
+}
+
+/// What is done and what is not.
+void Writer::ShowSummary() {
+    Terminal& terminal = host_.terminal;
+    const std::size_t all = options_.recipes.size();
+    const std::string counts = std::to_string(done_) + " " + NameOfDone(options_) + ", " +
+                               std::to_string(tried_ - done_) + " failed";
+    terminal.news << (terminal.isTerminal && all > 1 ? "\r\033[K" : "");
+    if (IsInterrupted()) {
+        problems_.emplace_back(
+            Place{},
+            "interrupted: " + counts +
+                (tried_ < all ? ", " + std::to_string(all - tried_) + " not done, from " +
+                                    options_.recipes[tried_] + " on"
+                              : ""),
+            ExitCode::fileTrouble);
+    } else if (all > 1) {
+        terminal.news << counts << std::endl;
+    }
+}
+
+ExitCode Writer::Run() {
+    CheckOpenFileLimit(options_.recipes.size());
+    jobs_ = ReadJobs(host_, options_.recipes, options_.overrides);
+    RefuseSameFile(jobs_);
+    filesRead_ = FilesReadBy(jobs_, host_.scratch.Start());
+    WriteJobs();
+    ShowSummary();
+    const ExitCode code = Report(problems_, host_.terminal.options, {{"recipes", list_}});
+    return options_.check && wouldChange_ ? std::max(code, ExitCode::notAvailable) : code;
+}
+
+}  // namespace
+
+RunFunction AddWrite(CLI::App& commandLine) {
+    const auto options = std::make_shared<WriteOptions>();
+    commandLine.add_option("RECIPE", options->recipes, "Recipes (TOML)")->required();
+    AddOverrides(commandLine, options->overrides);
+    commandLine.add_option("--out", options->overrides.controlFolder, "Folder for the files")
+        ->type_name("FOLDER");
+    CLI::Option* const dryRun = commandLine.add_flag("--dry-run", options->dryRun,
+                                                     "Print the files instead of writing them");
+    commandLine.add_flag("--diff", options->diff, "Print what would change instead of writing it")
+        ->excludes(dryRun);
+    commandLine
+        .add_flag("--check", options->check, "Write nothing, exit 1 when anything would change")
+        ->excludes(dryRun);
+    CLI::Option* const keep =
+        commandLine.add_flag("--no-clobber", options->keep, "Keep every existing file");
+    commandLine
+        .add_flag("--force", options->force, "Replace also what is not a control parameter file")
+        ->excludes(keep);
+    return [options](Terminal& terminal) { return Writer(*options, terminal).Run(); };
+}
+
+}  // namespace host

@@ -1,0 +1,137 @@
+#include "system/SafeFile.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstdint>
+#include <cstring>
+#include <random>
+#include <sstream>
+#include <string_view>
+
+#include "system/Paths.h"
+#include "system/SystemFiles.h"
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// What all temporary names of this machine start with; the process follows.
+const std::string& TemporaryStart() {
+    static const std::string start = "zorbi2-" + MachineMark() + "-";
+    return start;
+}
+
+/// Whether the process that a temporary name tells of is gone.
+bool IsLeftOver(std::string_view name) {
+    const std::string& start = TemporaryStart();
+    if (!name.starts_with(start)) {
+        return false;
+    }
+    name.remove_prefix(start.size());
+    unsigned long process = 0;
+    const auto end = std::from_chars(name.data(), name.data() + name.size(), process);
+    return end.ec == std::errc() && process > 0 && !IsRunning(process);
+}
+
+/// Why a folder takes no new file, if so.
+std::string ReasonAgainstFolder(const fs::path& folder) {
+    std::error_code error;
+    const fs::file_status status = fs::status(folder, error);
+    if (!fs::exists(status)) {
+        return std::strerror(fs::status_known(status) ? ENOENT : error.value());
+    }
+    if (!fs::is_directory(status)) {
+        return std::strerror(ENOTDIR);
+    }
+    error = CheckWritable(folder);
+    return error ? error.message() : std::string();
+}
+
+/// Why what is at the place cannot be replaced, if so.
+std::string ReasonAgainstReplacing(const FilePlace& place, const fs::file_status& status) {
+    if (fs::is_directory(status)) {
+        return std::strerror(EISDIR);
+    }
+    if (!place.isTaken) {
+        return "a pipe or a device is there, and no file";
+    }
+    const std::error_code error = CheckWritable(place.file);
+    return error ? error.message() : std::string();
+}
+
+}  // namespace
+
+FilePlace LookAtPlace(const fs::path& file) {
+    FilePlace place{file, false, {}};
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (fs::exists(status)) {
+        place.isTaken = fs::is_regular_file(status);
+        const fs::path linked = fs::canonical(file, error);
+        place.file = error ? file : linked;
+        place.reason = ReasonAgainstReplacing(place, status);
+    } else if (!fs::status_known(status)) {
+        place.reason = error.message();
+    } else if (fs::is_symlink(fs::symlink_status(file, error))) {
+        place.reason = "a link is there that leads to no file";
+    }
+    if (place.reason.empty()) {
+        place.reason = ReasonAgainstFolder(place.file.parent_path());
+    }
+    return place;
+}
+
+std::string ReplaceFile(const fs::path& file, const std::string& bytes) {
+    const FilePlace place = LookAtPlace(file);
+    if (!place.reason.empty()) {
+        return place.reason;
+    }
+    const std::error_code error = PutFile(place.file, TemporaryName(), bytes);
+    return error ? error.message() : std::string();
+}
+
+std::string TemporaryName() {
+    std::random_device random;
+    std::ostringstream name;
+    name << TemporaryStart() << ProcessNumber() << '-' << std::hex << random() << random();
+    return name.str();
+}
+
+void RemoveLeftOvers(const fs::path& folder, fs::file_type type) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const fs::path& path = entry->path();
+        std::error_code ignored;
+        if (IsLeftOver(Utf8Of(path.filename())) && IsOwn(path) &&
+            fs::symlink_status(path, ignored).type() == type) {
+            fs::remove_all(path, ignored);
+        }
+    }
+}
+
+void CheckRegularFile(const fs::path& file, std::uintmax_t largest, const Place& place) {
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (!fs::exists(status)) {
+        return;
+    }
+    const std::string name = Utf8Of(file);
+    if (!fs::is_regular_file(status)) {
+        Fail(place,
+             name + ": " + (fs::is_directory(status) ? "a folder" : "a pipe or a device") +
+                 ", and no file",
+             ExitCode::fileTrouble);
+    }
+    const std::uintmax_t size = fs::file_size(file, error);
+    if (!error && size > largest) {
+        Fail(place,
+             name + ": " + std::to_string(size) + " bytes, but such a file has at most " +
+                 std::to_string(largest),
+             ExitCode::fileTrouble);
+    }
+}
+
+}  // namespace host

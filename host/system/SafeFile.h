@@ -1,0 +1,35 @@
+// Files that are whole, old or new, whatever happens while they are replaced.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "problems/Problem.h"
+
+namespace host {
+
+/// A place where a file is to be written.
+struct FilePlace {
+    std::filesystem::path file;  ///< that a link there leads to
+    bool isTaken = false;        ///< by a regular file
+    std::string reason;          ///< why no file can be written there; empty when one can
+};
+
+FilePlace LookAtPlace(const std::filesystem::path& file);
+
+/// Replaces a file, or the one that a link leads to, in one step, or makes it anew. Returns why it
+/// could not; the old file is whole then, and nothing is left behind.
+std::string ReplaceFile(const std::filesystem::path& file, const std::string& bytes);
+
+/// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
+std::string TemporaryName();
+
+/// Removes the files, or folders, with a temporary name whose maker is gone: it was killed.
+void RemoveLeftOvers(const std::filesystem::path& folder, std::filesystem::file_type type);
+
+/// Throws a Failure, of a place, for what is there but is not a regular file, which might never end
+/// or never begin, or is larger than it can be.
+void CheckRegularFile(const std::filesystem::path& file, std::uintmax_t largest,
+                      const Place& place);
+
+}  // namespace host

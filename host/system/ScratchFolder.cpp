@@ -1,0 +1,39 @@
+#include "system/ScratchFolder.h"
+
+#include "problems/Problem.h"
+#include "system/SafeFile.h"
+#include "system/Signals.h"
+#include "system/SystemFiles.h"
+
+namespace host {
+
+namespace fs = std::filesystem;
+
+ScratchFolder::ScratchFolder() {
+    KeepSignals();
+    std::error_code error;
+    start_ = fs::current_path(error);
+    if (error) {
+        Fail({}, "the current folder cannot be used: " + error.message(), ExitCode::fileTrouble);
+    }
+    const fs::path parent = start_ / fs::temp_directory_path(error);
+    if (!error) {
+        RemoveLeftOvers(parent, fs::file_type::directory);
+        path_ = parent / TemporaryName();
+        error = MakePrivateFolder(path_);
+    }
+    if (!error) {
+        fs::current_path(path_, error);
+    }
+    if (error) {
+        Fail({}, "no temporary folder can be made: " + error.message(), ExitCode::fileTrouble);
+    }
+}
+
+ScratchFolder::~ScratchFolder() {
+    std::error_code ignored;
+    fs::current_path(start_, ignored);
+    fs::remove_all(path_, ignored);
+}
+
+}  // namespace host

@@ -1,0 +1,32 @@
+// What safe files need from the system beyond the standard library: one source per system.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace host {
+
+/// This machine and this process, as names of temporary files carry them: "5f3a0c12-4711".
+std::string MachineMark();
+unsigned long ProcessNumber();
+
+/// Whether a process of this machine still runs. Yes when that cannot be known.
+bool IsRunning(unsigned long process);
+
+/// Whether a file or folder is this user's, no link followed.
+bool IsOwn(const std::filesystem::path& path);
+
+/// Whether this user may write the file, or put files into the folder.
+std::error_code CheckWritable(const std::filesystem::path& path);
+
+/// Makes a folder that only this user can enter. An error when there is one of that name.
+std::error_code MakePrivateFolder(const std::filesystem::path& folder);
+
+/// Puts bytes in the place of a file, in one step, with its mode and, where the right exists, its
+/// owner and group. The bytes are on the disk when it returns. They come by way of a file with a
+/// temporary name in the same folder, which is made anew and gone in the end. No link is followed.
+std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
+                        const std::string& bytes);
+
+}  // namespace host

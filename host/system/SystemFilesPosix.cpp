@@ -1,0 +1,135 @@
+// POSIX: all steps of a replacement work in one open folder, whatever happens to its path
+// meanwhile.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <csignal>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <functional>
+#include <string_view>
+
+#include "system/SystemFiles.h"
+
+namespace host {
+
+namespace {
+
+std::error_code LastError() {
+    return {errno, std::generic_category()};
+}
+
+/// A file or folder that is open while the object lives, unless it could not be opened.
+class Descriptor {
+public:
+    explicit Descriptor(int opened) : number(opened) {}
+    ~Descriptor() {
+        if (number >= 0) {
+            close(number);
+        }
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    const int number;
+};
+
+bool WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(written < 0 ? 0 : written));
+    }
+    return true;
+}
+
+/// Also after a signal.
+bool Synchronize(int file) {
+    int result = 0;
+    do {
+        result = fsync(file);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+/// Gives a file the mode of another and, as far as the right exists, its owner and group.
+bool TakeOver(int file, const struct stat& other) {
+    const bool hasGroup = fchown(file, static_cast<uid_t>(-1), other.st_gid) == 0;
+    const bool hasOwner = fchown(file, other.st_uid, static_cast<gid_t>(-1)) == 0;
+    // Rights of an owner or group that it does not have are not for the ones that it has.
+    const mode_t lost =
+        (hasOwner ? 0U : mode_t{S_ISUID}) | (hasGroup ? 0U : mode_t{S_ISGID | S_IRWXG});
+    return fchmod(file, other.st_mode &
+                            (S_ISUID | S_ISGID | S_ISVTX | S_IRWXU | S_IRWXG | S_IRWXO) & ~lost) ==
+           0;
+}
+
+/// Makes the file anew, with all its bytes on the disk.
+bool Fill(int folder, const char* name, const struct stat* replaced, const std::string& bytes) {
+    constexpr mode_t forThisUser = S_IRUSR | S_IWUSR;
+    constexpr mode_t asUsual = forThisUser | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    const Descriptor file(openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                 replaced != nullptr ? forThisUser : asUsual));
+    return file.number >= 0 && WriteAll(file.number, bytes) &&
+           (replaced == nullptr || TakeOver(file.number, *replaced)) && Synchronize(file.number);
+}
+
+}  // namespace
+
+std::string MachineMark() {
+    std::array<char, 256> name{};
+    gethostname(name.data(), name.size() - 1);
+    std::array<char, 2 * sizeof(std::size_t) + 1> digits{};
+    std::snprintf(digits.data(), digits.size(), "%08zx",
+                  std::hash<std::string_view>{}(name.data()) & 0xFFFFFFFFU);
+    return digits.data();
+}
+
+unsigned long ProcessNumber() {
+    return static_cast<unsigned long>(getpid());
+}
+
+bool IsRunning(unsigned long process) {
+    return kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH;
+}
+
+bool IsOwn(const std::filesystem::path& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 && status.st_uid == geteuid();
+}
+
+std::error_code CheckWritable(const std::filesystem::path& path) {
+    const bool isWritable = faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+    return isWritable ? std::error_code() : LastError();
+}
+
+std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
+    return mkdir(folder.c_str(), S_IRWXU) == 0 ? std::error_code() : LastError();
+}
+
+std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
+                        const std::string& bytes) {
+    const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.number < 0) {
+        return LastError();
+    }
+    const std::string name = file.filename().string();
+    struct stat old {};
+    const bool isThere = fstatat(folder.number, name.c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0;
+    const bool isMoved =
+        Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
+        renameat(folder.number, temporaryName.c_str(), folder.number, name.c_str()) == 0;
+    if (!isMoved) {
+        const std::error_code reason = LastError();
+        unlinkat(folder.number, temporaryName.c_str(), 0);
+        return reason;
+    }
+    // Not every file system can bring a folder to the disk.
+    return Synchronize(folder.number) || errno == EINVAL ? std::error_code() : LastError();
+}
+
+}  // namespace host

@@ -1,0 +1,405 @@
+"""What stands where a control file is to be written: what is replaced, what is refused, and what
+stays of the old file."""
+
+import os
+import pathlib
+import stat
+import subprocess
+import tempfile
+import unittest
+
+from program import EMULATOR, ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, own_path
+
+FILE = "Cover02.cmi"
+FIRST_LINE = "I2-Output Control Parameter File\n"
+OLD = FIRST_LINE + "old\n"
+LONG_AGO = 1_000_000_000
+NOT_ON_WINDOWS = unittest.skipIf(ON_WINDOWS, "links, modes and pipes are POSIX's")
+
+
+def demote():
+    """Makes the program's process one without the rights of root."""
+    if os.geteuid() == 0:
+        os.setgroups([])
+        os.setgid(65534)
+        os.setuid(65534)
+
+
+class Replace(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.make_run()
+        self.make_recipe()
+        self.file = self.folder / FILE
+
+    def write(self, *arguments, word="changed", code=0):
+        """Writes, and looks whether the file is whole then."""
+        done = self.run_program("write", "cover.toml", *arguments)
+        self.check(done, code, f"{word:8} {own_path(self.file)}\n")
+        self.assert_whole()
+
+    def assert_whole(self):
+        text = self.file.read_text(encoding="utf-8")
+        self.assertTrue(text.startswith(FIRST_LINE + "FileVersion"), text)
+        self.assertTrue(text.endswith("[\\REDUCTION RATE]\n"), text)
+
+    def refused(self, reason, *arguments, recipe=None, file=None, **others):
+        """Nothing may change, and every way to write says the same."""
+        if recipe is not None:
+            self.make_recipe(recipe)
+        contents = {name: (self.folder / name).read_bytes() for name in self.files()}
+        for option in ([], ["--dry-run"], ["--diff"], ["--check"]):
+            done = self.run_program("write", "cover.toml", *arguments, *option, **others)
+            self.check(done, 3, "", f"cover.toml: {own_path(file or self.file)}: {reason}\n")
+            self.assertEqual({name: (self.folder / name).read_bytes() for name in self.files()},
+                             contents)
+
+    # ---- What is replaced ---------------------------------------------------------------------
+
+    def test_a_new_file_a_changed_one_and_an_unchanged_one_are_told_apart(self):
+        self.write(word="new")
+        self.write(word="unchanged")
+        self.write("--set", "flow-stress=on", word="changed")
+        self.write(word="changed")
+
+    def test_an_unchanged_file_keeps_its_time(self):
+        self.write(word="new")
+        os.utime(self.file, (LONG_AGO, LONG_AGO))
+        self.write(word="unchanged")
+        self.assertEqual(self.file.stat().st_mtime, LONG_AGO)
+        self.write("--set", "flow-stress=on", word="changed")
+        self.assertNotEqual(self.file.stat().st_mtime, LONG_AGO)
+
+    def test_a_control_file_is_known_by_its_first_line(self):
+        for old in (b"I2-Output Control Parameter File\n",
+                    b"I2-Output Control Parameter File\r\nold"):
+            self.file.write_bytes(old)
+            self.write()
+
+    def test_an_empty_file_is_replaced(self):
+        self.file.write_bytes(b"")
+        self.write()
+
+    def test_another_file_is_refused_unless_forced(self):
+        for other in ("note\n", "I2-Output Control Parameter File", "x" * 300000,
+                      "I2-Output Control Parameter File 2\n"):
+            self.file.write_text(other)
+            self.refused("is not a control parameter file; --force replaces it")
+            self.write("--force")
+
+    def test_what_the_call_reads_is_never_replaced(self):
+        reads = "is a recipe or a file that a recipe of this call reads, and is not replaced"
+        self.make_recipe(name="other00.toml")
+        recipe = PROJECT.replace("run = 2", "run = 0") + TARGET
+        recipe += '[control_file]\nname = "other"\nextension = "toml"\n'
+        self.make_recipe(recipe)
+        self.check(self.run_program("write", "cover.toml"), 3, "",
+                   f"cover.toml: {own_path(self.folder / 'other00.toml')}: is not a control "
+                   "parameter file; --force replaces it\n")
+        done = self.run_program("write", "cover.toml", "other00.toml", "--force")
+        self.check(done, 3, None, f"cover.toml: {own_path(self.folder / 'other00.toml')}: {reads}\n")
+        (self.folder / "mesh02.cdb").write_text(OLD)
+        target = TARGET.replace("original", "mapped") + 'mapped_mesh = "mesh02.cdb"\n'
+        self.refused(reads, "--force", file=self.folder / "mesh02.cdb",
+                     recipe=PROJECT + target + '[control_file]\nname = "mesh"\nextension = "cdb"\n')
+
+    def test_a_file_of_the_run_is_never_replaced(self):
+        (self.folder / "Run02" / "Cover02.k5f").write_text("results")
+        for ending in ("k5f", "k5p"):  # k5p is empty
+            self.refused("is a file of the run, and is not replaced", "--force",
+                         recipe=f'{PROJECT}{TARGET}[control_file]\nfolder = "Run02"\n'
+                                f'extension = "{ending}"\n',
+                         file=self.folder / "Run02" / f"Cover02.{ending}")
+
+    def test_a_control_file_may_stand_with_the_run(self):
+        self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "Run02"\n')
+        self.file = self.folder / "Run02" / FILE
+        self.write(word="new")
+        self.write("--set", "flow-stress=on")
+
+    def test_a_folder_there_is_refused_even_when_forced(self):
+        self.file.mkdir()
+        self.refused("cannot be written: Is a directory", "--force")
+
+    @NOT_ON_WINDOWS
+    def test_a_pipe_there_is_refused_even_when_forced(self):
+        os.mkfifo(self.file)
+        self.refused("cannot be written: a pipe or a device is there, and no file", "--force",
+                     timeout=20)
+
+    def test_no_clobber_keeps_every_existing_file(self):
+        for old in (OLD, "note\n", ""):
+            self.file.write_text(old)
+            done = self.run_program("write", "cover.toml", "--no-clobber")
+            self.check(done, 0, f"kept     {own_path(self.file)}\n")
+            self.assertEqual(self.file.read_text(), old)
+        self.file.unlink()
+        self.write("--no-clobber", word="new")
+
+    # ---- What stays of the old file -----------------------------------------------------------
+
+    @NOT_ON_WINDOWS
+    def test_a_link_is_written_through(self):
+        (self.folder / "elsewhere").mkdir()
+        there = self.folder / "elsewhere" / "lid.cmi"
+        there.write_text(OLD)
+        (self.folder / "second").symlink_to("elsewhere/lid.cmi")
+        self.file.symlink_to("second")
+        self.write()
+        self.assertTrue(self.file.is_symlink())
+        self.assertNotEqual(there.read_text(), OLD)
+        self.write(word="unchanged")
+        self.assertEqual(os.listdir(there.parent), ["lid.cmi"])
+
+    @NOT_ON_WINDOWS
+    def test_a_link_that_leads_nowhere_is_refused(self):
+        self.file.symlink_to("nothing")
+        self.refused("cannot be written: a link is there that leads to no file", "--force")
+
+    @NOT_ON_WINDOWS
+    def test_a_link_to_a_recipe_is_refused(self):
+        self.file.symlink_to("cover.toml")
+        self.refused("is a recipe or a file that a recipe of this call reads, and is not replaced",
+                     "--force")
+
+    @NOT_ON_WINDOWS
+    def test_two_links_to_one_file_are_one_file(self):
+        (self.folder / "lid.cmi").write_text(OLD)
+        for number in (2, 3):
+            (self.folder / f"Cover0{number}.cmi").symlink_to("lid.cmi")
+            self.make_recipe(PROJECT.replace("run = 2", f"run = {number}") + TARGET,
+                             f"r{number}.toml")
+        self.assertEqual(self.run_program("write", "r2.toml", "r3.toml").returncode, 2)
+        self.assertEqual((self.folder / "lid.cmi").read_text(), OLD)
+
+    @NOT_ON_WINDOWS
+    def test_the_mode_stays(self):
+        for mode in (0o600, 0o640, 0o664, 0o777):
+            self.file.write_text(OLD)
+            self.file.chmod(mode)
+            self.write()
+            self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), mode)
+
+    @NOT_ON_WINDOWS
+    def test_a_new_file_has_the_usual_mode(self):
+        for mask, mode in ((0o022, 0o644), (0o077, 0o600), (0o002, 0o664)):
+            done = self.run_program("write", "cover.toml", preexec_fn=lambda: os.umask(mask))
+            self.check(done, 0)
+            self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), mode)
+            self.file.unlink()
+
+    @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root gives files away")
+    def test_owner_and_group_stay(self):
+        self.file.write_text(OLD)
+        os.chown(self.file, 1234, 2345)
+        self.write()
+        self.assertEqual((self.file.stat().st_uid, self.file.stat().st_gid), (1234, 2345))
+
+    @NOT_ON_WINDOWS
+    def test_a_file_without_write_permission_is_not_replaced(self):
+        self.as_another_user()
+        self.file.write_text(OLD)
+        self.file.chmod(0o444)
+        self.refused("cannot be written: Permission denied", "--force", preexec_fn=demote)
+
+    @NOT_ON_WINDOWS
+    def test_a_folder_without_write_permission_takes_no_file(self):
+        self.as_another_user()
+        self.folder.chmod(0o555)
+        self.addCleanup(self.folder.chmod, 0o700)
+        self.refused("cannot be written: Permission denied", preexec_fn=demote)
+
+    def as_another_user(self):
+        """Opens the folder for the user that the process becomes."""
+        self.folder.chmod(0o777)
+        try:
+            subprocess.run([PROGRAM, "--version"], preexec_fn=demote, check=True,
+                           stdout=subprocess.DEVNULL)
+        except (PermissionError, subprocess.CalledProcessError):
+            self.skipTest("another user cannot run the program")
+
+    @unittest.skipUnless(ON_WINDOWS, "an attribute of Windows")
+    def test_a_read_only_file_is_not_replaced(self):
+        self.file.write_text(OLD)
+        self.file.chmod(0o444)
+        done = self.run_program("write", "cover.toml")
+        if EMULATOR and done.returncode == 0:
+            self.skipTest("the emulator knows root's rights")
+        self.check(done, 3, "", None)
+        self.assertEqual(self.file.read_text(), OLD)
+
+    # ---- On the way ---------------------------------------------------------------------------
+
+    def test_names_up_to_the_systems_limit_can_be_written(self):
+        name = "n" * (255 - len("02.cmi"))
+        if ON_WINDOWS:
+            name = name[:100]  # the whole path has a limit
+        self.make_recipe(f'{PROJECT}{TARGET}[control_file]\nname = "{name}"\n')
+        self.file = self.folder / f"{name}02.cmi"
+        self.write(word="new")
+        self.write("--set", "flow-stress=on")
+
+    @NOT_ON_WINDOWS
+    def test_the_engine_writes_where_only_this_user_can_enter(self):
+        scratch = self.folder / "tmp"
+        scratch.mkdir()
+        seen = self.seen_while_writing(scratch)
+        self.assertTrue(seen)
+        self.assertEqual(set(seen.values()), {0o700})
+        self.assertEqual(os.listdir(scratch), [])
+
+    def seen_while_writing(self, scratch):
+        """The folders that stand in the temporary folder meanwhile, with their modes."""
+        names = [self.make_recipe(f'{PROJECT}{TARGET}[control_file]\nname = "p{number}"\n',
+                                  f"p{number}.toml") for number in range(60)]
+        seen = {}
+        with subprocess.Popen([PROGRAM, "write", *names], cwd=self.folder, umask=0,
+                              stdout=subprocess.DEVNULL,
+                              env={**os.environ, "TMPDIR": str(scratch)}) as process:
+            while process.poll() is None:
+                for path in scratch.iterdir():
+                    try:
+                        seen[path.name] = stat.S_IMODE(path.lstat().st_mode)
+                    except FileNotFoundError:
+                        pass
+        self.assertEqual(process.returncode, 0)
+        return seen
+
+    def test_two_at_once_on_one_file_both_end_well(self):
+        self.make_recipe(name="cover.toml")
+        self.make_recipe(PROJECT + TARGET.replace("ANSYS", "MARC"), "other.toml")
+        for _ in range(3 if EMULATOR else 15):
+            both = [subprocess.Popen([*EMULATOR, PROGRAM, "write", recipe], cwd=self.folder,
+                                     stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                    for recipe in ("cover.toml", "other.toml")]
+            for process in both:
+                stderr = process.communicate()[1]
+                if not EMULATOR:
+                    self.assertEqual((process.returncode, stderr), (0, b""))
+            self.assert_whole()
+        self.assertEqual([name for name in self.files() if "/" not in name],
+                         [FILE, "cover.toml", "other.toml"])
+
+    @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root mounts file systems")
+    def test_a_full_file_system_leaves_the_old_file(self):
+        small = self.folder / "small"
+        small.mkdir()
+        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=8k", "none", small],
+                                 check=False, stderr=subprocess.DEVNULL)
+        if mounted.returncode != 0:
+            self.skipTest("no file system can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", "-l", small], check=False)
+        (small / FILE).write_text(OLD)
+        (small / "filler").write_text("x" * 4096)
+        self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "small"\n')
+        done = self.run_program("write", "cover.toml")
+        self.check(done, 3, "", f"cover.toml: {small / FILE}: cannot be written: "
+                   "No space left on device\n")
+        self.assertEqual(sorted(os.listdir(small)), [FILE, "filler"])
+        self.assertEqual((small / FILE).read_text(), OLD)
+
+    # ---- Recipes that init writes --------------------------------------------------------------
+
+    @NOT_ON_WINDOWS
+    def test_init_writes_through_a_link_and_keeps_the_mode(self):
+        there = self.folder / "there.toml"
+        there.write_text("old")
+        there.chmod(0o640)
+        (self.folder / "new.toml").symlink_to(there)
+        before = self.files()
+        self.check(self.run_program("init", "Run02", "-o", "new.toml", "--force"), 0)
+        self.assertTrue((self.folder / "new.toml").is_symlink())
+        self.assertIn("[project]", there.read_text(encoding="utf-8"))
+        self.assertEqual(stat.S_IMODE(there.stat().st_mode), 0o640)
+        self.assertEqual(self.files(), before)
+
+    def test_init_does_not_replace_a_folder(self):
+        done = self.run_program("init", "Run02", "-o", "Run02", "--force")
+        self.check(done, 3, "", f"{own_path(self.folder / 'Run02')}: cannot be written: "
+                   "Is a directory\n")
+
+    @NOT_ON_WINDOWS
+    def test_a_current_folder_that_is_gone_is_told(self):
+        gone = self.folder / "gone"
+        gone.mkdir()
+        done = self.run_program("init", self.folder / "Run02", cwd=gone, preexec_fn=gone.rmdir)
+        self.check(done, 3, "", "zorbi2: the current folder cannot be used: "
+                   "No such file or directory\n")
+
+    # ---- What was left behind -----------------------------------------------------------------
+
+    def leftover_name(self, process):
+        """A temporary name as the program makes them, for a process."""
+        with tempfile.TemporaryDirectory() as scratch:
+            kept = self.seen_while_writing(pathlib.Path(scratch)) if not self.names else None
+            self.names = self.names or sorted(kept)
+        start, _, random = self.names[0].rsplit("-", 2)
+        return f"{start}-{process}-{random}"
+
+    names = None
+
+    @NOT_ON_WINDOWS
+    def test_what_a_killed_run_left_is_removed_by_the_next(self):
+        with subprocess.Popen(["true"]) as gone:
+            pass
+        scratch = self.folder / "tmp"
+        scratch.mkdir()
+        dead, living = self.leftover_name(gone.pid), self.leftover_name(os.getpid())
+        note = self.folder / "note"
+        note.write_text("note")
+        for name in (dead, living):
+            (self.folder / name).write_text("half")
+            (scratch / name).mkdir()
+            (scratch / name / FILE).write_text("half")
+        (self.folder / (dead + "1")).symlink_to(note)
+        (scratch / (dead + "1")).symlink_to(self.folder / "Run02")
+        (self.folder / (dead + "2")).mkdir()
+        self.check(self.run_program("write", "cover.toml", "--set", "flow-stress=on",
+                                    environment={"TMPDIR": str(scratch)}), 0)
+        self.assertEqual(sorted(name for name in os.listdir(self.folder) if "zorbi2-" in name),
+                         sorted([living, dead + "1", dead + "2"]))
+        self.assertEqual(sorted(os.listdir(scratch)), sorted([living, dead + "1"]))
+        self.assertEqual(note.read_text(), "note")
+        self.assertTrue((self.folder / "Run02" / "Cover02.k5f").exists())
+
+    # ---- What the engine would open -----------------------------------------------------------
+
+    @NOT_ON_WINDOWS
+    def test_a_pipe_among_the_runs_files_is_refused_before_the_engine_opens_it(self):
+        for name in ("Cover02.cmx", "Cover02.k5o", "Cover02_vox.k5o"):
+            path = self.folder / "Run02" / name
+            path.unlink(missing_ok=True)
+            os.mkfifo(path)
+            for command in ("write", "items"):
+                done = self.run_program(command, "cover.toml", timeout=20)
+                self.check(done, 3, "", "cover.toml:4:10: project.folder: "
+                           f"{path}: a pipe or a device, and no file\n")
+            path.unlink()
+
+    def test_a_folder_or_a_large_file_as_shot_file_is_refused(self):
+        path = self.folder / "Run02" / "Cover02.cmx"
+        path.mkdir()
+        self.check(self.run_program("write", "cover.toml"), 3, "", "cover.toml:4:10: "
+                   f"project.folder: {own_path(path)}: a folder, and no file\n")
+        path.rmdir()
+        path.write_bytes(b" " * (1 << 20))
+        self.write(word="new")
+        path.write_bytes(b" " * ((1 << 20) + 1))
+        self.check(self.run_program("write", "cover.toml"), 3, "", "cover.toml:4:10: project.folder: "
+                   f"{own_path(path)}: 1048577 bytes, but such a file has at most 1048576\n")
+
+    def test_a_folder_as_result_file_is_what_it_is_for_the_engine(self):
+        path = self.folder / "Run02" / "Cover02.k5w"
+        path.unlink()
+        path.mkdir()
+        self.write(word="new")
+
+    @NOT_ON_WINDOWS
+    def test_a_pipe_as_recipe_is_refused(self):
+        os.mkfifo(self.folder / "pipe.toml")
+        self.check(self.run_program("write", "pipe.toml", timeout=20), 3, "",
+                   "pipe.toml: cannot be read: a pipe or a device, and no file\n")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,136 @@
+"""Signals at any moment: whole files, nothing left behind, and an end as the signal's."""
+
+import os
+import random
+import signal
+import subprocess
+import time
+import unittest
+
+from program import ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest
+
+FIRST_LINE = "I2-Output Control Parameter File\n"
+KILLS = 100
+
+if not ON_WINDOWS:
+    CAUGHT = [signal.SIGHUP, signal.SIGINT, signal.SIGQUIT, signal.SIGTERM, signal.SIGXCPU,
+              signal.SIGALRM, signal.SIGVTALRM, signal.SIGPROF, signal.SIGUSR1, signal.SIGUSR2]
+
+
+@unittest.skipIf(ON_WINDOWS, "the signals are POSIX's")
+class Signals(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.make_run()
+        self.out = self.folder / "out"
+        self.out.mkdir()
+        self.scratch = self.folder / "tmp"
+        self.scratch.mkdir()
+        self.environment = {**os.environ, "TMPDIR": str(self.scratch)}
+
+    def make_recipes(self, count):
+        return [self.make_recipe(f'{PROJECT}{TARGET}[control_file]\nname = "part{number}"\n',
+                                 f"r{number}.toml") for number in range(count)]
+
+    def start(self, *arguments):
+        return subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, env=self.environment,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+
+    def assert_whole_files(self):
+        for path in self.out.iterdir():
+            if path.suffix == ".cmi":
+                text = path.read_text(encoding="utf-8")
+                self.assertTrue(text.startswith(FIRST_LINE + "FileVersion"), path)
+                self.assertTrue(text.endswith("[\\REDUCTION RATE]\n"), path)
+
+    def assert_nothing_left(self):
+        self.assertEqual(os.listdir(self.scratch), [])
+        self.assertEqual([name for name in os.listdir(self.out) if not name.endswith(".cmi")], [])
+
+    def test_each_signal_ends_a_batch_between_two_files(self):
+        count = 200
+        names = self.make_recipes(count)
+        for number in CAUGHT:
+            with self.subTest(number.name):
+                for path in self.out.iterdir():
+                    path.unlink()
+                with self.start("write", "--out", "out", *names) as process:
+                    first = process.stdout.readline()
+                    process.send_signal(number)
+                    stdout, stderr = process.stdout.read(), process.stderr.read()
+                self.assertEqual(process.returncode, -number)
+                done = (first + stdout).count("new ")
+                self.assertLess(done, count)
+                self.assertEqual(stderr, f"zorbi2: interrupted: {done} written, 0 failed, "
+                                 f"{count - done} not done, from r{done}.toml on\n")
+                self.assertEqual(len(os.listdir(self.out)), done)
+                self.assert_whole_files()
+                self.assert_nothing_left()
+
+    def test_a_signal_while_recipes_are_read_leaves_nothing(self):
+        count = 3000
+        names = self.make_recipes(count)
+        with self.start("write", "--out", "out", *names) as process:
+            self.wait_for(lambda: os.listdir(self.scratch))
+            process.send_signal(signal.SIGTERM)
+            stdout, stderr = process.communicate()
+        self.assertEqual((process.returncode, stdout), (-signal.SIGTERM, ""))
+        self.assertEqual(stderr, f"zorbi2: interrupted: 0 written, 0 failed, {count} not done, "
+                         "from r0.toml on\n")
+        self.assertEqual(os.listdir(self.out), [])
+        self.assert_nothing_left()
+
+    def wait_for(self, condition):
+        end = time.monotonic() + 20
+        while not condition():
+            self.assertLess(time.monotonic(), end)
+
+    def test_a_signal_that_is_ignored_stays_so(self):
+        names = self.make_recipes(100)
+        with subprocess.Popen(["nohup", PROGRAM, "write", "--out", "out", *names],
+                              cwd=self.folder, env=self.environment, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, text=True) as process:
+            process.stdout.readline()
+            process.send_signal(signal.SIGHUP)
+            stdout = process.stdout.read()
+        self.assertEqual(process.returncode, 0)
+        self.assertTrue(stdout.endswith("100 written, 0 failed\n"))
+
+    def test_json_has_what_is_done(self):
+        names = self.make_recipes(200)
+        with self.start("write", "--json", "--out", "out", *names) as process:
+            self.wait_for(lambda: os.listdir(self.out))
+            process.send_signal(signal.SIGINT)
+            stdout, stderr = process.communicate()
+        self.assertEqual((process.returncode, stderr), (-signal.SIGINT, ""))
+        done = stdout.count('"status": "written"')
+        self.assertIn(f'"interrupted: {done} written, 0 failed, ', stdout)
+        self.assertEqual(len(os.listdir(self.out)), done)
+
+    def test_a_hundred_kills_leave_whole_files_and_the_next_run_cleans_up(self):
+        names = self.make_recipes(6)
+        options = (["--set", "flow-stress=on"], ["--set", "flow-stress=off"])
+        chance = random.Random(1)
+        start = time.monotonic()
+        self.check(self.run_program("write", "--out", "out", *names), 0)
+        longest = time.monotonic() - start
+        ends = set()
+        for number in range(KILLS):
+            with self.start("write", "--out", "out", *names, *options[number % 2]) as process:
+                time.sleep(chance.uniform(0, longest))
+                kill = chance.choice([signal.SIGKILL, signal.SIGTERM, signal.SIGINT])
+                process.send_signal(kill)
+                process.communicate()
+            self.assertIn(process.returncode, (0, -kill))
+            ends.add(process.returncode)
+            self.assertEqual(len(list(self.out.glob("*.cmi"))), len(names))
+            self.assert_whole_files()
+        self.assertIn(-signal.SIGKILL, ends)
+        self.check(self.run_program("write", "--out", "out", *names, "--solver", "MARC",
+                                    environment=self.environment), 0)
+        self.assert_whole_files()
+        self.assert_nothing_left()
+
+
+if __name__ == "__main__":
+    unittest.main()
