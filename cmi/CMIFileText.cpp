@@ -42,6 +42,11 @@ bool IsMapped(const Data& data) {
     return data.IsMappedMesh == 1 || data.Is3DMappingShell == 1;
 }
 
+/// printf's texts end at a NUL byte.
+std::string UpToNul(const std::string& text) {
+    return text.substr(0, text.find('\0'));
+}
+
 std::string ValueOf(const ControlFileLine& line, const Data& data) {
     switch (line.value) {
         case ControlFileValue::number:
@@ -49,9 +54,9 @@ std::string ValueOf(const ControlFileLine& line, const Data& data) {
         case ControlFileValue::decimal:
             return DecimalOf(line, data);
         case ControlFileValue::textIfMapped:
-            return IsMapped(data) ? (data.*line.words).c_str() : " ";
+            return IsMapped(data) ? UpToNul(data.*line.words) : " ";
         default:
-            return (data.*line.words).c_str();  // ends at a NUL byte, as in printf
+            return UpToNul(data.*line.words);
     }
 }
 

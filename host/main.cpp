@@ -2,9 +2,10 @@
 // engine's public headers.
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <exception>
-#include <iostream>
+#include <string>
 
 #include "commands/CommandLine.h"
 #include "console/Report.h"
@@ -15,27 +16,40 @@ namespace host {
 
 namespace {
 
-ExitCode Run(const CommandCall& call) {
-    Terminal terminal(call.options);
+ExitCode Run(int argc, char** argv) {
+    CommandCall call;
     try {
+        if (const auto early = ParseCommandLine(PrepareProcess(argc, argv), call)) {
+            return *early;
+        }
+        Terminal terminal(call.options);
         return call.run(terminal);
     } catch (const std::exception& error) {
         return Report(ProblemsOf(error), call.options);
     }
 }
 
-int Main(int argc, char** argv) {
-    CommandCall call;
-    const std::optional<ExitCode> early = ParseCommandLine(PrepareProcess(argc, argv), call);
-    const ExitCode code = early ? *early : Run(call);
+ExitCode Main(int argc, char** argv) {
+    const ExitCode code = Run(argc, argv);
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
-        return static_cast<int>(code);
+        return code;
     }
     errno = 0;
     std::putchar(' ');  // once more, for the system's reason
     std::fflush(stdout);
-    std::cerr << "zorbi2: standard output cannot be written: " << std::strerror(errno) << '\n';
-    return static_cast<int>(ExitCode::fileTrouble);
+    if (errno == EPIPE) {  // its reader has enough, as "head" has
+        return code;
+    }
+    const std::string reason = std::strerror(errno);
+    Tell({{}, "standard output cannot be written: " + reason, ExitCode::fileTrouble});
+    return ExitCode::fileTrouble;
+}
+
+/// All exceptions are caught. What is left are functions of the standard library that end the
+/// process when memory runs out.
+[[noreturn]] void EndWithoutMemory() {
+    std::fputs("zorbi2: out of memory\n", stderr);
+    std::_Exit(static_cast<int>(ExitCode::fileTrouble));
 }
 
 }  // namespace
@@ -43,7 +57,12 @@ int Main(int argc, char** argv) {
 }  // namespace host
 
 int main(int argc, char** argv) {
-    const int status = host::Main(argc, argv);
-    host::EndAsSignaled();
-    return status;
+    std::set_terminate(host::EndWithoutMemory);
+    try {
+        const host::ExitCode code = host::Main(argc, argv);
+        host::EndAsSignaled();
+        return static_cast<int>(code);
+    } catch (const std::exception&) {  // no memory even for the report
+        host::EndWithoutMemory();
+    }
 }

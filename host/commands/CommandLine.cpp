@@ -3,6 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <iterator>
+
+#include "commands/Completion.h"
+#include "console/Report.h"
+#include "recipes/Names.h"
 
 namespace host {
 
@@ -64,11 +69,43 @@ std::vector<std::string> WithSingleChoices(const std::vector<std::string>& argum
     return single;
 }
 
+/// The commands, or for a flag those of the app and of the command at hand.
+Vocabulary NamesLike(const std::string& word, const CLI::App& app) {
+    Vocabulary names;
+    if (!word.starts_with('-')) {
+        for (const Command& command : Commands()) {
+            names.emplace_back(0, command.name);
+        }
+        return names;
+    }
+    std::vector<const CLI::App*> apps = {&app};
+    std::ranges::copy(app.get_subcommands(), std::back_inserter(apps));
+    for (const CLI::App* each : apps) {
+        for (const CLI::Option* option : each->get_options()) {
+            for (const std::string& name : option->get_lnames()) {
+                names.emplace_back(0, "--" + name);
+            }
+        }
+    }
+    return names;
+}
+
+/// What the user may have meant by a word that is no command or flag.
+std::string Suggestion(const CLI::App& app) {
+    const std::vector<std::string> unknown = app.remaining(true);
+    const bool isCommand = app.get_subcommands().empty();
+    if (unknown.empty() || (!unknown[0].starts_with('-') && !isCommand)) {
+        return {};
+    }
+    return "; nearest: " + Nearest(unknown[0], NamesLike(unknown[0], app));
+}
+
 ExitCode RefuseUsage(const CLI::App& app, const CLI::ParseError& error) {
     const auto commands = app.get_subcommands();
     const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
-    std::cerr << "zorbi2: " << error.what() << "\nzorbi2 " << command
-              << "--help tells how it is used\n";
+    const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+    Tell({{}, error.what() + (isUnknown ? Suggestion(app) : ""), ExitCode::badUsage});
+    std::cerr << "zorbi2 " << command << "--help tells how it is used\n";
     return ExitCode::badUsage;
 }
 
@@ -81,6 +118,12 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Com
     AddGeneralOptions(app, call.options);
     for (const Command& row : Commands()) {
         AddCommand(app, row, call);
+    }
+    if (!arguments.empty() && arguments[0] == "complete") {  // not in the help: for shells
+        for (const std::string& word : Completions(app, {arguments.begin() + 1, arguments.end()})) {
+            std::cout << word << '\n';
+        }
+        return ExitCode::done;
     }
     try {
         arguments = WithSingleChoices(arguments);

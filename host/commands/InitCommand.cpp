@@ -1,6 +1,9 @@
 // The command "init": looks at the names of a run folder's files and writes a recipe from them.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <functional>
+#include <initializer_list>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <regex>
@@ -10,8 +13,10 @@
 #include "commands/Commands.h"
 #include "commands/RecipeCommand.h"
 #include "console/Report.h"
+#include "handover/RunFolder.h"
 #include "handover/Session.h"
 #include "recipes/RecipeText.h"
+#include "system/HostPlatform.h"
 #include "system/SafeFile.h"
 
 namespace host {
@@ -21,59 +26,56 @@ namespace {
 namespace fs = std::filesystem;
 
 struct InitOptions {
-    std::string runFolder;
-    std::optional<std::string> recipeFile;
+    std::string folder;
+    std::optional<std::string> output;
+    std::optional<std::string> name;
+    std::optional<std::int32_t> number;
+    bool all = false;
     bool force = false;
 };
 
-/// A run as its files tell it.
-struct Run {
-    std::string name;
-    std::string number;             ///< as file names have it
-    std::set<std::string> endings;  ///< what follows the number: ".k5f", "_vox.k5o"
-
-    bool Has(std::initializer_list<const char*> wanted) const {
-        return std::ranges::any_of(wanted,
-                                   [this](auto ending) { return endings.contains(ending); });
-    }
+/// A run, where it lies, and the recipe that it gets.
+struct FoundRun {
+    Run run;
+    fs::path folder;
+    fs::path recipeFile;
 };
 
-/// The runs of a folder whose numbers match a pattern, by name and number.
-std::map<std::string, Run> RunsIn(const fs::path& folder, const std::string& number) {
-    const std::regex pattern("(.+)(" + number + ")((_medi|_vox)?\\.[^.]+)");
-    std::map<std::string, Run> runs;
-    std::smatch match;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-        const std::string file = Utf8Of(entry.path().filename());
-        if (std::regex_match(file, match, pattern)) {
-            Run& run = runs[match.str(1) + match.str(2)];
-            run.name = match.str(1);
-            run.number = match.str(2);
-            run.endings.insert(match.str(3));
-        }
-    }
-    return runs;
+// ---- Which run --------------------------------------------------------------------------------
+
+/// The runs of a folder that are what the command line asks for.
+std::vector<Run> FittingRuns(const std::vector<Run>& runs, const InitOptions& options) {
+    std::vector<Run> fitting;
+    std::ranges::copy_if(runs, std::back_inserter(fitting), [&](const Run& run) {
+        return run.name == options.name.value_or(run.name) &&
+               run.Number() == options.number.value_or(run.Number());
+    });
+    return fitting;
 }
 
-/// The run that most files of a folder belong to. Its number is the one in which the folder's name
-/// ends, or else has two digits.
-Run FindRun(const fs::path& folder) {
-    std::smatch match;
-    std::vector<std::string> numbers = {"[0-9]{2}"};
-    const std::string folderName = Utf8Of(folder.filename());
-    if (std::regex_search(folderName, match, std::regex("[0-9]{2,9}$"))) {
-        numbers.insert(numbers.begin(), match.str());
+/// The only run of a folder that fits; nothing is guessed.
+Run OnlyRun(const std::vector<Run>& runs, const fs::path& folder, const InitOptions& options) {
+    const Place place{Utf8Of(folder)};
+    const std::vector<Run> fitting = FittingRuns(runs, options);
+    if (runs.empty()) {
+        Fail(place, "no result file is named after a project and a run, as Cover02.k5o is",
+             ExitCode::fileTrouble);
     }
-    for (const std::string& number : numbers) {
-        const std::map<std::string, Run> runs = RunsIn(folder, number);
-        if (!runs.empty()) {
-            return std::ranges::max_element(
-                       runs, {}, [](const auto& entry) { return entry.second.endings.size(); })
-                ->second;
-        }
+    if (fitting.empty()) {
+        Fail(place, "no such run; runs there: " + Listed(runs), ExitCode::fileTrouble);
     }
-    Fail({Utf8Of(folder)}, "no file is named after a project and a run, as Cover02.k5o is",
-         ExitCode::fileTrouble);
+    if (fitting.size() > 1) {
+        Fail(place, "several runs: " + Listed(fitting) + "; choose one with --name and --run",
+             ExitCode::badUsage);
+    }
+    return fitting.front();
+}
+
+// ---- Its recipe -------------------------------------------------------------------------------
+
+bool Has(const Run& run, std::initializer_list<const char*> wanted) {
+    return std::ranges::any_of(wanted,
+                               [&run](auto ending) { return run.endings.contains(ending); });
 }
 
 Recipe RecipeOf(const Run& run, const std::string& folder) {
@@ -81,19 +83,29 @@ Recipe RecipeOf(const Run& run, const std::string& folder) {
     Recipe recipe;
     Info& project = recipe.project;
     project.projectName = run.name;
-    project.runNumber = std::stoi(run.number);
+    project.runNumber = run.Number();
     project.projectFolder = folder;
-    const bool isShell = run.Has({".rso", ".rsp", ".rsg", ".rsr", ".rsc"}) &&
-                         !run.Has({".k5o", "_vox.k5o", ".k5f", ".k5p", ".k5c", ".k5w"});
+    const bool isShell = Has(run, {".rso", ".rsp", ".rsg", ".rsr", ".rsc"}) &&
+                         !Has(run, {".k5o", "_vox.k5o", ".k5f", ".k5p", ".k5c", ".k5w"});
     project.solverType = isShell ? kShellProject : kSolidProject;
-    project.voxelFlag = run.Has({"_vox.k5o"}) ? 1 : 0;
-    project.flags[Info::kHasFiber] = run.Has({".o2w", ".k5o", "_vox.k5o", ".rso"}) ? 1 : 0;
-    project.flags[Info::kHasInsertedPart] = run.Has({".cmx"}) ? 1 : 0;
+    project.voxelFlag = Has(run, {"_vox.k5o"}) ? 1 : 0;
+    project.flags[Info::kHasFiber] = Has(run, {".o2w", ".k5o", "_vox.k5o", ".rso"}) ? 1 : 0;
+    project.flags[Info::kHasInsertedPart] = Has(run, {".cmx"}) ? 1 : 0;
     recipe.meshKind = project.voxelFlag == 1 ? kMeshMapped : kMeshOriginal;
     return recipe;
 }
 
+/// Text of file names as TOML. Throws a Failure for what a recipe cannot hold.
 std::string TomlText(const std::string& text) {
+    const auto isControl = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
+    const std::string utf8 = Json(text).dump(-1, ' ', false, Json::error_handler_t::ignore);
+    if (Json::parse(utf8) != text) {
+        Fail({}, Quoted(text) + " is not UTF-8, as a recipe must be", ExitCode::fileTrouble);
+    }
+    if (std::ranges::any_of(text, isControl)) {
+        Fail({}, Quoted(text) + " has control characters, which a recipe cannot hold",
+             ExitCode::fileTrouble);
+    }
     return Quoted(std::regex_replace(text, std::regex(R"([\\"])"), "\\$&"));
 }
 
@@ -138,37 +150,144 @@ std::string TextOf(const Recipe& recipe, const fs::path& home) {
     return text.append(rest);
 }
 
-ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
-    const Surroundings host(terminal);
-    const std::string folder = AbsolutePath(options.runFolder, host.scratch.Start());
-    CheckFolder(folder, {});
-    const Run run = FindRun(PathOf(folder));
-    const Recipe recipe = RecipeOf(run, folder);
-    CheckFilesOfRun(recipe);
-    const std::string file = AbsolutePath(
-        options.recipeFile.value_or(run.name + run.number + ".toml"), host.scratch.Start());
-    const fs::path path = PathOf(file);
-    if (fs::exists(path) && !options.force) {
+void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) {
+    const std::string file = Utf8Of(path);
+    std::error_code unknown;
+    if (fs::is_directory(path, unknown)) {
+        Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
+    }
+    if (fs::exists(path, unknown) && !mayReplace) {
         Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
     }
-    const std::string reason = ReplaceFile(path, TextOf(recipe, path.parent_path()));
+    const std::string reason = ReplaceFile(path, text);
     if (!reason.empty()) {
         Fail({file}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }
-    terminal.news << "wrote    " << file << " for " << run.name << ", run "
-                  << recipe.project.runNumber << '\n';
-    return Report({}, terminal.options,
-                  {{"recipe", file}, {"project", run.name}, {"run", recipe.project.runNumber}});
+}
+
+Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& terminal) {
+    const Run& run = found.run;
+    const Recipe recipe = RecipeOf(run, Utf8Of(found.folder));
+    CheckFilesOfRun(recipe);
+    const std::string file = Utf8Of(found.recipeFile);
+    SaveRecipe(found.recipeFile, TextOf(recipe, found.recipeFile.parent_path()), options.force);
+    terminal.news << "wrote    " << file << " for " << run.name << ", run " << run.Number()
+                  << std::endl;
+    return {{"recipe", file}, {"project", run.name}, {"run", run.Number()}};
+}
+
+// ---- All runs below a folder ------------------------------------------------------------------
+
+/// Does one step, or tells what is in its way.
+void Attempt(Problems& problems, const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const std::exception& error) {
+        const Problems found = ProblemsOf(error);
+        problems.insert(problems.end(), found.begin(), found.end());
+    }
+}
+
+/// The run folders below a folder, itself included. Links are not followed: they could lead in a
+/// circle.
+std::vector<FoundRun> FindRuns(const fs::path& root, const InitOptions& options,
+                               Problems& problems) {
+    std::vector<FoundRun> found;
+    std::vector<fs::path> folders = {root};
+    while (!folders.empty()) {
+        const fs::path folder = folders.back();
+        folders.pop_back();
+        Attempt(problems, [&] {
+            const std::vector<fs::path> entries = EntriesOf(folder, {});
+            std::copy_if(entries.rbegin(), entries.rend(), std::back_inserter(folders),
+                         [](const fs::path& entry) {
+                             std::error_code unknown;
+                             return fs::is_directory(fs::symlink_status(entry, unknown));
+                         });
+            const std::vector<Run> runs = RunsAmong(entries);
+            if (!FittingRuns(runs, options).empty()) {
+                found.push_back({OnlyRun(runs, folder, options), folder, {}});
+            }
+        });
+    }
+    return found;
+}
+
+/// Gives each run a recipe "Cover02.toml"; with the path of its folder in front where several would
+/// have the same.
+void NameRecipes(const fs::path& root, const fs::path& output, std::vector<FoundRun>& found) {
+    std::map<std::string, int> users;
+    const auto nameOf = [](const Run& run) { return run.name + run.number + ".toml"; };
+    for (const FoundRun& one : found) {
+        ++users[nameOf(one.run)];
+    }
+    for (FoundRun& one : found) {
+        std::string front;
+        for (const fs::path& part : one.folder.lexically_relative(root)) {
+            front += part == "." ? "" : Utf8Of(part) + "-";
+        }
+        const std::string name = nameOf(one.run);
+        one.recipeFile = output / PathOf(users[name] > 1 ? front + name : name);
+    }
+}
+
+ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOptions& options,
+                  Terminal& terminal) {
+    Problems problems;
+    CheckFolder(Utf8Of(output), {});
+    std::vector<FoundRun> found = FindRuns(root, options, problems);
+    if (found.empty() && problems.empty()) {
+        Fail({Utf8Of(root)}, "no such run lies there or below", ExitCode::fileTrouble);
+    }
+    CheckOpenFileLimit(found.size());
+    NameRecipes(root, output, found);
+    std::set<std::string> written;
+    Json list = Json::array();
+    for (const FoundRun& one : found) {
+        Attempt(problems, [&] {
+            if (!written.insert(FileIdentity(one.recipeFile)).second) {
+                Fail({Utf8Of(one.recipeFile)},
+                     "already written for another run, so not for " + Utf8Of(one.folder),
+                     ExitCode::fileTrouble);
+            }
+            list.push_back(WriteRecipe(one, options, terminal));
+        });
+    }
+    terminal.news << list.size() << " written, " << problems.size() << " failed" << std::endl;
+    return Report(problems, terminal.options, {{"recipes", list}});
+}
+
+ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
+    const Surroundings host(terminal);
+    const auto absolute = [&](const std::string& path) {
+        return PathOf(AbsolutePath(path, host.scratch.Start()));
+    };
+    const fs::path folder = absolute(options.folder);
+    CheckFolder(Utf8Of(folder), {});
+    if (options.all) {
+        return WriteAll(folder, absolute(options.output.value_or(".")), options, terminal);
+    }
+    const Run run = OnlyRun(RunsAmong(EntriesOf(folder, {})), folder, options);
+    const fs::path file = absolute(options.output.value_or(run.name + run.number + ".toml"));
+    return Report({}, terminal.options, WriteRecipe({run, folder, file}, options, terminal));
 }
 
 }  // namespace
 
 RunFunction AddInit(CLI::App& commandLine) {
     const auto options = std::make_shared<InitOptions>();
-    commandLine.add_option("RUN_FOLDER", options->runFolder, "Folder with the run's files")
+    commandLine.add_option("RUN_FOLDER", options->folder, "Folder with the run's files")
         ->required();
-    commandLine.add_option("-o,--output", options->recipeFile, "Recipe to write, else NAME.toml")
+    commandLine
+        .add_option("-o,--output", options->output,
+                    "Recipe to write, else NAME.toml; with --all its folder")
         ->type_name("FILE");
+    commandLine.add_option("--name", options->name, "Project, where a folder has runs of several")
+        ->type_name("NAME");
+    commandLine.add_option("--run", options->number, "Run number, where a folder has several")
+        ->type_name("NUMBER");
+    commandLine.add_flag("--all", options->all,
+                         "Write a recipe for each run folder in RUN_FOLDER and below");
     commandLine.add_flag("--force", options->force, "Replace an existing recipe");
     return [options](Terminal& terminal) { return RunInit(*options, terminal); };
 }

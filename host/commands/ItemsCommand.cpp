@@ -11,6 +11,7 @@
 #include "commands/RecipeCommand.h"
 #include "console/Report.h"
 #include "handover/LoadRecipe.h"
+#include "handover/RunFolder.h"
 #include "handover/Session.h"
 
 namespace host {
@@ -122,9 +123,9 @@ Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Prob
 
 // ---- Solvers ----------------------------------------------------------------------------------
 
-Json ShowSolvers(const Session& session, Terminal& terminal) {
+Json ShowSolvers(const CZorbI2Engine& engine, Terminal& terminal) {
     Json list = Json::array();
-    for (const SolverSlot* slot : OfferedSolvers(session.Engine())) {
+    for (const SolverSlot* slot : OfferedSolvers(engine)) {
         const std::string keyword = NameOf(slot->solverIndex, solverKeywords);
         terminal.out << slot->solverIndex << "  " << terminal.Colored(slot->name, Color::strong)
                      << (keyword == slot->name ? "" : "  (" + keyword + ")")
@@ -210,13 +211,18 @@ Json ShowMatrix(Session& session, Terminal& terminal) {
 
 ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
     const Surroundings host(terminal);
-    const Recipe recipe = LoadRecipe(options.recipes[0], options.overrides, host.names,
-                                     host.scratch.Start(), Purpose::showing);
+    if (options.recipes.empty()) {
+        return Report({}, terminal.options, ShowSolvers(*host.bareEngine.engine, terminal));
+    }
+    const bool needsTarget = !options.solvers && !options.matrix;
+    const Recipe recipe =
+        LoadRecipe(options.recipes[0], options.overrides, host.names, host.scratch.Start(),
+                   needsTarget ? Purpose::showing : Purpose::listing);
     Problems problems = recipe.problems;
-    CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
+    CheckRun(recipe);
     CheckFilesOfRun(recipe);
     Session session(recipe);
-    const Json content = options.solvers  ? ShowSolvers(session, terminal)
+    const Json content = options.solvers  ? ShowSolvers(session.Engine(), terminal)
                          : options.matrix ? ShowMatrix(session, terminal)
                                           : ShowDialog(recipe, session, terminal, problems);
     return Report(problems, terminal.options, content);
@@ -226,13 +232,20 @@ ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
 
 RunFunction AddItems(CLI::App& commandLine) {
     const auto options = std::make_shared<ItemsOptions>();
-    commandLine.add_option("RECIPE", options->recipes, "Recipe (TOML)")->required()->expected(1);
+    commandLine
+        .add_option("RECIPE", options->recipes, "Recipe (TOML); --solvers can do without one")
+        ->expected(1);
     CLI::Option* matrix = commandLine.add_flag("--matrix", options->matrix,
                                                "Show items against solvers and mesh kinds instead");
     commandLine
         .add_flag("--solvers", options->solvers, "Show solvers, mesh kinds, element types instead")
         ->excludes(matrix);
     AddOverrides(commandLine, options->overrides);
+    commandLine.parse_complete_callback([options] {
+        if (options->recipes.empty() && !options->solvers) {
+            throw CLI::RequiredError("RECIPE");
+        }
+    });
     return [options](Terminal& terminal) { return RunItems(*options, terminal); };
 }
 

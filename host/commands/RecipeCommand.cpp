@@ -35,6 +35,18 @@ void CheckFilesOfRun(const Recipe& recipe) {
     }
 }
 
+void CheckOpenFileLimit(std::size_t recipes) {
+    const std::size_t possible = RaiseOpenFileLimit();
+    if (recipes > possible) {
+        Fail({},
+             std::to_string(recipes) +
+                 " recipes are too many for one call, because each leaves a file open; nothing "
+                 "was written; at most " +
+                 std::to_string(possible) + " are possible",
+             ExitCode::fileTrouble);
+    }
+}
+
 Surroundings::Surroundings(Terminal& console) : terminal(console) {
     CreateEngine(bareEngine, CZorbFEAInformation());
     names = AskNames(*bareEngine.engine);

@@ -1,6 +1,8 @@
 // What the commands that work on recipes and runs have in common.
 #pragma once
 
+#include <cstddef>
+
 #include <zorbi2/CZorbI2EngineManager.h>
 
 #include "console/Terminal.h"
@@ -21,6 +23,10 @@ void AddOverrides(CLI::App& commandLine, Overrides& overrides);
 /// Looks before the engine opens them at the files of a run that it reads. Throws a Failure for one
 /// that is no regular file, and may have no end, or is larger than it can be.
 void CheckFilesOfRun(const Recipe& recipe);
+
+/// The engine keeps the shot file of each run open until the process ends. Throws a Failure when
+/// the system does not let it for as many recipes.
+void CheckOpenFileLimit(std::size_t recipes);
 
 /// Where such a command works.
 struct Surroundings {

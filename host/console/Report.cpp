@@ -18,6 +18,14 @@ Json JsonOf(const Problems& problems) {
     return list;
 }
 
+void Tell(const Problem& problem) {
+    constexpr std::size_t indent = 4;
+    const Screen screen(Stream::errors);
+    const std::string line = InOneLine(problem);
+    const std::string text = screen.isTerminal ? Wrapped(line, screen.columns, indent) : line;
+    std::cerr << screen.Colored(text, problem.isWarning ? Color::odd : Color::bad) << '\n';
+}
+
 ExitCode Report(Problems problems, const GeneralOptions& options, const Json& content) {
     if (options.strict) {
         MakeStrict(problems);
@@ -26,7 +34,7 @@ ExitCode Report(Problems problems, const GeneralOptions& options, const Json& co
     for (const Problem& problem : problems) {
         gravest = problem.isWarning ? gravest : std::max(gravest, problem.code);
         if (!options.json) {
-            std::cerr << InOneLine(problem) << '\n';
+            Tell(problem);
         }
     }
     if (options.json) {

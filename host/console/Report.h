@@ -12,6 +12,9 @@ using Json = nlohmann::ordered_json;
 
 Json JsonOf(const Problems& problems);
 
+/// Tells a problem on standard error; on a terminal in color and broken between words.
+void Tell(const Problem& problem);
+
 /// Tells problems on standard error, or prints the document with the content and them. Returns the
 /// exit code: that of the gravest error, which is the highest. With --strict warnings are errors.
 ExitCode Report(Problems problems, const GeneralOptions& options,

@@ -4,8 +4,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
-
-#include "system/HostPlatform.h"
+#include <string_view>
 
 namespace host {
 
@@ -16,19 +15,28 @@ std::size_t WidthOf(const std::string& text) {
     return std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
 }
 
-}  // namespace
-
-Terminal::Terminal(const GeneralOptions& generalOptions)
-    : options(generalOptions),
-      isTerminal(TerminalColumns() > 0),
-      columns(isTerminal ? TerminalColumns() : 80),
-      out(options.json ? nullptr : std::cout.rdbuf()),
-      news(options.quiet ? nullptr : out.rdbuf()) {
-    const char* noColor = std::getenv("NO_COLOR");
-    hasColor = isTerminal && (noColor == nullptr || *noColor == '\0');
+std::string_view Environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
 }
 
-std::string Terminal::Colored(const std::string& text, Color color) const {
+}  // namespace
+
+Screen::Screen(Stream stream)
+    : columns(TerminalColumns(stream)),
+      isTerminal(columns > 0 && Environment("TERM") != "dumb"),
+      hasColor(isTerminal && Environment("NO_COLOR").empty()) {
+    constexpr std::size_t usual = 80;
+    columns = columns > 0 ? columns : usual;
+}
+
+Terminal::Terminal(const GeneralOptions& generalOptions)
+    : Screen(Stream::output),
+      options(generalOptions),
+      out(options.json ? nullptr : std::cout.rdbuf()),
+      news(options.quiet ? nullptr : out.rdbuf()) {}
+
+std::string Screen::Colored(const std::string& text, Color color) const {
     return hasColor ? "\033[" + std::to_string(static_cast<int>(color)) + "m" + text + "\033[0m"
                     : text;
 }
@@ -41,7 +49,7 @@ std::string Wrapped(const std::string& text, std::size_t width, std::size_t inde
     std::string lines;
     std::size_t column = 0;
     std::istringstream words(text);
-    for (std::string word; words >> word;) {
+    for (std::string word; std::getline(words, word, ' ');) {
         const bool fits = column + 1 + WidthOf(word) <= width;
         if (column > 0) {
             lines += fits ? " " : "\n" + std::string(indent, ' ');

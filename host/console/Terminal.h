@@ -5,6 +5,8 @@
 #include <ostream>
 #include <string>
 
+#include "system/HostPlatform.h"
+
 namespace host {
 
 /// What every command takes.
@@ -16,21 +18,27 @@ struct GeneralOptions {
     bool strict = false;  ///< warnings are errors
 };
 
-enum class Color { strong = 1, faint = 2, bad = 31 };
+enum class Color { strong = 1, faint = 2, bad = 31, odd = 33 };
 
-/// What standard output goes to.
-struct Terminal {
-    explicit Terminal(const GeneralOptions& generalOptions);
+/// What a standard stream goes to.
+struct Screen {
+    explicit Screen(Stream stream);
 
     /// Colored on a terminal only, and never with NO_COLOR.
     std::string Colored(const std::string& text, Color color) const;
 
-    GeneralOptions options;
-    bool isTerminal;
-    bool hasColor;
     std::size_t columns;  ///< 80 where there is no terminal
-    std::ostream out;     ///< for what was asked for; leads nowhere with --json
-    std::ostream news;    ///< for what was done; leads nowhere with --json and --quiet
+    bool isTerminal;      ///< one that knows colors and moves its cursor
+    bool hasColor;
+};
+
+/// Standard output.
+struct Terminal : Screen {
+    explicit Terminal(const GeneralOptions& generalOptions);
+
+    GeneralOptions options;
+    std::ostream out;   ///< for what was asked for; leads nowhere with --json
+    std::ostream news;  ///< for what was done; leads nowhere with --json and --quiet
 };
 
 /// The text, padded with spaces to a width in characters.

@@ -1,5 +1,7 @@
 #include "handover/Engine.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <new>
 
 #include "handover/Offers.h"
@@ -8,12 +10,26 @@
 
 namespace host {
 
+namespace {
+
+/// When memory runs out, the engine may leave an item or an offered solver without its slot.
+bool IsWhole(const CZorbI2Engine& engine) {
+    for (std::size_t solver = 0; solver < engine.solverSlots.size(); ++solver) {
+        if (engine.solverOffered[solver] != (engine.solverSlots[solver] != nullptr)) {
+            return false;
+        }
+    }
+    return std::ranges::none_of(engine.items, [](const auto& item) { return item == nullptr; });
+}
+
+}  // namespace
+
 void CreateEngine(CZorbI2EngineManager& manager, CZorbFEAInformation project) {
     project.flags[CZorbFEAInformation::kBuildCatalogue] = 1;
     project.projectName = ForEngine(project.projectName);
     project.projectFolder = ForEngine(project.projectFolder);
     if (!manager.CreateEngine(&project) || !manager.CreateCMIDataBlock() ||
-        !manager.CreateCMIAccess()) {
+        !manager.CreateCMIAccess() || !IsWhole(*manager.engine)) {
         throw std::bad_alloc();
     }
 }

@@ -92,11 +92,11 @@ void Session::WarnOfNothing(Problems& problems) const {
         return item->isAvailable && item->itemId != kItemDigimatExport &&
                item->itemId != kItemDigimatMucell;
     });
-    if (!isAnyOn) {
+    if (!isAnyOn && !recipe_.emptyRun) {
         problems.push_back(Warning({recipe_.file}, "no item is on: nothing is handed over",
                                    ExitCode::notAvailable));
     }
-    if (!hasResults) {
+    if (!hasResults && !recipe_.emptyRun) {
         problems.push_back(Warning(recipe_.PlaceOf("project.folder"),
                                    "no results: those of every item are missing",
                                    ExitCode::notAvailable));

@@ -2,8 +2,30 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
+#include <new>
+#include <stdexcept>
+#include <system_error>
 
 namespace host {
+
+namespace {
+
+/// What the standard library reports, in words for users.
+std::string TextFor(const std::exception& error) {
+    if (const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error)) {
+        const std::u8string path = file->path1().u8string();
+        return std::string(path.begin(), path.end()) + ": " + file->code().message();
+    }
+    if (const auto* system = dynamic_cast<const std::system_error*>(&error)) {
+        return system->code().message();
+    }
+    const bool lacksMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
+                             dynamic_cast<const std::length_error*>(&error) != nullptr;
+    return lacksMemory ? "out of memory" : "an unexpected fault in zorbi2 itself";
+}
+
+}  // namespace
 
 Problem Warning(Place where, const std::string& text, ExitCode whenStrict) {
     Problem warning(std::move(where), text, whenStrict);
@@ -26,9 +48,10 @@ Failure::Failure(Problems problems)
       problems_(std::make_shared<const Problems>(std::move(problems))) {}
 
 Problems ProblemsOf(const std::exception& error) {
-    const auto* failure = dynamic_cast<const Failure*>(&error);
-    return failure != nullptr ? failure->List()
-                              : Problems{{Place{}, error.what(), ExitCode::fileTrouble}};
+    if (const auto* failure = dynamic_cast<const Failure*>(&error)) {
+        return failure->List();
+    }
+    return {{Place{}, TextFor(error), ExitCode::fileTrouble}};
 }
 
 void Fail(const Place& place, const std::string& text, ExitCode code) {

@@ -123,7 +123,7 @@ struct Reader {
     double Fraction() const { return Number("a fraction from 0 to 1", 1.0); }
     double Number(const char* wanted, double highest) const {
         const std::size_t before = problems.size();
-        const double number = Take<double>(
+        const auto number = Take<double>(
             wanted, [highest](double value) { return value >= 0.0 && value <= highest; });
         if (problems.size() == before && !IsPrintedWhole(number)) {
             Refuse(place, Shown() + " would stand in the file as " + Printed(number) +
@@ -236,6 +236,7 @@ constexpr Key keys[] = {
     {{"project.name", needed, anyText, "the base name of the run's files"}, [](Recipe& r, const Reader& v) { r.project.projectName = v.FileName(); }},
     {{"project.run", needed, runNumber, "the number of the run"}, [](Recipe& r, const Reader& v) { r.project.runNumber = v.RunNumber(); }},
     {{"project.folder", needed, anyText, "the folder of the run's files"}, [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
+    {{"project.empty_run", hasDefault, flag, "the run may have no result files"}, [](Recipe& r, const Reader& v) { r.emptyRun = v.Flag(); }},
     {{"project.analysis", hasDefault, analysis, "kind of molding analysis"}, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
     {{"project.type", hasDefault, projectType, "project type: 3 annealing; 4 and 6 to 11 injection compression, of these 9 Mucell"}, [](Recipe& r, const Reader& v) { r.project.projectType = v.ProjectType(); }},
     {{"project.voxel_mesh", hasDefault, flag, "the results are voxel-mesh results"}, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag(); }},
@@ -398,12 +399,14 @@ void ReadOverrides(const Reader& reader, const Overrides& overrides) {
     }
 }
 
-void RefuseMissing(const Reader& reader, const toml::table& document) {
+void RefuseMissing(const Reader& reader, const toml::table& document, Purpose purpose) {
     const Recipe& recipe = reader.recipe;
     for (const Key& key : keys) {
         const std::string name(key.is.name);
         const toml::node* section = document.get(SectionOf(name));
-        if (key.is.isNeeded && !recipe.places.contains(name)) {
+        const bool isForTarget = name.starts_with("target.");
+        if (key.is.isNeeded && !recipe.places.contains(name) &&
+            !(isForTarget && purpose == Purpose::listing)) {
             reader.Refuse(section != nullptr ? reader.PlaceOf(section->source(), name)
                                              : Place{recipe.file, 1, 1, name},
                           "missing: " + std::string(key.is.description));
@@ -535,7 +538,7 @@ Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Nam
     if (const auto document = Parse(reader, text)) {
         ReadDocument(reader, *document);
         ReadOverrides({recipe, folder, names, recipe.problems}, overrides);
-        RefuseMissing(reader, *document);
+        RefuseMissing(reader, *document, purpose);
         recipe.isTargetKnown = IsTargetKnown(recipe.problems);
     }
     if (recipe.isTargetKnown) {

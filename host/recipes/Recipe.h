@@ -23,8 +23,9 @@ struct Choice {
     std::string value;  ///< not yet compared with what the item has; empty in `required`
 };
 
-/// A recipe for showing may lack what only the control file needs.
-enum class Purpose { showing, writing };
+/// A recipe for showing may lack what only the control file needs; one for listing what the engine
+/// offers may lack the target.
+enum class Purpose { listing, showing, writing };
 
 /// Of what the manual lists; the engine takes any number.
 constexpr std::int32_t highestProjectType = 11;
@@ -33,6 +34,7 @@ constexpr std::int32_t highestProjectType = 11;
 struct Recipe {
     std::string file;  ///< as the user named it
     CZorbFEAInformation project;
+    bool emptyRun = false;  ///< there need be no file of the run
     std::int32_t solver = 0;
     std::int32_t meshKind = 0;
     bool quadraticElements = false;

@@ -25,8 +25,10 @@ std::string FileIdentity(const std::filesystem::path& file);
 /// the engine may open.
 std::size_t RaiseOpenFileLimit();
 
-/// Columns of the terminal that standard output goes to; 0 when it goes elsewhere.
-std::size_t TerminalColumns();
+enum class Stream { output, errors };
+
+/// Columns of the terminal that a standard stream goes to; 0 when it goes elsewhere.
+std::size_t TerminalColumns(Stream stream);
 
 /// From now on the engine's trace lines go to standard error.
 void ShowTraceLines();

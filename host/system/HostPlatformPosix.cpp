@@ -64,13 +64,14 @@ std::size_t RaiseOpenFileLimit() {
     return now > keptForTheHost ? now - keptForTheHost : 0;
 }
 
-std::size_t TerminalColumns() {
+std::size_t TerminalColumns(Stream stream) {
     constexpr std::size_t usual = 80;
+    const int descriptor = stream == Stream::output ? STDOUT_FILENO : STDERR_FILENO;
     struct winsize size {};
-    if (isatty(STDOUT_FILENO) == 0) {
+    if (isatty(descriptor) == 0) {
         return 0;
     }
-    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+    return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
 }
 
 void ShowTraceLines() {

@@ -99,8 +99,9 @@ std::size_t RaiseOpenFileLimit() {
     return static_cast<std::size_t>(_getmaxstdio() - keptForTheHost);
 }
 
-std::size_t TerminalColumns() {
-    const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
+std::size_t TerminalColumns(Stream stream) {
+    const HANDLE console =
+        GetStdHandle(stream == Stream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
     CONSOLE_SCREEN_BUFFER_INFO info{};
     if (GetConsoleScreenBufferInfo(console, &info) == 0) {
         return 0;

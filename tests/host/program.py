@@ -94,12 +94,15 @@ class ProgramTest(unittest.TestCase):
         listed = text[text.index("Subcommands:\n"):].split("\n\n")[0]
         return re.findall(r"^  ([a-z]+) ", listed, flags=re.M)
 
-    def on_terminal(self, *arguments, columns=80, environment=None):
+    def on_terminal(self, *arguments, columns=80, environment=None, stream="stdout",
+                    code=0):
         """What the program prints on a terminal, its line ends as in a file."""
         values = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
         master, slave = pty.openpty()
         fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
-        with subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, stdout=slave,
+        streams = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL, stream: slave}
+        values["TERM"] = "xterm"
+        with subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, **streams,
                               env={**values, **(environment or {})}) as process:
             os.close(slave)
             text = b""
@@ -109,7 +112,7 @@ class ProgramTest(unittest.TestCase):
             except OSError:  # the end, on Linux
                 pass
         os.close(master)
-        self.assertEqual(process.returncode, 0)
+        self.assertEqual(process.returncode, code)
         return text.decode().replace("\r\n", "\n")
 
     def check(self, done, code, stdout=None, stderr=""):

@@ -7,27 +7,31 @@ from program import ROOT, ProgramTest
 BAD = [
     # arguments, the first line on standard error, the command whose help is named
     ([], "A command: init, items, write, check or schema is required", ""),
-    (["wirte"], "The following argument was not expected: wirte", ""),
-    (["--wrong"], "The following argument was not expected: --wrong", ""),
+    (["wirte"], "The following argument was not expected: wirte; nearest: write, init, items", ""),
+    (["--wrong"], "The following argument was not expected: --wrong; nearest: --json, --trace, --help", ""),
     (["write"], "RECIPE is required", "write "),
-    (["write", "a.toml", "--wrong"], "The following argument was not expected: --wrong", "write "),
+    (["write", "a.toml", "--dryrun"],
+     "The following argument was not expected: --dryrun; nearest: --dry-run, --json, --trace",
+     "write "),
+    (["itmes", "a.toml"],
+     "The following arguments were not expected: a.toml itmes; nearest: items, init, write", ""),
     (["write", "a.toml", "--solver"], "--solver: 1 required S missing", "write "),
     (["write", "a.toml", "--mesh"], "--mesh: 1 required M missing", "write "),
     (["write", "a.toml", "--set"], "--set: 1 required ITEM=CHOICE missing", "write "),
     (["write", "a.toml", "--out"], "--out: 1 required FOLDER missing", "write "),
-    (["write", "a.toml", "--matrix"], "The following argument was not expected: --matrix",
-     "write "),
+    (["write", "a.toml", "--matrix"], "The following argument was not expected: --matrix; "
+     "nearest: --strict, --trace, --mesh", "write "),
     (["items"], "RECIPE is required", "items "),
     (["items", "a.toml", "b.toml"], "RECIPE: At Most 1 required but received 2", "items "),
     (["items", "a.toml", "--matrix", "--solvers"], "--matrix excludes --solvers", "items "),
-    (["items", "a.toml", "--dry-run"], "The following argument was not expected: --dry-run",
-     "items "),
+    (["items", "a.toml", "--dry-run"], "The following argument was not expected: --dry-run; "
+     "nearest: --json, --trace, --version", "items "),
     (["init"], "RUN_FOLDER is required", "init "),
     (["init", "a", "b"], "The following argument was not expected: b", "init "),
     (["init", "a", "-o"], "--output: 1 required FILE missing", "init "),
     (["check"], "FILE is required", "check "),
-    (["check", "a.cmi", "--out", "x"], "The following argument was not expected: --out",
-     "check "),
+    (["check", "a.cmi", "--out", "x"], "The following argument was not expected: --out; "
+     "nearest: --quiet, --help, --json", "check "),
 ]
 
 

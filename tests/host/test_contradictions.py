@@ -87,7 +87,7 @@ class Contradictions(ProgramTest):
         (self.folder / "out").mkdir()
         done = self.from_input(PROJECT + TARGET + CONTROL, "write", "-")
         path = self.folder / "out" / "Cover02.cmi"
-        self.check(done, 0, f"wrote    {own_path(path)}\n")
+        self.check(done, 0, f"new      {own_path(path)}\n")
         self.assertIn("OutFolder = " + own_path(self.folder / "out"), path.read_text())
 
     def test_a_recipe_from_standard_input_is_shown(self):

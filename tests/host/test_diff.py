@@ -106,7 +106,8 @@ class Diff(ProgramTest):
 
     def test_check_of_several_lists_which(self):
         self.write()
-        self.make_recipe(PROJECT.replace("run = 2", "run = 3") + TARGET, "new.toml")
+        self.make_recipe(PROJECT.replace("run = 2", "run = 3\nempty_run = true") + TARGET,
+                         "new.toml")
         done = self.run_program("write", "--check", "cover.toml", "new.toml")
         self.check(done, 1, f"unchanged {own_path(self.file)}\n"
                    f"new      {own_path(self.folder / 'Cover03.cmi')}\n2 compared, 0 failed\n")

@@ -1,9 +1,12 @@
 """The command "init": a recipe from the names of a run folder's files."""
 
+import json
+import os
+import re
 import tomllib
 import unittest
 
-from program import EXAMPLE, EXPECTED, ProgramTest, own_path
+from program import EXAMPLE, EXPECTED, ON_WINDOWS, ROOT, ProgramTest, own_path
 
 
 class Init(ProgramTest):
@@ -41,7 +44,7 @@ class Init(ProgramTest):
     def test_name_and_run_come_from_the_files(self):
         for folder, file, name, run in (
                 ("Run03", "Cover03.o2w", "Cover", 3), ("Run12", "Lid12.k5f", "Lid", 12),
-                ("Run123", "Lid123.k5f", "Lid", 123), ("job", "Lid04.k5f", "Lid", 4),
+                ("Run123", "Lid123.k5f", "Lid", 123), ("Run00", "Lid00.k5f", "Lid", 0), ("job", "Lid04.k5f", "Lid", 4),
                 ("Run05", "Part205.k5f", "Part2", 5), ("2024", "Lid06.k5f", "Lid", 6),
                 ("Run07", "Lid07_medi.crp", "Lid", 7), ("Run08", "A.B08.k5f", "A.B", 8)):
             tag = f"{run:02d}"
@@ -49,9 +52,50 @@ class Init(ProgramTest):
             self.assertEqual((project["name"], project["run"]), (name, run))
             self.assertEqual(project["folder"], f"{name}/{folder}")
 
-    def test_the_run_with_most_files_counts(self):
-        project = self.project("Lid02.k5f", "Cover02.k5f", "Cover02.k5o", "notes.txt")
-        self.assertEqual(project["name"], "Cover")
+    def test_only_result_files_tell_of_a_run(self):
+        project = self.project("Cover02.k5f", "Lid02.txt", "notes07.pdf", "Cover03", "02.k5f",
+                               "Lid2.k5f", "Lid02_old.k5f", "Cover02.K5F.bak")
+        self.assertEqual((project["name"], project["run"]), ("Cover", 2))
+
+    def test_every_file_that_the_engine_looks_for_tells_of_a_run(self):
+        sources = [path.read_text() for path in (ROOT / "results").glob("*.cpp")]
+        looked_for = set(re.findall(r'"(\.[a-z0-9]{3})"', "".join(sources))) - {".crp"}
+        self.assertIn(".k5s", looked_for)
+        for ending in sorted(looked_for | {"_medi.crp", "_vox.k5o"}):
+            folder = f"run of {ending}"
+            project = self.project("Cover02" + ending, folder=folder)
+            self.assertEqual((project["name"], project["run"]), ("Cover", 2), ending)
+
+    def test_of_several_runs_none_is_guessed(self):
+        path = self.make_run()
+        for name in ("Cover11", "Lid02", "Lid03"):
+            self.make_run(name, files=[".k5f"])
+        runs = "Cover, run 2; Cover, run 11; Lid, run 2; Lid, run 3"
+        folder = own_path(path)
+        self.init(code=2, stderr=f"{folder}: several runs: {runs}; "
+                  "choose one with --name and --run\n")
+        self.init(code=2, options=["--run", "2"], stderr=f"{folder}: several runs: Cover, run 2; "
+                  "Lid, run 2; choose one with --name and --run\n")
+        self.init(code=3, options=["--name", "Cover", "--run", "3"],
+                  stderr=f"{folder}: no such run; runs there: {runs}\n")
+        self.assertFalse([name for name in self.files() if name.endswith(".toml")])
+        for options, name, run in ((["--name", "Lid", "--run", "3"], "Lid", 3),
+                                   (["--run", "11"], "Cover", 11)):
+            recipe = tomllib.loads(self.init(options=options, recipe=f"{name}{run:02d}.toml"))
+            self.assertEqual((recipe["project"]["name"], recipe["project"]["run"]), (name, run))
+
+    def test_digits_that_can_be_read_in_two_ways_are_not_guessed_either(self):
+        self.make_run("Lid123", folder="job", files=[".k5f", ".k5o"])
+        self.init("job", 2, f"{own_path(self.folder / 'job')}: several runs: Lid, run 123; "
+                  "Lid1, run 23; choose one with --name and --run\n")
+        recipe = tomllib.loads(self.init("job", options=["--run", "23"], recipe="Lid123.toml"))
+        self.assertEqual(recipe["project"]["name"], "Lid1")
+
+    def test_a_long_list_of_runs_is_cut(self):
+        for number in range(12):
+            self.make_run(f"Lid{number:02d}", folder="job", files=[".k5f"])
+        done = self.run_program("init", "job")
+        self.assertIn("Lid, run 9; 2 more; choose", done.stderr)
 
     def test_results_tell_what_the_project_has(self):
         project = self.project("Cover02.k5f")
@@ -110,8 +154,8 @@ class Init(ProgramTest):
         (self.folder / "other" / "notes.txt").write_text("")
         for folder in ("empty", "other"):
             path = own_path(self.folder / folder)
-            self.init(folder, 3, f"{path}: no file is named after a project and a run, "
-                      "as Cover02.k5o is\n")
+            self.init(folder, 3, f"{path}: no result file is named after a project and a "
+                      "run, as Cover02.k5o is\n")
         path = own_path(self.folder / "none")
         self.init("none", 3, f"zorbi2: {path}: No such file or directory\n")
         self.assertEqual(self.files(), ["other/notes.txt"])
@@ -121,6 +165,113 @@ class Init(ProgramTest):
         path = own_path(self.folder / "none" / "x.toml")
         self.init(code=3, options=["-o", "none/x.toml"],
                   stderr=f"{path}: cannot be written: No such file or directory\n")
+
+    def test_a_folder_in_the_place_of_the_recipe(self):
+        self.make_run()
+        (self.folder / "Cover02.toml").mkdir()
+        for options in ([], ["--force"], ["-o", "."], ["-o", ".", "--force"]):
+            path = self.folder if "." in options else self.folder / "Cover02.toml"
+            done = self.run_program("init", "Run02", *options)
+            self.check(done, 3, "", f"{own_path(path)}: is a folder, not a recipe\n")
+
+    @unittest.skipIf(ON_WINDOWS, "Windows keeps a current folder")
+    def test_a_current_folder_that_was_deleted(self):
+        self.make_run()
+        gone = self.folder / "gone"
+        gone.mkdir()
+        done = self.run_program("init", self.folder / "Run02", cwd=gone,
+                                preexec_fn=lambda: os.rmdir(gone))
+        self.check(done, 3, "", "zorbi2: the current folder cannot be used: No such file or "
+                   "directory\n")
+
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
+    def test_names_that_a_recipe_cannot_hold_are_refused(self):
+        for folder, run, reason in (
+                (b"Geh\xe4use", b"Lid02.k5f", b'"Geh\xe4use" is not UTF-8, as a recipe must be'),
+                (b"fine", b"L\xe4d02.k5f", b'"L\xe4d" is not UTF-8, as a recipe must be'),
+                (b"a\nb", b"Lid02.k5f", b'"a?b" has control characters, which a recipe cannot hold')):
+            path = os.fsencode(self.folder) + b"/" + folder
+            os.mkdir(path)
+            with open(path + b"/" + run, "w", encoding="ascii"):
+                pass
+            with open(self.folder / "errors", "w+b") as errors:
+                done = self.run_program("init", os.fsdecode(folder), stderr=errors)
+                errors.seek(0)
+                self.assertEqual((done.returncode, errors.read()), (3, b"zorbi2: " + reason + b"\n"))
+        self.assertFalse(list(self.folder.glob("*.toml")))
+
+    # ---- All runs below a folder --------------------------------------------------------------
+
+    def test_all_runs_below_a_folder_get_a_recipe(self):
+        self.make_run(folder="root/Run02")
+        self.make_run("Lid03", folder="root/deep/er/Run03", files=[".rso"])
+        (self.folder / "root" / "notes").mkdir()
+        (self.folder / "recipes").mkdir()
+        done = self.run_program("init", "--all", "root", "-o", "recipes")
+        files = [own_path(self.folder / "recipes" / name) for name in ("Cover02.toml", "Lid03.toml")]
+        self.check(done, 0, f"wrote    {files[0]} for Cover, run 2\n"
+                   f"wrote    {files[1]} for Lid, run 3\n2 written, 0 failed\n")
+        recipe = tomllib.loads((self.folder / "recipes" / "Lid03.toml").read_text())["project"]
+        self.assertEqual((recipe["folder"], recipe["analysis"]), ("../root/deep/er/Run03", "shell"))
+        self.check(self.run_program("write", "recipes/Cover02.toml", "recipes/Lid03.toml"), 0)
+
+    def test_folders_of_the_same_run_get_recipes_of_their_own(self):
+        self.make_run(folder="root/first/Run02")
+        self.make_run(folder="root/second/Run02")
+        self.make_run("Lid03", folder="root/Run03")
+        self.make_run("Lid04", folder="root")
+        self.make_run("Lid04", folder="root/deep")
+        self.check(self.run_program("init", "--all", "root"), 0)
+        names = [path.name for path in sorted(self.folder.glob("*.toml"))]
+        self.assertEqual(names, ["Lid03.toml", "Lid04.toml", "deep-Lid04.toml",
+                                 "first-Run02-Cover02.toml", "second-Run02-Cover02.toml"])
+        recipe = tomllib.loads((self.folder / names[3]).read_text())
+        self.assertEqual(recipe["project"]["folder"], "root/first/Run02")
+
+    def test_two_recipes_of_all_never_share_a_file(self):
+        for folder in ("root/a/b", "root/a-b"):
+            self.make_run("Lid02", folder=folder, files=[".k5f"])
+        for options in ([], ["--force"]):
+            done = self.run_program("init", "--all", "root", *options)
+            path = own_path(self.folder / "a-b-Lid02.toml")
+            self.check(done, 3, None, f"{path}: already written for another run, so not for "
+                       f"{own_path(self.folder / 'root' / 'a-b')}\n")
+            (self.folder / "a-b-Lid02.toml").unlink()
+
+    def test_what_fails_of_all_stops_no_other(self):
+        self.make_run(folder="root/Run02")
+        self.make_run("Lid03", folder="root/Run03")
+        self.make_run("Lid04", folder="root/both", files=[".k5f"])
+        self.make_run("Lid05", folder="root/both", files=[".k5f"])
+        (self.folder / "Cover02.toml").write_text("mine")
+        done = self.run_program("init", "--all", "root", "--json")
+        document = json.loads(done.stdout)
+        self.assertEqual(done.returncode, 3)
+        self.assertEqual([(entry["project"], entry["run"]) for entry in document["recipes"]],
+                         [("Lid", 3)])
+        self.assertEqual(
+            [(problem["file"], problem["message"]) for problem in document["problems"]],
+            [(own_path(self.folder / "root" / "both"),
+              "several runs: Lid, run 4; Lid, run 5; choose one with --name and --run"),
+             (own_path(self.folder / "Cover02.toml"), "already exists; --force replaces it")])
+        self.assertEqual((self.folder / "Cover02.toml").read_text(), "mine")
+        done = self.run_program("init", "--all", "root", "--run", "4")
+        self.assertTrue(done.stdout.endswith("1 written, 0 failed\n"))
+        self.check(done, 0)
+
+    def test_all_of_nothing_is_an_error(self):
+        (self.folder / "root" / "notes").mkdir(parents=True)
+        self.check(self.run_program("init", "--all", "root"), 3, "",
+                   f"{own_path(self.folder / 'root')}: no such run lies there or below\n")
+        self.check(self.run_program("init", "--all", "root", "-o", "none"), 3, "",
+                   f"zorbi2: {own_path(self.folder / 'none')}: No such file or directory\n")
+
+    @unittest.skipIf(ON_WINDOWS, "links are POSIX's")
+    def test_links_lead_all_into_no_circle(self):
+        self.make_run(folder="root/Run02")
+        (self.folder / "root" / "again").symlink_to("..")
+        self.assertTrue(self.run_program("init", "--all", "root").stdout.endswith(
+            "1 written, 0 failed\n"))
 
     def test_names_with_odd_characters_are_quoted(self):
         self.make_run(name="Füße's {run} 02", folder="Gehäuse/Run02", files=[".k5f"])

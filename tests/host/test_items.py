@@ -19,7 +19,8 @@ class Items(ProgramTest):
 
     def make_bare_run(self):
         self.make_run(name="Lid07", folder="Run07", files=[])
-        return self.make_recipe('[project]\nname = "Lid"\nrun = 7\nfolder = "Run07"\n' + TARGET)
+        return self.make_recipe('[project]\nname = "Lid"\nrun = 7\nfolder = "Run07"\n'
+                                'empty_run = true\n' + TARGET)
 
     def test_the_dialog_of_the_example(self):
         done = self.run_program("items", "cover.toml")
@@ -28,8 +29,7 @@ class Items(ProgramTest):
 
     def test_the_dialog_of_a_run_without_results_tells_every_reason(self):
         done = self.run_program("items", self.make_bare_run())
-        self.check(done, 0, None, "cover.toml:4:10: warning: project.folder: no results: those of "
-                   "every item are missing\n")
+        self.check(done, 0)
         self.assert_like(done.stdout, "items_without_results.txt")
 
     def test_the_dialog_follows_the_command_line(self):
@@ -43,6 +43,25 @@ class Items(ProgramTest):
         done = self.run_program("items", "--solvers", "cover.toml")
         self.check(done, 0)
         self.assert_like(done.stdout, "solvers_solid.txt")
+
+    def test_solvers_and_matrix_need_no_target(self):
+        recipe = self.make_recipe(PROJECT)
+        done = self.run_program("items", "--solvers", recipe)
+        self.check(done, 0)
+        self.assert_like(done.stdout, "solvers_solid.txt")
+        done = self.run_program("items", "--matrix", recipe)
+        self.check(done, 0)
+        self.assertIn("fiber-orientation", done.stdout)
+
+    def test_the_solvers_without_a_recipe_are_those_of_a_solid_project(self):
+        done = self.run_program("items", "--solvers")
+        self.check(done, 0)
+        self.assert_like(done.stdout, "solvers_solid.txt")
+
+    def test_only_the_solvers_can_do_without_a_recipe(self):
+        for options in ([], ["--matrix"]):
+            self.check(self.run_program("items", *options), 2, "", "zorbi2: RECIPE is required\n"
+                       "zorbi2 items --help tells how it is used\n")
 
     def test_the_solvers_of_a_shell_project(self):
         recipe = self.make_recipe(PROJECT + 'analysis = "shell"\n' + TARGET)

@@ -4,7 +4,7 @@ import json
 import shutil
 import unittest
 
-from program import EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, TARGET, ProgramTest, own_path
+from program import EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest, own_path
 
 
 class JsonDocuments(ProgramTest):
@@ -94,6 +94,9 @@ class JsonDocuments(ProgramTest):
     def test_bytes_that_are_no_text_do_no_harm(self):
         document = self.document("write", b"n\xff.toml".decode("utf-8", "surrogateescape"), code=3)
         self.assertEqual(document["recipes"][0]["recipe"], "n\ufffd.toml")
+        self.assertEqual(document["problems"][0]["file"], "n\ufffd.toml")
+        text = (ROOT / "docs" / "json.md").read_text(encoding="utf-8")
+        self.assertIn("U+FFFD", text)
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 """Manual, man page and program say the same."""
 
+import json
 import re
 import tomllib
 import unittest
@@ -59,6 +60,50 @@ class Manual(ProgramTest):
                  for number, name in re.findall(r"^ *(\d+) ([a-z-]+) ", matrix, flags=re.M)}
         self.assertIn("runner", names.values())
         self.assertEqual(listed, names)
+
+    # ---- Which files matter -------------------------------------------------------------------
+
+    def available(self, name, analysis, files, facts):
+        """Whether an item is available, or None when it is offered nowhere."""
+        for path in (self.folder / "Run02").glob("*"):
+            path.unlink()
+        self.make_run(files=files)
+        project_type = {"annealing-stress": 3, "digimat-mucell": 9}.get(name, 0)
+        target = {"annealing-stress": 'mesh = "deformed"\nannealing = true\n'}.get(name, "")
+        self.make_recipe('[project]\nname = "Cover"\nrun = 2\nfolder = "Run02"\nempty_run = true\n'
+                         f'analysis = "{analysis}"\ntype = {project_type}\n' +
+                         "".join(f"{fact} = true\n" for fact in facts) +
+                         "[target]\n" + target)
+        done = self.run_program("items", "cover.toml", "--matrix", "--json")
+        self.assertEqual(done.returncode, 0)
+        answers = {column["available"][name] for column in json.loads(done.stdout)["matrix"]
+                   if name in column["available"]}
+        self.assertLessEqual(len(answers), 1)
+        return answers.pop() if answers else None
+
+    def test_the_manual_tells_which_files_matter(self):
+        start = self.manual.index("| item | solid project |")
+        table = self.manual[start:].split("\n\n")[0].splitlines()[2:]
+        listed = []
+        for row in table:
+            cells = row.strip("| ").split(" | ")
+            name, solid, shell, needs = (re.findall(r"`([\w.-]+)`", cell) for cell in cells)
+            for analysis, endings in (("solid", solid), ("shell", shell)):
+                is_offered = analysis == "solid" or cells[2] != "—"
+                facts = needs
+                if (name, analysis) == (["digimat-export"], "shell"):
+                    facts = ["fiber_results"]
+                cases = [([ending], facts, True) for ending in endings] or [([], facts, True)]
+                cases += [([], facts, False)] if endings else []
+                cases += [(endings, [], False)] if facts else []
+                for files, has, expected in cases:
+                    with self.subTest((name, analysis, files, has)):
+                        answer = self.available(name[0], analysis, files, has)
+                        self.assertEqual(answer, expected if is_offered else None)
+            listed.append(name[0])
+        matrix = self.run_program("items", "cover.toml", "--matrix").stdout
+        names = set(re.findall(r"^ *\d+ ([a-z-]+) ", matrix, flags=re.M))
+        self.assertEqual(set(listed), names - {"insert-fiber-material"})
 
     def test_the_manuals_exit_codes_are_those_of_the_help(self):
         text = self.run_program("--help").stdout

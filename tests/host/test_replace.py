@@ -90,7 +90,7 @@ class Replace(ProgramTest):
     def test_what_the_call_reads_is_never_replaced(self):
         reads = "is a recipe or a file that a recipe of this call reads, and is not replaced"
         self.make_recipe(name="other00.toml")
-        recipe = PROJECT.replace("run = 2", "run = 0") + TARGET
+        recipe = PROJECT.replace("run = 2", "run = 0\nempty_run = true") + TARGET
         recipe += '[control_file]\nname = "other"\nextension = "toml"\n'
         self.make_recipe(recipe)
         self.check(self.run_program("write", "cover.toml"), 3, "",
@@ -315,8 +315,8 @@ class Replace(ProgramTest):
 
     def test_init_does_not_replace_a_folder(self):
         done = self.run_program("init", "Run02", "-o", "Run02", "--force")
-        self.check(done, 3, "", f"{own_path(self.folder / 'Run02')}: cannot be written: "
-                   "Is a directory\n")
+        self.check(done, 3, "",
+                   f"{own_path(self.folder / 'Run02')}: is a folder, not a recipe\n")
 
     @NOT_ON_WINDOWS
     def test_a_current_folder_that_is_gone_is_told(self):

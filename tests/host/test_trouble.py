@@ -119,12 +119,17 @@ class Trouble(ProgramTest):
         self.assertTrue((self.folder / "Cover02.cmi").read_text().endswith("[\\REDUCTION RATE]\n"))
 
     @NOT_ON_WINDOWS
-    def test_a_reader_that_goes_away_is_an_error_and_no_signal(self):
-        reader, writer = os.pipe()
-        os.close(reader)
-        done = self.run_program("items", "cover.toml", stdout=writer)
-        os.close(writer)
-        self.check(done, 3, None, "zorbi2: standard output cannot be written: Broken pipe\n")
+    def test_a_reader_that_goes_away_changes_nothing(self):
+        for arguments, code in ((["--help"], 0), (["items", "cover.toml"], 0),
+                                (["items", "cover.toml", "--json"], 0), (["check", "none.cmi"], 3),
+                                (["write", "cover.toml"], 0)):
+            reader, writer = os.pipe()
+            os.close(reader)
+            done = self.run_program(*arguments, stdout=writer)
+            os.close(writer)
+            missing = "none.cmi: cannot be read: No such file or directory\n"
+            self.check(done, code, None, missing if code else "")
+        self.assertIn("Cover02.cmi", self.files())
 
     # ---- Color -------------------------------------------------------------------------------
 
@@ -132,10 +137,32 @@ class Trouble(ProgramTest):
     def test_color_is_for_terminals_and_never_with_no_color(self):
         self.assertNotIn("\x1b", self.run_program("items", "cover.toml").stdout)
         for environment, escapes in (({}, True), ({"NO_COLOR": ""}, True),
-                                     ({"NO_COLOR": "1"}, False)):
+                                     ({"NO_COLOR": "1"}, False), ({"TERM": "dumb"}, False)):
             text = self.on_terminal("items", "cover.toml", environment=environment)
             self.assertEqual("\x1b[1m" in text, escapes, environment)
             self.assertEqual("\x1b" in text, escapes, environment)
+
+    @NOT_ON_WINDOWS
+    def test_a_dumb_terminal_gets_no_cursor_codes_but_lines_of_its_width(self):
+        text = self.on_terminal("write", "cover.toml", "cover.toml", columns=60,
+                                environment={"TERM": "dumb"}, code=2)
+        self.assertEqual(text, "0 written, 2 failed\n")
+        text = self.on_terminal("items", "cover.toml", columns=132, environment={"TERM": "dumb"})
+        self.assertGreater(max(map(len, text.splitlines()[2:])), 80)
+
+    @NOT_ON_WINDOWS
+    def test_failures_on_a_terminal_are_in_color_and_broken_between_words(self):
+        name = "a recipe  of two spaces.toml"
+        line = f"{name}: cannot be read: No such file or directory"
+        red = ("\x1b[31ma recipe  of two spaces.toml: cannot be\n"
+               "    read: No such file or directory\x1b[0m\n")
+        for environment, expected in (({}, red), ({"NO_COLOR": "1"}, red[5:].replace("\x1b[0m", "")),
+                                      ({"TERM": "dumb"}, line + "\n")):
+            self.assertEqual(self.on_terminal("write", name, columns=40, stream="stderr", code=3,
+                                              environment=environment), expected)
+        self.assertEqual(self.on_terminal("wirte", columns=40, stream="stderr", code=2), (
+            "\x1b[31mzorbi2: The following argument was not\n    expected: wirte; nearest: write,"
+            " init,\n    items\x1b[0m\nzorbi2 --help tells how it is used\n"))
 
 
 if __name__ == "__main__":

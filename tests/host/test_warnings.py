@@ -37,7 +37,7 @@ class Warnings(ProgramTest):
                     "[choices]\nfiber-orientation = 5\n", 1)
 
     def test_no_results(self):
-        self.make_run(files=[])
+        self.make_run(files=[".cmx"])
         self.warned(":4:10", "project.folder: " + NO_RESULTS, PROJECT + TARGET, 1)
 
     def test_one_result_is_enough(self):

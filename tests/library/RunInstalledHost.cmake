@@ -27,6 +27,12 @@ file(GLOB_RECURSE readers ${installed}/*QuentaResultEngine*)
 if(readers)
     message(FATAL_ERROR "the stand-in of the result reader was not asked for: ${readers}")
 endif()
+foreach(completion IN ITEMS bash-completion/completions/zorbi2 zsh/site-functions/_zorbi2
+                            fish/vendor_completions.d/zorbi2.fish)
+    if(NOT EXISTS ${installed}/share/${completion})
+        message(FATAL_ERROR "not installed: share/${completion}")
+    endif()
+endforeach()
 run(${CMAKE_COMMAND} -S ${HOST_FOLDER} -B ${build}
     -D CMAKE_PREFIX_PATH=${installed} -D CMAKE_BUILD_TYPE=${CONFIGURATION}
     -D CMAKE_RUNTIME_OUTPUT_DIRECTORY=$<1:${desk}> ${HOST_OPTIONS})

@@ -8,6 +8,7 @@
 
 #include "handover/Engine.h"
 #include "handover/LoadRecipe.h"
+#include "handover/RunFolder.h"
 #include "handover/Session.h"
 #include "system/HostPlatform.h"
 #include "system/Signals.h"
@@ -135,7 +136,7 @@ void RefuseSameFile(std::vector<Job>& jobs) {
 
 void MakeText(Job& job, const GeneralOptions& options) {
     const Recipe& recipe = job.recipe;
-    CheckFolder(recipe.project.projectFolder, recipe.PlaceOf("project.folder"));
+    CheckRun(recipe);
     CheckFilesOfRun(recipe);
     Session session(recipe);
     Problems problems = session.ApplyRecipe();

@@ -124,20 +124,7 @@ void Writer::WriteControlFile(Job& job) {
     job.isFinished = true;
 }
 
-/// The engine keeps the shot file of each run open until the process ends.
-void CheckOpenFileLimit(std::size_t recipes) {
-    const std::size_t possible = RaiseOpenFileLimit();
-    if (recipes > possible) {
-        Fail({},
-             std::to_string(recipes) +
-                 " recipes are too many for one call, because each leaves a file open; nothing "
-                 "was written; at most " +
-                 std::to_string(possible) + " are possible",
-             ExitCode::fileTrouble);
-    }
-}
-
-/// A line for each job, on a terminal one for all of them.
+/// A line for each file, on a terminal one for all of them. Failures are told at the end.
 void Writer::Show(const Job& job) {
     Terminal& terminal = host_.terminal;
     const bool isSingle = options_.recipes.size() == 1;
@@ -150,10 +137,6 @@ void Writer::Show(const Job& job) {
         terminal.news << "\r[" << tried_ << "/" << options_.recipes.size() << "]" << std::flush;
     } else if (job.IsDone()) {
         terminal.news << Padded(WordFor(job.change), sizeof "changed") << " " << file << std::endl;
-    } else if (!isSingle) {
-        terminal.news << "failed   "
-                      << InOneLine(*std::ranges::find(job.problems, false, &Problem::isWarning))
-                      << std::endl;
     }
 }
 

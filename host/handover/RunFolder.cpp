@@ -1,0 +1,166 @@
+#include "handover/RunFolder.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <map>
+#include <optional>
+#include <string_view>
+
+#include "system/Paths.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What follows the number in the names of a run's files.
+constexpr auto knownEndings = std::to_array<std::string_view>({
+    "_medi.crp",
+    "_vox.k5o",
+    ".cmx",
+    ".k5c",
+    ".k5f",
+    ".k5o",
+    ".k5p",
+    ".k5s",  //
+    ".k5w",
+    ".o2w",
+    ".rsc",
+    ".rsf",
+    ".rsg",
+    ".rso",
+    ".rsp",
+    ".rsr",
+});
+
+bool IsDigit(char character) {
+    return std::isdigit(static_cast<unsigned char>(character)) != 0;
+}
+
+/// The digits in which a text ends.
+std::string DigitsAtEnd(const std::string& text) {
+    const auto last = std::find_if_not(text.rbegin(), text.rend(), IsDigit);
+    return {last.base(), text.end()};
+}
+
+/// The numbers that digits can end in. Numbers from 100 on have no leading zero.
+std::vector<std::string> NumbersAtEndOf(const std::string& digits) {
+    constexpr std::size_t longest = 9;
+    std::vector<std::string> numbers;
+    for (std::size_t length = 2; length <= std::min(longest, digits.size()); ++length) {
+        const std::string number = digits.substr(digits.size() - length);
+        if (length == 2 || number[0] != '0') {
+            numbers.push_back(number);
+        }
+    }
+    return numbers;
+}
+
+/// The ending of a result file's name, if it is one.
+std::optional<std::string> EndingOf(const std::string& file) {
+    for (const std::string_view ending : knownEndings) {
+        if (file.ends_with(ending)) {
+            return std::string(ending);
+        }
+    }
+    return std::nullopt;
+}
+
+using RunsByName = std::map<std::pair<std::string, std::string>, Run>;
+
+void AddReadings(const std::string& file, const std::string& folderNumber, RunsByName& runs) {
+    const std::optional<std::string> ending = EndingOf(file);
+    const std::string base = file.substr(0, file.size() - (ending ? ending->size() : 0));
+    std::vector<std::string> numbers =
+        ending ? NumbersAtEndOf(DigitsAtEnd(base)) : std::vector<std::string>();
+    if (std::ranges::count(numbers, folderNumber) != 0) {
+        numbers = {folderNumber};
+    }
+    for (const std::string& number : numbers) {
+        const std::string name = base.substr(0, base.size() - number.size());
+        if (!name.empty()) {
+            Run& run = runs[{name, number}];
+            run.name = name;
+            run.number = number;
+            run.endings.insert(*ending);
+        }
+    }
+}
+
+bool HasFileOf(const Recipe& recipe, const std::string& base, const Place& place) {
+    return std::ranges::any_of(knownEndings, [&](std::string_view ending) {
+        const std::string file = base + std::string(ending);
+        std::error_code error;
+        const bool exists = fs::exists(PathOf(recipe.project.projectFolder) / PathOf(file), error);
+        if (error) {
+            Fail(place, recipe.project.projectFolder + ": " + file + ": " + error.message(),
+                 ExitCode::fileTrouble);
+        }
+        return exists;
+    });
+}
+
+}  // namespace
+
+std::vector<fs::path> EntriesOf(const fs::path& folder, const Place& place) {
+    std::error_code error;
+    std::vector<fs::path> entries;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        entries.push_back(entry->path());
+    }
+    if (error) {
+        Fail(place, Utf8Of(folder) + ": " + error.message(), ExitCode::fileTrouble);
+    }
+    std::ranges::sort(entries);
+    return entries;
+}
+
+std::vector<Run> RunsAmong(const std::vector<fs::path>& entries) {
+    RunsByName found;
+    for (const fs::path& entry : entries) {
+        const std::string folder = Utf8Of(entry.parent_path().filename());
+        AddReadings(Utf8Of(entry.filename()), DigitsAtEnd(folder), found);
+    }
+    std::vector<Run> runs;
+    for (auto& [key, run] : found) {
+        runs.push_back(std::move(run));
+    }
+    return runs;
+}
+
+std::string Listed(const std::vector<Run>& runs) {
+    constexpr std::size_t longest = 10;
+    std::string list;
+    for (std::size_t i = 0; i < std::min(longest, runs.size()); ++i) {
+        list += (i == 0 ? "" : "; ") + runs[i].name + ", run " + std::to_string(runs[i].Number());
+    }
+    const std::size_t others = runs.size() - std::min(longest, runs.size());
+    return runs.empty()  ? "none"
+           : others == 0 ? list
+                         : list + "; " + std::to_string(others) + " more";
+}
+
+void CheckRun(const Recipe& recipe) {
+    const CZorbFEAInformation& project = recipe.project;
+    const Place place = recipe.PlaceOf("project.folder");
+    CheckFolder(project.projectFolder, place);
+    const fs::path folder = PathOf(project.projectFolder);
+    std::error_code error;
+    if (fs::directory_iterator(folder, error); error) {
+        Fail(place, project.projectFolder + ": " + error.message(), ExitCode::fileTrouble);
+    }
+    const std::string number = std::to_string(project.runNumber);
+    const std::string base = project.projectName + (number.size() < 2 ? "0" : "") + number;
+    if (!recipe.emptyRun && !HasFileOf(recipe, base, place)) {
+        Fail(place,
+             project.projectFolder + " has no result file of " + base +
+                 "; runs there: " + Listed(RunsAmong(EntriesOf(folder, place))) +
+                 "; project.empty_run = true says that it is meant",
+             ExitCode::fileTrouble);
+    }
+}
+
+}  // namespace host

@@ -1,0 +1,37 @@
+// The runs that lie in a folder, as the names of their result files tell it.
+#pragma once
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "recipes/Recipe.h"
+
+namespace host {
+
+/// A run as its files tell it.
+struct Run {
+    std::string name;
+    std::string number;             ///< as file names have it: at least two digits
+    std::set<std::string> endings;  ///< what follows the number: ".k5f", "_vox.k5o"
+
+    int Number() const { return std::stoi(number); }
+};
+
+/// What a folder holds, sorted. Throws a Failure, of a place, with the system's reason.
+std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder,
+                                             const Place& place);
+
+/// The runs among a folder's entries, by name and number. Digits that can be read in several ways
+/// are read as the number in which the folder's name ends, or else in each of these ways.
+std::vector<Run> RunsAmong(const std::vector<std::filesystem::path>& entries);
+
+/// "Cover, run 2; Lid, run 11", without those of a long list; "none" when there is no run.
+std::string Listed(const std::vector<Run>& runs);
+
+/// Throws a Failure unless the recipe's folder can be listed and has a file of the recipe's run, or
+/// the recipe says that there need be none.
+void CheckRun(const Recipe& recipe);
+
+}  // namespace host
