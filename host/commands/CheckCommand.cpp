@@ -1,14 +1,17 @@
 // The command "check": reads control parameter files from disk and reports their faults.
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <memory>
-
-#include <zorbi2/ZorbI2Types.h>
+#include <optional>
 
 #include "commands/Commands.h"
+#include "commands/RecipeCommand.h"
+#include "commands/check/Against.h"
+#include "commands/check/InWords.h"
+#include "commands/check/OfferCheck.h"
 #include "console/Report.h"
 #include "control_files/ControlFile.h"
-#include "recipes/Names.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
 
@@ -18,69 +21,9 @@ namespace {
 
 struct CheckOptions {
     std::vector<std::string> files;
+    std::string recipe;  ///< that they are compared with; empty: none
     bool show = false;
 };
-
-std::string ItemsWith(const char* flag, const ControlFile& file) {
-    Vocabulary items;
-    for (const auto& [itemId, key] : itemKeys) {
-        if (file.contains(key) && file.at(key) == flag) {
-            items.emplace_back(itemId, NameOf(itemId, shortNames));
-        }
-    }
-    return items.empty() ? "none" : Listed(items);
-}
-
-std::string MeshOf(const ControlFile& file) {
-    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
-    const auto kind = std::ranges::find_if(meshKeys, isOn) - std::begin(meshKeys);
-    return IsAnnealedMesh(file) ? "deformed after annealing" : meshKinds.at(kind).second;
-}
-
-std::string CompositeModelOf(const ControlFile& file) {
-    const int model = std::stoi(file.at("IDCompositeModel"));
-    return model == kOptionResultsMissing ? "results missing" : compositeModels[model];
-}
-
-std::string WeldLinesOf(const ControlFile& file) {
-    std::string words;
-    for (int number = 1; number <= 3; ++number) {  // angle 1 is always 0
-        words += file.at("[REDUCTION RATE] ReductionRate" + std::to_string(number)) + " at " +
-                 file.at("[WELDLINE ANGLE] WeldlineAngle" + std::to_string(number + 1)) +
-                 " degrees, ";
-    }
-    return words + "Digimat " + file.at("[DIGIMAT WELDLINE ANGLE] WeldlineAngle") + " degrees";
-}
-
-/// What a file asks for: labels, and words for them.
-Json InWords(const ControlFile& file) {
-    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
-    const auto onOff = [isOn](const char* key) { return isOn(key) ? "on" : "off"; };
-    const auto when = [&](const char* flag, const std::string& unit, const char* key) {
-        return isOn(flag) ? unit + file.at(key) : "off";
-    };
-    return {
-        {"Solver", file.at("SolverName").empty() ? "none" : file.at("SolverName")},
-        {"Mesh",
-         MeshOf(file) + (isOn("QuadraticElement") ? ", quadratic" : ", linear") + " elements"},
-        {"Mapped mesh", file.at("MapFile") == " " ? "none" : Quoted(file.at("MapFile"))},
-        {"Output folder", Quoted(file.at("OutFolder"))},
-        {"Project",
-         (isOn("SolverType") ? "shell, type " : "solid, type ") + file.at("ProjectType")},
-        {"Items on", ItemsWith("1", file)},
-        {"Items off", ItemsWith("0", file)},
-        {"Micro mechanics", CompositeModelOf(file)},
-        {"Fiber reduction", when("IsDoMaterialReduction", "angle segments ",
-                                 "[MATERIAL REDUCTION] FiberThetaXSegment")},
-        {"Insert reduction", when("IsPartInsertMaterialReduction", "angle segments ",
-                                  "[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment")},
-        {"Density reduction",
-         when("IsDoDensityReduction", "factor ", "[DENSITY REDUCTION] DensityReduction")},
-        {"Distributed model", onOff("IsDistributeModel")},
-        {"View-edit mapping", onOff("IsViewEditModelMapping")},
-        {"Weld lines", WeldLinesOf(file)},
-    };
-}
 
 void PrintWords(const ControlFile& file, Terminal& terminal) {
     constexpr std::size_t column = 21;
@@ -94,28 +37,90 @@ void PrintWords(const ControlFile& file, Terminal& terminal) {
     }
 }
 
-/// Reads one file and says whether it is fine. Throws its faults.
-Json CheckFile(const std::string& name, bool show, Terminal& terminal) {
-    const ControlFile file = ReadControlFile(name, FromEngineText(ReadFile(PathOf(name), {name})));
-    (show ? terminal.out : terminal.news) << name << ": no faults\n";
-    if (show) {
-        PrintWords(file, terminal);
+/// What is known of a file once it is read.
+struct Checked {
+    std::string name;
+    ControlFile values;  ///< empty when lines are faulty
+    Problems problems;
+};
+
+std::string ReadText(const std::string& name, const Surroundings& host) {
+    return FromEngineText(name == "-"
+                              ? ReadStandardInput({name})
+                              : ReadFile(PathOf(AbsolutePath(name, host.scratch.Start())), {name}));
+}
+
+Checked CheckText(const std::string& name, const std::string& text, OfferCheck& offers) {
+    Checked file{name, {}, {}};
+    try {
+        file.values = ReadControlFile(name, text);
+        file.problems = OdditiesOf(name, text, file.values);
+        std::ranges::move(offers.Check(name, text, file.values), std::back_inserter(file.problems));
+    } catch (const Failure& faults) {
+        file.problems = faults.List();
     }
-    return {{"file", name}, {"ok", true}, {"asks", InWords(file)}};
+    return file;
+}
+
+/// Checks one file. Throws when it cannot be read.
+Checked CheckFile(const std::string& name, const std::optional<std::string>& wanted,
+                  const Surroundings& host, OfferCheck& offers) {
+    const std::string text = ReadText(name, host);
+    Checked file = CheckText(name, text, offers);
+    if (wanted) {
+        std::ranges::move(DifferencesFrom(*wanted, name, text), std::back_inserter(file.problems));
+    }
+    std::ranges::stable_sort(file.problems, {}, [](const auto& found) { return found.place.line; });
+    if (host.terminal.options.strict) {
+        MakeStrict(file.problems);
+    }
+    return file;
+}
+
+/// Tells of a file that is fine.
+void Tell(const Checked& file, bool show, Terminal& terminal) {
+    const std::size_t warnings = file.problems.size();
+    (show ? terminal.out : terminal.news)
+        << file.name << ": no faults"
+        << (warnings == 0   ? ""
+            : warnings == 1 ? ", 1 warning"
+                            : ", " + std::to_string(warnings) + " warnings")
+        << '\n';
+    if (show) {
+        PrintWords(file.values, terminal);
+    }
+}
+
+Json JsonOf(const Checked& file, bool isFine) {
+    return {{"file", file.name},
+            {"ok", isFine},
+            {"asks", isFine ? InWords(file.values) : Json(nullptr)}};
 }
 
 ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
+    Surroundings host(terminal);
+    OfferCheck offers;
+    std::optional<std::string> wanted;
+    if (!options.recipe.empty()) {
+        wanted = TextOfRecipe(options.recipe, host);
+    }
     Problems problems;
     Json list = Json::array();
     std::size_t fine = 0;
     for (const std::string& name : options.files) {
+        Checked file{name, {}, {}};
         try {
-            list.push_back(CheckFile(name, options.show, terminal));
-            ++fine;
-        } catch (const Failure& failure) {
-            problems.insert(problems.end(), failure.List().begin(), failure.List().end());
-            list.push_back({{"file", name}, {"ok", false}, {"asks", nullptr}});
+            file = CheckFile(name, wanted, host, offers);
+        } catch (const Failure& trouble) {
+            file.problems = trouble.List();
         }
+        const bool isFine = !HasErrors(file.problems);
+        if (isFine) {
+            Tell(file, options.show, terminal);
+            ++fine;
+        }
+        list.push_back(JsonOf(file, isFine));
+        problems.insert(problems.end(), file.problems.begin(), file.problems.end());
     }
     const ExitCode code = Report(problems, terminal.options, {{"files", list}});
     if (options.files.size() > 1) {
@@ -128,7 +133,12 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
 
 RunFunction AddCheck(CLI::App& commandLine) {
     const auto options = std::make_shared<CheckOptions>();
-    commandLine.add_option("FILE", options->files, "Control parameter files")->required();
+    commandLine.add_option("FILE", options->files, "Control parameter files, - for standard input")
+        ->required();
+    commandLine
+        .add_option("--against", options->recipe,
+                    "Compare each line with what a recipe would write")
+        ->type_name("RECIPE");
     commandLine.add_flag("--show", options->show, "Tell in words what each file asks for");
     return [options](Terminal& terminal) { return RunCheck(*options, terminal); };
 }

@@ -23,10 +23,14 @@ bool IsOn(const ControlFile& file, const std::string& key) {
     return value != file.end() && value->second == "1";
 }
 
+bool IsMapped(const ControlFile& file) {
+    return IsOn(file, meshKeys[kMeshMapped]) || IsOn(file, meshKeys[kMesh3DMappingShell]);
+}
+
 bool IsAnnealedMesh(const ControlFile& file) {
     return file.contains("IsAnnealingDeformedMesh") &&
            file.at("ProjectType") == std::to_string(kProjectTypeAnnealing) &&
-           std::ranges::none_of(meshKeys, [&file](const char* key) {
+           std::ranges::none_of(meshKeys, [&file](const std::string& key) {
                return key != meshKeys[kMeshDeformed] && IsOn(file, key);
            });
 }

@@ -2,9 +2,12 @@
 // it. Never touches the file system, the terminal or the engine.
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
+
+#include "problems/Problem.h"
 
 namespace host {
 
@@ -18,6 +21,14 @@ using ControlFile = std::map<std::string, std::string>;
 /// for the problems.
 ControlFile ReadControlFile(const std::string& name, std::string_view text);
 
+/// The number of a value's line in a file without faults, or of the line before which it would
+/// stand. Named as in a ControlFile.
+std::uint32_t LineOf(std::string_view text, const std::string& name);
+
+/// What is odd in a file without faults, though the engine writes it when it is told so: warnings,
+/// in the order of the lines.
+Problems OdditiesOf(const std::string& name, std::string_view text, const ControlFile& file);
+
 /// A number as the file prints it, with three decimals.
 std::string Printed(double number);
 
@@ -27,6 +38,9 @@ inline constexpr const char* meshKeys[] = {"IsOriginalMesh", "IsDeformedMesh", "
 
 /// The options of kItemMicroMechanics, by option.
 inline constexpr const char* compositeModels[] = {"traditional", "Halpin-Tsai", "Mori-Tanaka"};
+
+/// One of the two mesh kinds that need a mapped mesh.
+bool IsMapped(const ControlFile& file);
 
 /// Whether the value of a key is there and 1.
 bool IsOn(const ControlFile& file, const std::string& key);

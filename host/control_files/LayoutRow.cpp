@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "control_files/ControlFile.h"
+#include "control_files/QuotedLine.h"
 
 namespace host {
 
@@ -88,12 +89,15 @@ std::string LayoutRow::With(const std::string& value) const {
 
 std::string LayoutRow::InWords() const {
     if (IsFixed()) {
-        return before;
+        return QuotedLine(before);
     }
-    return With(IsSolverTag()                              ? "SOLVER"
-                : line->value == ControlFileValue::number  ? "N"
-                : line->value == ControlFileValue::decimal ? "N.NNN"
-                                                           : "...");
+    ControlFileRange range{};
+    GetControlFileRange(*line, &range);
+    return "a line like " +
+           QuotedLine(With(IsSolverTag()                              ? kSolverKeywords[0].keyword
+                           : line->value == ControlFileValue::number  ? std::to_string(range.lowest)
+                           : line->value == ControlFileValue::decimal ? Printed(0.0)
+                                                                      : "D:\\Path"));
 }
 
 std::string LayoutRow::RangeAgainst(const std::string& value) const {

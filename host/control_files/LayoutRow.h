@@ -26,8 +26,10 @@ struct LayoutRow {
     /// The value in a line that is this row with a value of its kind.
     std::optional<std::string> ValueIn(const std::string& text) const;
 
-    /// The row with a value in its place, or with words in the place of the value.
+    /// The row with a value in its place.
     std::string With(const std::string& value) const;
+
+    /// The row for a message: its text, or an example with some value.
     std::string InWords() const;
 
     /// The range that the row prints, "1~100", when a value is outside it; otherwise empty.

@@ -9,6 +9,7 @@
 
 #include "control_files/ControlFile.h"
 #include "control_files/LayoutRow.h"
+#include "control_files/QuotedLine.h"
 #include "problems/Problem.h"
 
 namespace host {
@@ -21,6 +22,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 struct Line {
     std::string text;
     std::string key;
+    bool hasReturn;  ///< it ends in CR LF
 };
 
 /// The lines of a text without their ends, which are LF or CR LF. At least one; no more than bound
@@ -31,10 +33,11 @@ std::vector<Line> SplitLines(std::string_view text) {
     do {
         const std::size_t length = std::min(text.find('\n'), text.size());
         std::string line(text.substr(0, length));
-        if (line.ends_with('\r')) {
+        const bool hasReturn = line.ends_with('\r');
+        if (hasReturn) {
             line.pop_back();
         }
-        lines.push_back({line, ControlFileKey(line)});
+        lines.push_back({line, ControlFileKey(line), hasReturn});
         text.remove_prefix(std::min(length + 1, text.size()));
     } while (!text.empty() && lines.size() < mostLines);
     return lines;
@@ -50,14 +53,8 @@ std::vector<LayoutRow> RowsFor(const std::vector<Line>& lines) {
     return rows;
 }
 
-/// A line for a message, which a file that is none of the engine's may have endless ones for.
-std::string QuotedLine(const std::string& line) {
-    constexpr std::size_t longest = 160;
-    return Quoted(line.size() > longest ? line.substr(0, longest) + "..." : line);
-}
-
-std::string Expected(const std::string& line, const std::string& found) {
-    return "expected " + QuotedLine(line) + ", found " + QuotedLine(found);
+std::string Expected(const std::string& words, const std::string& found) {
+    return "expected " + words + ", found " + QuotedLine(found);
 }
 
 /// What the values of several lines must keep.
@@ -67,30 +64,18 @@ struct Rule {
     std::string text;
 };
 
-std::string DensityRange() {
-    ControlFileRange range{};
-    const auto row = std::ranges::find(Layout(), "DensityReduction", &LayoutRow::key);
-    GetControlFileRange(*row->line, &range);
-    return std::to_string(range.lowest) + " to " + std::to_string(range.highest);
-}
-
 std::vector<Rule> RulesFor(const ControlFile& file) {
     const auto isOn = [&file](const char* key) { return IsOn(file, key); };
-    const bool isMapped = isOn(meshKeys[kMeshMapped]) || isOn(meshKeys[kMesh3DMappingShell]);
-    constexpr int models = std::size(compositeModels);
     const int model = std::stoi(file.at("IDCompositeModel"));
     return {
         {meshKeys[kMeshOriginal],
-         std::ranges::count_if(meshKeys, isOn) == (IsAnnealedMesh(file) ? 0 : 1),
-         "exactly one mesh kind must be 1, none for the annealed mesh"},
-        {"IDCompositeModel", model == kOptionResultsMissing || (model >= 0 && model < models),
-         "must be 0 to " + std::to_string(models - 1) + ", or " +
-             std::to_string(kOptionResultsMissing) + " when results are missing"},
-        {"MapFile", isMapped || file.at("MapFile") == " ",
+         std::ranges::count_if(meshKeys, isOn) <= (IsAnnealedMesh(file) ? 0 : 1),
+         "only one mesh kind can be 1, and none for the annealed mesh"},
+        {"IDCompositeModel", model == kOptionResultsMissing || model >= 0,
+         "must be a model from 0 on, or " + std::to_string(kOptionResultsMissing) +
+             " when results are missing"},
+        {"MapFile", IsMapped(file) || file.at("MapFile") == " ",
          "must be a single space, because the mesh is not mapped"},
-        {"DensityReduction",
-         file.at("[DENSITY REDUCTION] DensityReduction") != "0" || !isOn("IsDoDensityReduction"),
-         "must be " + DensityRange() + ", because density reduction is on"},
     };
 }
 
@@ -109,6 +94,7 @@ public:
         } else {
             ReadLines();
             CheckEnds();
+            CheckLineEnds();
         }
         if (faults_.empty()) {
             CheckRules();
@@ -125,9 +111,22 @@ private:
 
     bool HasMark() const { return text_.starts_with(byteOrderMark); }
 
+    bool EndsWithinLine() const { return !text_.ends_with('\n'); }
+
+    /// Of a line that the file ends within, the end is told and nothing else.
+    void AddUnlessCut(std::size_t line, const std::string& message) {
+        if (line + 1 < lines_.size() || !EndsWithinLine()) {
+            Add(line, message);
+        }
+    }
+
     /// Walks down lines and rows together.
     void ReadLines() {
         while (line_ < lines_.size() || row_ < rows_.size()) {
+            if (line_ == lines_.size()) {
+                AddUnlessCut(line_ - 1, "the file ends here, before " + rows_[row_].InWords());
+                return;
+            }
             if (RowsBefore(line_, row_) == 0) {
                 ReadLine(rows_[row_++]);
                 ++line_;
@@ -141,7 +140,7 @@ private:
         const std::string& text = lines_[line_].text;
         const std::optional<std::string> value = row.ValueIn(text);
         if (!value) {
-            Add(line_, Expected(row.InWords(), text));
+            AddUnlessCut(line_, Expected(row.InWords(), text));
         } else if (const std::string range = row.RangeAgainst(*value); !range.empty()) {
             Add(line_, Quoted(row.key) + " is " + *value + "; allowed is " + range);
         } else {
@@ -153,7 +152,7 @@ private:
         if (!row.IsFixed()) {
             const std::string& kept = file_.emplace(row.name, value).first->second;
             if (kept != value) {  // the solver's second tag
-                Add(line_, Expected(row.With(kept), lines_[line_].text));
+                AddUnlessCut(line_, Expected(QuotedLine(row.With(kept)), lines_[line_].text));
             }
         } else if (row.line->presence != ControlFilePresence::always) {
             file_.emplace(row.name, "1");  // a line that only stands there when it says so
@@ -165,17 +164,14 @@ private:
     void TellDifference() {
         const std::size_t missing = RowsBefore(line_, row_);
         const std::size_t extra = LinesBefore(line_, row_);
-        const bool isLast = line_ == lines_.size() || row_ == rows_.size();
-        if (!isLast && (missing == extra || RowsBefore(line_ + 1, row_ + 1) == 0)) {
-            Add(line_, Expected(rows_[row_++].InWords(), lines_[line_].text));
-            ++line_;
-        } else if (line_ == lines_.size() || missing < extra) {
-            Add(std::min(line_, lines_.size() - 1),
-                Quoted(rows_[row_++].InWords()) + " is missing here");
+        const std::string& text = lines_[line_].text;
+        if (row_ < rows_.size() && (missing == extra || RowsBefore(line_ + 1, row_ + 1) == 0)) {
+            AddUnlessCut(line_++, Expected(rows_[row_++].InWords(), text));
+        } else if (missing < extra) {
+            AddUnlessCut(line_, rows_[row_++].InWords() + " is missing here");
         } else {
-            const std::string& text = lines_[line_].text;
-            Add(line_++,
-                (text.empty() ? "an empty line" : QuotedLine(text)) + " does not belong here");
+            AddUnlessCut(line_++, (text.empty() ? "an empty line" : QuotedLine(text)) +
+                                      " does not belong here");
         }
     }
 
@@ -202,8 +198,19 @@ private:
         if (HasMark()) {
             Add(0, "the file starts with a byte order mark");
         }
-        if (!text_.ends_with('\n')) {
+        if (EndsWithinLine()) {
             Add(lines_.size() - 1, "the file ends within this line: it has no line end");
+        }
+    }
+
+    /// All lines end in LF, or all in CR LF.
+    void CheckLineEnds() {
+        const std::size_t ended = lines_.size() - (EndsWithinLine() ? 1 : 0);
+        for (std::size_t i = 1; i < ended; ++i) {
+            if (lines_[i].hasReturn != lines_[0].hasReturn) {
+                return Add(i, lines_[i].hasReturn ? "the line ends in CR LF, those above in LF"
+                                                  : "the line ends in LF, those above in CR LF");
+            }
         }
     }
 
@@ -240,6 +247,21 @@ private:
 
 ControlFile ReadControlFile(const std::string& name, std::string_view text) {
     return Reader(name, text).Read();
+}
+
+std::uint32_t LineOf(std::string_view text, const std::string& name) {
+    const std::vector<LayoutRow>& rows = Layout();
+    const auto wanted = std::ranges::find(rows, name, &LayoutRow::name);
+    auto row = rows.begin();
+    std::uint32_t number = 0;
+    for (const Line& line : SplitLines(text)) {
+        ++number;
+        row = std::find_if(row, rows.end(), [&](const auto& r) { return r.IsOf(line.key); });
+        if (row >= wanted) {
+            break;
+        }
+    }
+    return number;
 }
 
 }  // namespace host

@@ -3,14 +3,17 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <zorbi2/ControlFileFormat.h>
 
+#include "commands/check/OfferCheck.h"
 #include "control_files/ControlFile.h"
 #include "problems/Problem.h"
+#include "tests/support/WatchedPlatform.h"
 
 namespace samples {
 
@@ -143,9 +146,28 @@ inline Reading Read(const std::string& text) {
 inline std::vector<std::string> InWords(const std::vector<host::Problem>& faults) {
     std::vector<std::string> words;
     for (const host::Problem& fault : faults) {
-        words.push_back(std::to_string(fault.place.line) + ": " + fault.message);
+        words.push_back(std::to_string(fault.place.line) +
+                        (fault.isWarning ? ": warning: " : ": ") + fault.message);
     }
     return words;
+}
+
+/// The same with what is odd and what does not fit together, as "check" finds it. The engines that
+/// are asked for their offers must see no files.
+inline Reading Check(const std::string& text, host::OfferCheck& offers) {
+    Reading reading = Read(text);
+    if (reading.faults.empty()) {
+        reading.faults = host::OdditiesOf("sample.cmi", text, reading.values);
+        std::ranges::copy(offers.Check("sample.cmi", text, reading.values),
+                          std::back_inserter(reading.faults));
+    }
+    return reading;
+}
+
+inline std::vector<host::Problem> FoundIn(const std::string& text) {
+    static host::OfferCheck offers;
+    const support::WatchedPlatform noFiles;
+    return Check(text, offers).faults;
 }
 
 inline std::vector<std::string> FaultsOf(const std::string& text) {

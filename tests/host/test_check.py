@@ -4,8 +4,9 @@ import json
 import shutil
 import unittest
 
-from program import EXAMPLE, EXPECTED, ON_WINDOWS, ProgramTest
+from program import EXAMPLE, EXPECTED, ON_WINDOWS, ROOT, ProgramTest
 
+GOLDEN = ROOT / "tests" / "golden"
 GOOD = "good.cmi"
 END_OF_HEADER = "[\\HEADER]"
 
@@ -33,7 +34,7 @@ class Check(ProgramTest):
     def words(self, *changes):
         """What a changed file asks for, by label."""
         done = self.run_program("check", "--show", self.damage(*changes))
-        self.check(done, 0)
+        self.check(done, 0, stderr=None)
         lines = done.stdout.replace("\n" + " " * 21, " ").splitlines()[1:]
         return dict(line.strip().split(":", 1) for line in lines)
 
@@ -94,11 +95,35 @@ class Check(ProgramTest):
                            ("IsOriginalMesh = 1", "IsOriginalMesh = 0"),
                            ("IsMappedMesh = 0", "IsMappedMesh = 1"),
                            ("QuadraticElement = 1", "QuadraticElement = 0"),
-                           ("SolverType = 0", "SolverType = 1"),
                            ("ProjectType = 0", "ProjectType = 9"))
         self.assertEqual(words["Mesh"].strip(), "mapped, linear elements")
         self.assertEqual(words["Mapped mesh"].strip(), '"D:\\mesh ü.inp"')
-        self.assertEqual(words["Project"].strip(), "shell, type 9")
+        self.assertEqual(words["Project"].strip(), "solid, type 9")
+
+    def golden_words(self, name):
+        """What a file of the engine's own tests asks for, by label."""
+        done = self.run_program("check", "--show", "--json", GOLDEN / name)
+        self.check(done, 0)
+        return json.loads(done.stdout)["files"][0]["asks"]
+
+    def test_words_for_other_projects(self):
+        self.assertEqual(self.golden_words("ShellAnsys.cmi")["Project"], "shell, type 0")
+        self.assertEqual(self.golden_words("NeitherSolidNorShell.cmi")["Project"],
+                         "solver type 2, type 0")
+
+    def test_words_for_annealing(self):
+        words = self.golden_words("AnsysAnnealed.cmi")
+        self.assertEqual(words["Mesh"], "deformed after annealing, linear elements")
+        self.assertEqual(words["Annealing"], "on")
+        self.assertIn("annealing-stress", words["Items on"])
+        self.assertEqual(words["Project"], "solid, type 3")
+
+    def test_words_for_what_no_dialog_offers(self):
+        words = self.golden_words("WorkbenchUnlistedMesh.cmi")
+        self.assertEqual(words["Mesh"], "none, linear elements")
+        words = self.golden_words("LevelsBeyondTheOptions.cmi")
+        self.assertEqual(words["Micro mechanics"], "model 9")
+        self.assertEqual(words["Density reduction"], "factor 0")
 
     def test_words_for_other_meshes(self):
         words = self.words(("IsOriginalMesh = 1", "IsOriginalMesh = 0"),
@@ -109,6 +134,77 @@ class Check(ProgramTest):
                            ("ProjectType = 0", "ProjectType = 3"),
                            (flag, flag + "IsAnnealingDeformedMesh = 1 (0:off,1:on)\n"))
         self.assertEqual(words["Mesh"].strip(), "deformed after annealing, quadratic elements")
+
+    def test_every_golden_file_is_without_an_error(self):
+        files = sorted(GOLDEN.glob("*.cmi"))
+        done = self.run_program("check", "--json", *files)
+        self.check(done, 0)
+        document = json.loads(done.stdout)
+        self.assertEqual([entry["ok"] for entry in document["files"]], [True] * len(files))
+        self.assertEqual({problem["severity"] for problem in document["problems"]}, {"warning"})
+
+    def test_what_does_not_fit_is_told(self):
+        runner = "IsRunnerOutput =                1   (0:off,1:on)\n"
+        name = self.damage((runner, ""))
+        warning = (f'bad.cmi:{self.line("IsRunnerOutput")}: {{}}"IsRunnerOutput" has no line, but '
+                   'the item is offered for ANSYS with mesh kind "original" in a solid project of '
+                   'type 0\n')
+        self.check(self.run_program("check", name), 0, "bad.cmi: no faults, 1 warning\n",
+                   warning.format("warning: "))
+        self.check(self.run_program("check", "--strict", name), 1, "", warning.format(""))
+        last = "IsDoDensityReduction"
+        name = self.damage((last, f"IsAnnealingstressOutput =\t0   (0:off,1:on)\n{last}"))
+        self.check(self.run_program("check", name), 1, "",
+                   f'bad.cmi:{self.line(last)}: "IsAnnealingstressOutput" has a line, but the item '
+                   'is never offered in a solid project of type 0\n')
+
+    def test_a_file_from_standard_input(self):
+        text = (self.folder / GOOD).read_bytes()
+        done = self.run_program("check", "-", input=text)
+        self.check(done, 0, "-: no faults\n")
+        done = self.run_program("check", "-", input=text.replace(b"[HEADER]", b"[HEADER"))
+        self.check(done, 1, "", '-:3: expected "[HEADER]", found "[HEADER"\n')
+
+    def test_a_file_against_its_recipe(self):
+        self.make_run()
+        self.make_recipe()
+        self.check(self.run_program("write", "cover.toml"), 0, None)
+        written = self.folder / "Cover02.cmi"
+        self.check(self.run_program("check", "--against", "cover.toml", written), 0, None)
+        text = written.read_bytes().replace(b"\r\n", b"\n")
+        lines = text.decode("ascii", "replace").splitlines()
+        runner, segment = (next(i for i, line in enumerate(lines, 1) if line.startswith(key))
+                           for key in ("IsRunnerOutput", "SegmentY"))
+        old = lines[runner - 1]
+        text = text.replace(b"SegmentY = 80", b"SegmentY = 79").replace(old.encode() + b"\n", b"")
+        (self.folder / "other.cmi").write_bytes(text + b"# mine\n")
+        done = self.run_program("check", "--against", "cover.toml", "other.cmi")
+        self.check(done, 1, "", None)
+        told = [line for line in done.stderr.splitlines() if "recipe" in line]
+        self.assertEqual(told, [
+            f'other.cmi:{runner}: the recipe writes "{old}" before this line',
+            f'other.cmi:{segment - 1}: the recipe writes "SegmentY = 80 (1~100)", not '
+            '"SegmentY = 79 (1~100)"',
+            f'other.cmi:{len(lines)}: the recipe does not write "# mine"'])
+
+    def test_line_ends_are_no_difference(self):
+        self.make_run()
+        self.make_recipe()
+        self.check(self.run_program("write", "cover.toml"), 0, None)
+        text = (self.folder / "Cover02.cmi").read_bytes().replace(b"\r\n", b"\n")
+        for name, end in (("lf.cmi", b"\n"), ("crlf.cmi", b"\r\n")):
+            (self.folder / name).write_bytes(text.replace(b"\n", end))
+            self.check(self.run_program("check", "--against", "cover.toml", name), 0,
+                       f"{name}: no faults\n", None)
+
+    def test_a_recipe_that_cannot_be_written_is_told(self):
+        done = self.run_program("check", "--against", "none.toml", GOOD)
+        self.check(done, 3, "", None)
+        self.assertTrue(done.stderr.startswith("none.toml: "), done.stderr)
+
+    def test_nothing_is_left_behind(self):
+        self.run_program("check", GOOD)
+        self.assertEqual(self.files(), [GOOD])
 
     def test_paths_are_never_broken(self):
         path = "D:\\" + "a  long folder " * 40 + "\\Cover"

@@ -8,12 +8,6 @@ namespace host {
 
 namespace {
 
-/// A line that both texts have (' '), or the old ('-') or the new one ('+') alone.
-struct Line {
-    char mark;
-    std::string text;
-};
-
 /// The lines with their ends; the last one may have none.
 std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;
@@ -38,27 +32,7 @@ std::vector<std::vector<std::size_t>> CommonLengths(const std::vector<std::strin
     return lengths;
 }
 
-std::vector<Line> Merged(const std::vector<std::string>& before,
-                         const std::vector<std::string>& after) {
-    const auto lengths = CommonLengths(before, after);
-    std::vector<Line> lines;
-    std::size_t i = 0;
-    std::size_t j = 0;
-    while (i < before.size() || j < after.size()) {
-        if (i < before.size() && j < after.size() && before[i] == after[j]) {
-            lines.push_back({' ', before[i++]});
-            ++j;
-        } else if (j == after.size() ||
-                   (i < before.size() && lengths[i + 1][j] >= lengths[i][j + 1])) {
-            lines.push_back({'-', before[i++]});
-        } else {
-            lines.push_back({'+', after[j++]});
-        }
-    }
-    return lines;
-}
-
-std::string Shown(const Line& line) {
+std::string Shown(const DifferenceLine& line) {
     std::string text = line.text;
     const bool hasEnd = text.ends_with('\n');
     text.resize(text.size() - (hasEnd ? 1 : 0));
@@ -82,12 +56,12 @@ std::string Range(std::size_t before, std::size_t count) {
 }
 
 /// One part of the difference, with its head.
-std::string Part(const std::vector<Line>& lines, std::size_t start, std::size_t end) {
+std::string Part(const std::vector<DifferenceLine>& lines, std::size_t start, std::size_t end) {
     const auto count = [&lines](std::size_t from, std::size_t to, char unless) {
         const auto first = lines.begin();
         return static_cast<std::size_t>(std::count_if(
             first + static_cast<std::ptrdiff_t>(from), first + static_cast<std::ptrdiff_t>(to),
-            [unless](const Line& line) { return line.mark != unless; }));
+            [unless](const DifferenceLine& line) { return line.mark != unless; }));
     };
     std::string text = "@@ -" + Range(count(0, start, '+'), count(start, end, '+')) + " +" +
                        Range(count(0, start, '-'), count(start, end, '-')) + " @@\n";
@@ -99,10 +73,30 @@ std::string Part(const std::vector<Line>& lines, std::size_t start, std::size_t 
 
 }  // namespace
 
+std::vector<DifferenceLine> MergedLines(const std::vector<std::string>& before,
+                                        const std::vector<std::string>& after) {
+    const auto lengths = CommonLengths(before, after);
+    std::vector<DifferenceLine> lines;
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < before.size() || j < after.size()) {
+        if (i < before.size() && j < after.size() && before[i] == after[j]) {
+            lines.push_back({' ', before[i++]});
+            ++j;
+        } else if (j == after.size() ||
+                   (i < before.size() && lengths[i + 1][j] >= lengths[i][j + 1])) {
+            lines.push_back({'-', before[i++]});
+        } else {
+            lines.push_back({'+', after[j++]});
+        }
+    }
+    return lines;
+}
+
 std::string TextDifference(const std::string& oldName, const std::string& oldText,
                            const std::string& newName, const std::string& newText) {
     constexpr std::size_t context = 3;
-    const std::vector<Line> lines = Merged(LinesOf(oldText), LinesOf(newText));
+    const std::vector<DifferenceLine> lines = MergedLines(LinesOf(oldText), LinesOf(newText));
     const auto nextChange = [&lines](std::size_t from) {
         while (from < lines.size() && lines[from].mark == ' ') {
             ++from;

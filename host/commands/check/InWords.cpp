@@ -1,0 +1,106 @@
+#include "commands/check/InWords.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include <zorbi2/ZorbI2Types.h>
+
+#include "recipes/Names.h"
+
+namespace host {
+
+namespace {
+
+std::string ItemsWith(const char* flag, const ControlFile& file) {
+    Vocabulary items;
+    for (const auto& [itemId, key] : itemKeys) {
+        if (file.contains(key) && file.at(key) == flag) {
+            items.emplace_back(itemId, NameOf(itemId, shortNames));
+        }
+    }
+    return items.empty() ? "none" : Listed(items);
+}
+
+std::string MeshOf(const ControlFile& file) {
+    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
+    if (IsAnnealedMesh(file)) {
+        return "deformed after annealing";
+    }
+    const auto kind = std::ranges::find_if(meshKeys, isOn) - std::begin(meshKeys);
+    return static_cast<std::size_t>(kind) < meshKinds.size() ? meshKinds[kind].second : "none";
+}
+
+std::string CompositeModelOf(const ControlFile& file) {
+    const int model = std::stoi(file.at("IDCompositeModel"));
+    return model == kOptionResultsMissing ? "results missing"
+           : model < static_cast<int>(std::size(compositeModels))
+               ? compositeModels[model]
+               : "model " + std::to_string(model);
+}
+
+std::string ProjectOf(const ControlFile& file) {
+    const std::string& solverType = file.at("SolverType");
+    return (solverType == std::to_string(kSolidProject)   ? "solid"
+            : solverType == std::to_string(kShellProject) ? "shell"
+                                                          : "solver type " + solverType) +
+           (", type " + file.at("ProjectType"));
+}
+
+/// The values of keys that differ in one character: "80 x 80 x 80".
+std::string Product(const ControlFile& file, const std::string& before, const std::string& axes,
+                    const std::string& after) {
+    std::string words;
+    for (const char axis : axes) {
+        words += (words.empty() ? "" : " x ") + file.at(before + axis + after);
+    }
+    return words;
+}
+
+/// The material reduction that a section describes.
+std::string ReductionOf(const ControlFile& file, const std::string& section) {
+    return "angle segments " + Product(file, section + " FiberTheta", "XYZ", "Segment") +
+           ", strength segments " + Product(file, section + " FiberStrength", "XY", "Segment");
+}
+
+std::string WeldLinesOf(const ControlFile& file) {
+    std::string words;
+    for (int number = 1; number <= 3; ++number) {  // angle 1 is always 0
+        words += file.at("[REDUCTION RATE] ReductionRate" + std::to_string(number)) + " at " +
+                 file.at("[WELDLINE ANGLE] WeldlineAngle" + std::to_string(number + 1)) +
+                 " degrees, ";
+    }
+    return words + "Digimat " + file.at("[DIGIMAT WELDLINE ANGLE] WeldlineAngle") + " degrees";
+}
+
+}  // namespace
+
+Json InWords(const ControlFile& file) {
+    const auto onOff = [&file](const char* key) { return IsOn(file, key) ? "on" : "off"; };
+    const auto when = [&file](const char* flag, const std::string& words) {
+        return IsOn(file, flag) ? words : "off";
+    };
+    const std::string elements = IsOn(file, "QuadraticElement") ? "quadratic" : "linear";
+    return {
+        {"Solver", file.at("SolverName").empty() ? "none" : file.at("SolverName")},
+        {"Mesh", MeshOf(file) + ", " + elements + " elements"},
+        {"Annealing", onOff("IsAnnealingDeformedMesh")},
+        {"Mapped mesh", file.at("MapFile") == " " ? "none" : Quoted(file.at("MapFile"))},
+        {"Map domain", "segments " + Product(file, "[MAP DOMAIN] Segment", "XYZ", "")},
+        {"Output folder", Quoted(file.at("OutFolder"))},
+        {"Project", ProjectOf(file)},
+        {"Items on", ItemsWith("1", file)},
+        {"Items off", ItemsWith("0", file)},
+        {"Micro mechanics", CompositeModelOf(file)},
+        {"Fiber reduction",
+         when("IsDoMaterialReduction", ReductionOf(file, "[MATERIAL REDUCTION]"))},
+        {"Insert reduction", when("IsPartInsertMaterialReduction",
+                                  ReductionOf(file, "[PARTINSERT MATERIAL REDUCTION]"))},
+        {"Density reduction",
+         when("IsDoDensityReduction", "factor " + file.at("[DENSITY REDUCTION] DensityReduction"))},
+        {"Distributed model", onOff("IsDistributeModel")},
+        {"View-edit mapping", onOff("IsViewEditModelMapping")},
+        {"Weld lines", WeldLinesOf(file)},
+    };
+}
+
+}  // namespace host

@@ -1,0 +1,91 @@
+#include "control_files/QuotedLine.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace host {
+
+namespace {
+
+/// Code points that cannot be seen, beside the control characters.
+struct Invisible {
+    std::uint32_t first;
+    std::uint32_t last;
+};
+constexpr auto invisible = std::to_array<Invisible>({
+    {0x00, 0x1F},      // control characters
+    {0x7F, 0xA0},      // DEL, more control characters, and the space that does not break
+    {0xAD, 0xAD},      // soft hyphen
+    {0x2000, 0x200F},  // spaces, some without width, and marks of the writing direction
+    {0x2028, 0x202F},  // line separators and more marks
+    {0x205F, 0x206F},  // invisible operators
+    {0x3000, 0x3000},  // wide space
+    {0xFEFF, 0xFEFF},  // byte order mark
+});
+
+bool IsContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// Bytes of a UTF-8 character by its first byte; 0 when none starts so.
+std::size_t LengthAfter(unsigned char first) {
+    return first < 0x80                     ? 1
+           : first >= 0xC2 && first <= 0xDF ? 2
+           : first >= 0xE0 && first <= 0xEF ? 3
+           : first >= 0xF0 && first <= 0xF4 ? 4
+                                            : 0;
+}
+
+/// Bytes of the character that a text starts with; 0 when it is none that can be seen.
+std::size_t VisibleLength(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text[0]);
+    const std::size_t length = LengthAfter(first);
+    if (length == 0 || text.size() < length ||
+        !std::ranges::all_of(text.substr(1, length - 1), IsContinuation)) {
+        return 0;
+    }
+    std::uint32_t point = length == 1 ? first : first & (0x7FU >> length);
+    for (const char byte : text.substr(1, length - 1)) {
+        point = point << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
+    }
+    return std::ranges::any_of(
+               invisible,
+               [point](const auto& row) { return point >= row.first && point <= row.last; })
+               ? 0
+               : length;
+}
+
+std::string InDigits(char byte) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    const auto value = static_cast<unsigned char>(byte);
+    return byte == '\t' ? "\\t" : std::string("\\x") + digits[value >> 4U] + digits[value & 0xFU];
+}
+
+std::string_view StartOf(std::string_view line, std::size_t longest) {
+    while (longest > 0 && IsContinuation(line[longest])) {
+        --longest;
+    }
+    return line.substr(0, longest);
+}
+
+}  // namespace
+
+std::string QuotedLine(const std::string& line) {
+    constexpr std::size_t longest = 160;
+    const bool isLong = line.size() > longest;
+    std::string quoted = "\"";
+    std::string_view rest = isLong ? StartOf(line, longest) : line;
+    while (!rest.empty()) {
+        const std::size_t length = VisibleLength(rest);
+        quoted += length > 0 ? std::string(rest.substr(0, length)) : InDigits(rest[0]);
+        rest.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return quoted + (isLong                 ? "...\""
+                     : line.ends_with("  ") ? "\" (with spaces at its end)"
+                     : line.ends_with(' ')  ? "\" (with a space at its end)"
+                                            : "\"");
+}
+
+}  // namespace host
