@@ -78,7 +78,7 @@ Checked CheckFile(const std::string& name, const std::optional<std::string>& wan
 }
 
 /// Tells of a file that is fine.
-void Tell(const Checked& file, bool show, Terminal& terminal) {
+void ShowFile(const Checked& file, bool show, Terminal& terminal) {
     const std::size_t warnings = file.problems.size();
     (show ? terminal.out : terminal.news)
         << file.name << ": no faults"
@@ -116,7 +116,7 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
         }
         const bool isFine = !HasErrors(file.problems);
         if (isFine) {
-            Tell(file, options.show, terminal);
+            ShowFile(file, options.show, terminal);
             ++fine;
         }
         list.push_back(JsonOf(file, isFine));

@@ -14,7 +14,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-Words Names(const Vocabulary& vocabulary, const char* end) {
+Words NamesIn(const Vocabulary& vocabulary, const char* end) {
     Words names;
     for (const auto& [number, name] : vocabulary) {
         names.push_back(name + end);
@@ -25,13 +25,13 @@ Words Names(const Vocabulary& vocabulary, const char* end) {
 /// Values by their placeholder in the help.
 Words ValuesFor(const std::string& placeholder) {
     if (placeholder == "S") {
-        return Names(solverKeywords, "");
+        return NamesIn(solverKeywords, "");
     }
     if (placeholder == "M") {
-        return Names(meshKinds, "");
+        return NamesIn(meshKinds, "");
     }
     if (placeholder == "ITEM=CHOICE") {
-        return Names(shortNames, "=");
+        return NamesIn(shortNames, "=");
     }
     if (placeholder == "RECIPE") {
         return {":recipes"};
@@ -97,9 +97,9 @@ bool SplitAtEquals(Words& words) {
 }
 
 Words AllAfter(const CLI::App& app, const Words& words, std::string_view last) {
-    const Words commands = CommandsOf(app);
-    const auto name = std::ranges::find_first_of(words.begin(), words.end() - 1, commands.begin(),
-                                                 commands.end());
+    const Words known = CommandsOf(app);
+    const auto name =
+        std::ranges::find_first_of(words.begin(), words.end() - 1, known.begin(), known.end());
     const bool hasCommand = name != words.end() - 1;
     const CLI::App& command = hasCommand ? *app.get_subcommand(*name) : app;
     const std::string before = words.size() > 1 ? words[words.size() - 2] : "";
@@ -111,7 +111,7 @@ Words AllAfter(const CLI::App& app, const Words& words, std::string_view last) {
         std::ranges::copy(hasCommand ? Flags(app) : Words(), std::back_inserter(flags));
         return flags;
     }
-    return hasCommand ? Arguments(command) : commands;
+    return hasCommand ? Arguments(command) : known;
 }
 
 }  // namespace

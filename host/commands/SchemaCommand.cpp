@@ -53,7 +53,7 @@ Json TableSchema(const char* description) {
 
 /// Items go by any of their names; the short ones are those that editors offer.
 Json ChoicesSchema() {
-    Json schema = TableSchema("Item = an option, or \"on\" or \"off\"");
+    Json schema = TableSchema(R"(Item = an option, or "on" or "off")");
     const Json choice = {{"type", {"string", "integer", "boolean"}}};
     for (const auto& [itemId, name] : shortNames) {
         schema["properties"][name] = choice;

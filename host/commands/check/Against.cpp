@@ -37,6 +37,14 @@ struct Gap {
     Lines found;
 };
 
+/// Either of the lines may be missing.
+std::string DifferenceInWords(const std::string& wanted, const std::string& found) {
+    if (wanted.empty()) {
+        return "the recipe does not write " + found;
+    }
+    return "the recipe writes " + wanted + (found.empty() ? " before this line" : ", not " + found);
+}
+
 /// Tells of the lines in a gap that ends before a line of the file.
 void TellGap(const Gap& gap, const std::string& name, std::size_t end, Problems& problems) {
     const std::size_t start = end - gap.found.size();
@@ -44,12 +52,8 @@ void TellGap(const Gap& gap, const std::string& name, std::size_t end, Problems&
         const std::size_t line = start + std::min(i, gap.found.size()) + 1;
         const std::string wanted = i < gap.wanted.size() ? QuotedLine(gap.wanted[i]) : "";
         const std::string found = i < gap.found.size() ? QuotedLine(gap.found[i]) : "";
-        const std::string message = wanted.empty() ? "the recipe does not write " + found
-                                    : found.empty()
-                                        ? "the recipe writes " + wanted + " before this line"
-                                        : "the recipe writes " + wanted + ", not " + found;
-        problems.emplace_back(Place{name, static_cast<std::uint32_t>(line)}, message,
-                              ExitCode::notAvailable);
+        problems.emplace_back(Place{name, static_cast<std::uint32_t>(line)},
+                              DifferenceInWords(wanted, found), ExitCode::notAvailable);
     }
 }
 

@@ -51,7 +51,9 @@ std::string Product(const ControlFile& file, const std::string& before, const st
                     const std::string& after) {
     std::string words;
     for (const char axis : axes) {
-        words += (words.empty() ? "" : " x ") + file.at(before + axis + after);
+        std::string key = before;
+        key.append(1, axis).append(after);
+        words.append(words.empty() ? "" : " x ").append(file.at(key));
     }
     return words;
 }
