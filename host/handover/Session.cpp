@@ -19,7 +19,7 @@ namespace {
 
 const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}};
 
-std::string Folded(std::string text) {
+std::string InLowerCase(std::string text) {
     std::ranges::transform(text, text.begin(), [](char letter) {
         return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
@@ -106,12 +106,12 @@ void Session::WarnOfNothing(Problems& problems) const {
 /// The name that was looked for when a file of the run was not found because of its case. Names
 /// that are looked for end in lower case, and the reasons tell most of the endings.
 std::string Session::NameLookedFor(const std::string& file, const std::string& run) const {
-    const std::string ending = Folded(file.substr(std::min(run.size(), file.size())));
-    const bool isOfRun = Folded(file) == Folded(run) + ending && !ending.empty() &&
+    const std::string ending = InLowerCase(file.substr(std::min(run.size(), file.size())));
+    const bool isOfRun = InLowerCase(file) == InLowerCase(run) + ending && !ending.empty() &&
                          std::isdigit(static_cast<unsigned char>(ending[0])) == 0;
     const bool isOfItem = std::ranges::any_of(Engine().items, [&ending](const auto& item) {
         const std::string reason =
-            item->isAvailable ? "" : Folded(item->options.at(kOptionResultsMissing));
+            item->isAvailable ? "" : InLowerCase(item->options.at(kOptionResultsMissing));
         return reason.ends_with("*" + ending) || reason.ends_with("*" + ending + ".");
     });
     return isOfRun && (isOfItem || !file.starts_with(run)) ? run + ending : file;
