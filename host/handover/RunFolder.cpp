@@ -158,7 +158,7 @@ void CheckRun(const Recipe& recipe) {
         Fail(place,
              project.projectFolder + " has no result file of " + base +
                  "; runs there: " + Listed(RunsAmong(EntriesOf(folder, place))) +
-                 "; project.empty_run = true says that it is meant",
+                 "; set project.empty_run = true if the run is empty on purpose",
              ExitCode::fileTrouble);
     }
 }

@@ -94,6 +94,17 @@ class ProgramTest(unittest.TestCase):
         listed = text[text.index("Subcommands:\n"):].split("\n\n")[0]
         return re.findall(r"^  ([a-z]+) ", listed, flags=re.M)
 
+    def as_nobody(self):
+        """What makes the program's process one without the rights of root. Counts of lines that ran
+        go to where such a process may write."""
+        if os.geteuid() != 0:
+            return {}
+        counts = tempfile.mkdtemp()
+        self.addCleanup(shutil.rmtree, counts)
+        os.chmod(counts, 0o777)
+        return {"user": 65534, "group": 65534, "extra_groups": [],
+                "environment": {"GCOV_PREFIX": counts}}
+
     def on_terminal(self, *arguments, columns=80, environment=None, stream="stdout",
                     code=0):
         """What the program prints on a terminal, its line ends as in a file."""

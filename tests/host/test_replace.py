@@ -17,14 +17,6 @@ LONG_AGO = 1_000_000_000
 NOT_ON_WINDOWS = unittest.skipIf(ON_WINDOWS, "links, modes and pipes are POSIX's")
 
 
-def demote():
-    """Makes the program's process one without the rights of root."""
-    if os.geteuid() == 0:
-        os.setgroups([])
-        os.setgid(65534)
-        os.setuid(65534)
-
-
 class Replace(ProgramTest):
     def setUp(self):
         super().setUp()
@@ -200,22 +192,23 @@ class Replace(ProgramTest):
         self.as_another_user()
         self.file.write_text(OLD)
         self.file.chmod(0o444)
-        self.refused("cannot be written: Permission denied", "--force", preexec_fn=demote)
+        self.refused("cannot be written: Permission denied", "--force", **self.as_nobody())
 
     @NOT_ON_WINDOWS
     def test_a_folder_without_write_permission_takes_no_file(self):
         self.as_another_user()
         self.folder.chmod(0o555)
         self.addCleanup(self.folder.chmod, 0o700)
-        self.refused("cannot be written: Permission denied", preexec_fn=demote)
+        self.refused("cannot be written: Permission denied", **self.as_nobody())
 
     def as_another_user(self):
         """Opens the folder for the user that the process becomes."""
         self.folder.chmod(0o777)
         try:
-            subprocess.run([PROGRAM, "--version"], preexec_fn=demote, check=True,
-                           stdout=subprocess.DEVNULL)
-        except (PermissionError, subprocess.CalledProcessError):
+            done = self.run_program("--version", **self.as_nobody())
+        except PermissionError:
+            done = None
+        if done is None or done.returncode != 0:
             self.skipTest("another user cannot run the program")
 
     @unittest.skipUnless(ON_WINDOWS, "an attribute of Windows")

@@ -20,7 +20,7 @@ class RunFolder(ProgramTest):
 
     def no_file(self, base, runs):
         return (f" has no result file of {base}; runs there: {runs}; "
-                "project.empty_run = true says that it is meant")
+                "set project.empty_run = true if the run is empty on purpose")
 
     def test_a_wrong_number_or_name(self):
         self.make_run(files=[".k5f"])
@@ -58,7 +58,7 @@ class RunFolder(ProgramTest):
         if os.geteuid() == 0 and not all(path.stat().st_mode & 1 for path in
                                          pathlib.Path(PROGRAM).resolve().parents):
             self.skipTest("only the system's administrator can start the program")
-        nobody = {"user": 65534} if os.geteuid() == 0 else {}
+        nobody = self.as_nobody()
         self.folder.chmod(0o755)
         path = self.make_run()
         path.chmod(0o311)
