@@ -1,5 +1,4 @@
 // The command "check": reads control parameter files from disk and reports their faults.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -21,7 +20,7 @@ namespace {
 
 struct CheckOptions {
     std::vector<std::string> files;
-    std::string recipe;  ///< that they are compared with; empty: none
+    std::optional<std::string> recipe;  ///< that they are compared with
     bool show = false;
 };
 
@@ -101,8 +100,8 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
     Surroundings host(terminal);
     OfferCheck offers;
     std::optional<std::string> wanted;
-    if (!options.recipe.empty()) {
-        wanted = TextOfRecipe(options.recipe, host);
+    if (options.recipe) {
+        wanted = TextOfRecipe(*options.recipe, host);
     }
     Problems problems;
     Json list = Json::array();
@@ -131,15 +130,12 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
 
 }  // namespace
 
-RunFunction AddCheck(CLI::App& commandLine) {
+RunFunction AddCheck(Arguments& arguments) {
     const auto options = std::make_shared<CheckOptions>();
-    commandLine.add_option("FILE", options->files, "Control parameter files, - for standard input")
-        ->required();
-    commandLine
-        .add_option("--against", options->recipe,
-                    "Compare each line with what a recipe would write")
-        ->type_name("RECIPE");
-    commandLine.add_flag("--show", options->show, "Tell in words what each file asks for");
+    arguments.Words("FILE", options->files, "Control parameter files, - for standard input");
+    arguments.Value("--against", "RECIPE", options->recipe,
+                    "Compare each line with what a recipe would write");
+    arguments.Flag("--show", options->show, "Tell in words what each file asks for");
     return [options](Terminal& terminal) { return RunCheck(*options, terminal); };
 }
 

@@ -36,7 +36,8 @@ void AddCommand(CLI::App& app, const Command& row, CommandCall& call) {
         std::string("--json, --trace, --quiet, --strict: see zorbi2 --help\n\nExample:\n  ") +
         row.example);
     command.fallthrough();  // --json and its like may stand behind the command
-    command.callback([&call, name = row.name, run = row.add(command)] {
+    Arguments arguments(command);
+    command.callback([&call, name = row.name, run = row.add(arguments)] {
         call.options.command = name;
         call.run = run;
     });

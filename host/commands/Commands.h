@@ -5,12 +5,9 @@
 #include <functional>
 #include <span>
 
+#include "commands/Arguments.h"
 #include "console/Terminal.h"
 #include "problems/Problem.h"
-
-namespace CLI {
-class App;
-}
 
 namespace host {
 
@@ -21,17 +18,16 @@ struct Command {
     const char* name;
     const char* purpose;
     const char* example;
-    /// Adds arguments and options to the command line. Returns what runs the command with them
-    /// once they are read.
-    RunFunction (*add)(CLI::App& commandLine);
+    /// Adds what the command takes. Returns what runs the command with it once it is read.
+    RunFunction (*add)(Arguments& arguments);
 };
 
 std::span<const Command> Commands();
 
-RunFunction AddInit(CLI::App& commandLine);
-RunFunction AddItems(CLI::App& commandLine);
-RunFunction AddWrite(CLI::App& commandLine);
-RunFunction AddCheck(CLI::App& commandLine);
-RunFunction AddSchema(CLI::App& commandLine);
+RunFunction AddInit(Arguments& arguments);
+RunFunction AddItems(Arguments& arguments);
+RunFunction AddWrite(Arguments& arguments);
+RunFunction AddCheck(Arguments& arguments);
+RunFunction AddSchema(Arguments& arguments);
 
 }  // namespace host

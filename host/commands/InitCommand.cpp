@@ -1,12 +1,10 @@
 // The command "init": looks at the names of a run folder's files and writes a recipe from them.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <functional>
 #include <initializer_list>
 #include <iterator>
 #include <map>
 #include <memory>
-#include <regex>
 #include <set>
 #include <string_view>
 
@@ -95,18 +93,19 @@ Recipe RecipeOf(const Run& run, const std::string& folder) {
     return recipe;
 }
 
-/// Text of file names as TOML. Throws a Failure for what a recipe cannot hold.
+/// Text of file names as TOML, which escapes quotes and backslashes as JSON does. Throws a Failure
+/// for what a recipe cannot hold.
 std::string TomlText(const std::string& text) {
     const auto isControl = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
-    const std::string utf8 = Json(text).dump(-1, ' ', false, Json::error_handler_t::ignore);
-    if (Json::parse(utf8) != text) {
-        Fail({}, Quoted(text) + " is not UTF-8, as a recipe must be", ExitCode::fileTrouble);
-    }
     if (std::ranges::any_of(text, isControl)) {
         Fail({}, Quoted(text) + " has control characters, which a recipe cannot hold",
              ExitCode::fileTrouble);
     }
-    return Quoted(std::regex_replace(text, std::regex(R"([\\"])"), "\\$&"));
+    try {
+        return Json(text).dump();
+    } catch (const Json::type_error&) {
+        Fail({}, Quoted(text) + " is not UTF-8, as a recipe must be", ExitCode::fileTrouble);
+    }
 }
 
 std::string TomlFlag(std::int32_t flag) {
@@ -274,21 +273,16 @@ ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
 
 }  // namespace
 
-RunFunction AddInit(CLI::App& commandLine) {
+RunFunction AddInit(Arguments& arguments) {
     const auto options = std::make_shared<InitOptions>();
-    commandLine.add_option("RUN_FOLDER", options->folder, "Folder with the run's files")
-        ->required();
-    commandLine
-        .add_option("-o,--output", options->output,
-                    "Recipe to write, else NAME.toml; with --all its folder")
-        ->type_name("FILE");
-    commandLine.add_option("--name", options->name, "Project, where a folder has runs of several")
-        ->type_name("NAME");
-    commandLine.add_option("--run", options->number, "Run number, where a folder has several")
-        ->type_name("NUMBER");
-    commandLine.add_flag("--all", options->all,
-                         "Write a recipe for each run folder in RUN_FOLDER and below");
-    commandLine.add_flag("--force", options->force, "Replace an existing recipe");
+    arguments.Word("RUN_FOLDER", options->folder, "Folder with the run's files");
+    arguments.Value("-o,--output", "FILE", options->output,
+                    "Recipe to write, else NAME.toml; with --all its folder");
+    arguments.Value("--name", "NAME", options->name, "Project, where a folder has runs of several");
+    arguments.Value("--run", "NUMBER", options->number, "Run number, where a folder has several");
+    arguments.Flag("--all", options->all,
+                   "Write a recipe for each run folder in RUN_FOLDER and below");
+    arguments.Flag("--force", options->force, "Replace an existing recipe");
     return [options](Terminal& terminal) { return RunInit(*options, terminal); };
 }
 

@@ -1,5 +1,4 @@
 // The command "items": what the desktop dialog shows, for people or as JSON.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
 #include <memory>
@@ -230,22 +229,15 @@ ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
 
 }  // namespace
 
-RunFunction AddItems(CLI::App& commandLine) {
+RunFunction AddItems(Arguments& arguments) {
     const auto options = std::make_shared<ItemsOptions>();
-    commandLine
-        .add_option("RECIPE", options->recipes, "Recipe (TOML); --solvers can do without one")
-        ->expected(1);
-    CLI::Option* matrix = commandLine.add_flag("--matrix", options->matrix,
-                                               "Show items against solvers and mesh kinds instead");
-    commandLine
-        .add_flag("--solvers", options->solvers, "Show solvers, mesh kinds, element types instead")
-        ->excludes(matrix);
-    AddOverrides(commandLine, options->overrides);
-    commandLine.parse_complete_callback([options] {
-        if (options->recipes.empty() && !options->solvers) {
-            throw CLI::RequiredError("RECIPE");
-        }
-    });
+    arguments.WordUnless(options->solvers, "RECIPE", options->recipes,
+                         "Recipe (TOML); --solvers can do without one");
+    arguments.Flag("--matrix", options->matrix,
+                   "Show items against solvers and mesh kinds instead");
+    arguments.Flag("--solvers", options->solvers, "Show solvers, mesh kinds, element types instead",
+                   "--matrix");
+    AddOverrides(arguments, options->overrides);
     return [options](Terminal& terminal) { return RunItems(*options, terminal); };
 }
 

@@ -1,6 +1,5 @@
 #include "commands/RecipeCommand.h"
 
-#include <CLI/CLI.hpp>
 #include <limits>
 
 #include "handover/Engine.h"
@@ -9,14 +8,10 @@
 
 namespace host {
 
-void AddOverrides(CLI::App& commandLine, Overrides& overrides) {
-    commandLine.add_option("--solver", overrides.solver, "Solver instead of the recipe's")
-        ->type_name("S");
-    commandLine.add_option("--mesh", overrides.mesh, "Mesh kind instead of the recipe's")
-        ->type_name("M");
-    commandLine.add_option("--set", overrides.choices, "Choices instead of the recipe's")
-        ->type_name("ITEM=CHOICE")
-        ->allow_extra_args(false);
+void AddOverrides(Arguments& arguments, Overrides& overrides) {
+    arguments.Value("--solver", "S", overrides.solver, "Solver instead of the recipe's");
+    arguments.Value("--mesh", "M", overrides.mesh, "Mesh kind instead of the recipe's");
+    arguments.Values("--set", "ITEM=CHOICE", overrides.choices, "Choices instead of the recipe's");
 }
 
 void CheckFilesOfRun(const Recipe& recipe) {

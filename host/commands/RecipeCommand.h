@@ -5,20 +5,17 @@
 
 #include <zorbi2/CZorbI2EngineManager.h>
 
+#include "commands/Arguments.h"
 #include "console/Terminal.h"
 #include "recipes/Names.h"
 #include "recipes/Recipe.h"
 #include "system/Paths.h"
 #include "system/ScratchFolder.h"
 
-namespace CLI {
-class App;
-}
-
 namespace host {
 
-/// Adds the options that beat a recipe's solver, mesh kind and choices.
-void AddOverrides(CLI::App& commandLine, Overrides& overrides);
+/// Adds the flags that beat a recipe's solver, mesh kind and choices.
+void AddOverrides(Arguments& arguments, Overrides& overrides);
 
 /// Looks before the engine opens them at the files of a run that it reads. Throws a Failure for one
 /// that is no regular file, and may have no end, or is larger than it can be.

@@ -1,5 +1,4 @@
 // The command "schema": what a recipe looks like, as a JSON schema for editors.
-#include <CLI/CLI.hpp>
 #include <cctype>
 #include <cstdint>
 
@@ -97,7 +96,7 @@ ExitCode RunSchema(Terminal& terminal) {
 
 }  // namespace
 
-RunFunction AddSchema(CLI::App& /*commandLine*/) {
+RunFunction AddSchema(Arguments& /*arguments*/) {
     return RunSchema;
 }
 

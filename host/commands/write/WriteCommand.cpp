@@ -1,6 +1,5 @@
 // The command "write". The engine writes a control file in the scratch folder; it is read back and
 // compared with what was asked for, and only then takes the place of the old one.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 #include <set>
@@ -213,24 +212,19 @@ ExitCode Writer::Run() {
 
 }  // namespace
 
-RunFunction AddWrite(CLI::App& commandLine) {
+RunFunction AddWrite(Arguments& arguments) {
     const auto options = std::make_shared<WriteOptions>();
-    commandLine.add_option("RECIPE", options->recipes, "Recipes (TOML)")->required();
-    AddOverrides(commandLine, options->overrides);
-    commandLine.add_option("--out", options->overrides.controlFolder, "Folder for the files")
-        ->type_name("FOLDER");
-    CLI::Option* const dryRun = commandLine.add_flag("--dry-run", options->dryRun,
-                                                     "Print the files instead of writing them");
-    commandLine.add_flag("--diff", options->diff, "Print what would change instead of writing it")
-        ->excludes(dryRun);
-    commandLine
-        .add_flag("--check", options->check, "Write nothing, exit 1 when anything would change")
-        ->excludes(dryRun);
-    CLI::Option* const keep =
-        commandLine.add_flag("--no-clobber", options->keep, "Keep every existing file");
-    commandLine
-        .add_flag("--force", options->force, "Replace also what is not a control parameter file")
-        ->excludes(keep);
+    arguments.Words("RECIPE", options->recipes, "Recipes (TOML)");
+    AddOverrides(arguments, options->overrides);
+    arguments.Value("--out", "FOLDER", options->overrides.controlFolder, "Folder for the files");
+    arguments.Flag("--dry-run", options->dryRun, "Print the files instead of writing them");
+    arguments.Flag("--diff", options->diff, "Print what would change instead of writing it",
+                   "--dry-run");
+    arguments.Flag("--check", options->check, "Write nothing, exit 1 when anything would change",
+                   "--dry-run");
+    arguments.Flag("--no-clobber", options->keep, "Keep every existing file");
+    arguments.Flag("--force", options->force, "Replace also what is not a control parameter file",
+                   "--no-clobber");
     return [options](Terminal& terminal) { return Writer(*options, terminal).Run(); };
 }
 
