@@ -67,7 +67,7 @@ const CLI::Option* OptionWithValue(const CLI::App& command, const std::string& w
 }
 
 /// The values of the command's arguments: recipes, a folder, files.
-Words Arguments(const CLI::App& command) {
+Words ValuesOfArguments(const CLI::App& command) {
     for (const CLI::Option* option : command.get_options()) {
         if (option->get_positional()) {
             return ValuesFor(option->get_name(true));
@@ -111,7 +111,7 @@ Words AllAfter(const CLI::App& app, const Words& words, std::string_view last) {
         std::ranges::copy(hasCommand ? Flags(app) : Words(), std::back_inserter(flags));
         return flags;
     }
-    return hasCommand ? Arguments(command) : known;
+    return hasCommand ? ValuesOfArguments(command) : known;
 }
 
 }  // namespace
