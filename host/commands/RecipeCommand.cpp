@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "handover/Engine.h"
+#include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
 #include "system/SafeFile.h"
 
@@ -22,11 +23,9 @@ void CheckFilesOfRun(const Recipe& recipe) {
     constexpr std::uintmax_t any = std::numeric_limits<std::uintmax_t>::max();
     constexpr Row opened[] = {{".cmx", 1 << 20}, {".k5o", any}, {"_vox.k5o", any}};
     const CZorbFEAInformation& project = recipe.project;
-    const std::string number = std::to_string(project.runNumber);
-    const std::string run = project.projectName + (project.runNumber < 10 ? "0" : "") + number;
     for (const auto& [ending, largest] : opened) {
-        CheckRegularFile(PathOf(project.projectFolder) / PathOf(run + ending), largest,
-                         recipe.PlaceOf("project.folder"));
+        CheckRegularFile(PathOf(project.projectFolder) / PathOf(StartOfNames(project) + ending),
+                         largest, recipe.PlaceOf("project.folder"));
     }
 }
 

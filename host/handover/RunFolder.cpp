@@ -89,9 +89,16 @@ void AddReadings(const std::string& file, const std::string& folderNumber, RunsB
     }
 }
 
-bool HasFileOf(const Recipe& recipe, const std::string& base, const Place& place) {
+std::string InLowerCase(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return text;
+}
+
+bool HasFileOf(const Recipe& recipe, const Place& place) {
     return std::ranges::any_of(knownEndings, [&](std::string_view ending) {
-        const std::string file = base + std::string(ending);
+        const std::string file = StartOfNames(recipe.project) + std::string(ending);
         std::error_code error;
         const bool exists = fs::exists(PathOf(recipe.project.projectFolder) / PathOf(file), error);
         if (error) {
@@ -143,6 +150,11 @@ std::string Listed(const std::vector<Run>& runs) {
                          : list + "; " + std::to_string(others) + " more";
 }
 
+std::string StartOfNames(const CZorbFEAInformation& project) {
+    return project.projectName + (project.runNumber < 10 ? "0" : "") +
+           std::to_string(project.runNumber);
+}
+
 void CheckRun(const Recipe& recipe) {
     const CZorbFEAInformation& project = recipe.project;
     const Place place = recipe.PlaceOf("project.folder");
@@ -152,14 +164,35 @@ void CheckRun(const Recipe& recipe) {
     if (fs::directory_iterator(folder, error); error) {
         Fail(place, project.projectFolder + ": " + error.message(), ExitCode::fileTrouble);
     }
-    const std::string number = std::to_string(project.runNumber);
-    const std::string base = project.projectName + (number.size() < 2 ? "0" : "") + number;
-    if (!recipe.emptyRun && !HasFileOf(recipe, base, place)) {
+    if (!recipe.emptyRun && !HasFileOf(recipe, place)) {
         Fail(place,
-             project.projectFolder + " has no result file of " + base +
+             project.projectFolder + " has no result file of " + StartOfNames(project) +
                  "; runs there: " + Listed(RunsAmong(EntriesOf(folder, place))) +
                  "; set project.empty_run = true if the run is empty on purpose",
              ExitCode::fileTrouble);
+    }
+}
+
+void WarnOfCase(const Recipe& recipe, Problems& problems) {
+    const fs::path folder = PathOf(recipe.project.projectFolder);
+    std::map<std::string, std::string> names;  // those of the run, by what they are in lower case
+    for (const std::string_view ending : knownEndings) {
+        const std::string name = StartOfNames(recipe.project) + std::string(ending);
+        names[InLowerCase(name)] = name;
+    }
+    const Place place = recipe.PlaceOf("project.folder");
+    for (const fs::path& entry : EntriesOf(folder, place)) {
+        const std::string file = Utf8Of(entry.filename());
+        const auto name = names.find(InLowerCase(file));
+        std::error_code error;
+        if (name != names.end() && name->second != file &&
+            !fs::exists(folder / PathOf(name->second), error)) {
+            problems.push_back(Warning(place,
+                                       Quoted(file) +
+                                           " is not found: its name differs in case from " +
+                                           Quoted(name->second),
+                                       ExitCode::notAvailable));
+        }
     }
 }
 

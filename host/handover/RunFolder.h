@@ -30,8 +30,14 @@ std::vector<Run> RunsAmong(const std::vector<std::filesystem::path>& entries);
 /// "Cover, run 2; Lid, run 11", without those of a long list; "none" when there is no run.
 std::string Listed(const std::vector<Run>& runs);
 
+/// What the names of a run's files start with: "Cover02".
+std::string StartOfNames(const CZorbFEAInformation& project);
+
 /// Throws a Failure unless the recipe's folder can be listed and has a file of the recipe's run, or
 /// the recipe says that there need be none.
 void CheckRun(const Recipe& recipe);
+
+/// Warns of files that are not found, because their names differ in case from those of the run.
+void WarnOfCase(const Recipe& recipe, Problems& problems);
 
 }  // namespace host

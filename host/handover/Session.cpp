@@ -1,7 +1,6 @@
 #include "handover/Session.h"
 
 #include <algorithm>
-#include <cctype>
 #include <set>
 
 #include <zorbi2/CZorbI2Engine.h>
@@ -10,6 +9,7 @@
 
 #include "handover/AskedFor.h"
 #include "handover/Engine.h"
+#include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
 
@@ -18,13 +18,6 @@ namespace host {
 namespace {
 
 const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}};
-
-std::string InLowerCase(std::string text) {
-    std::ranges::transform(text, text.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-    return text;
-}
 
 }  // namespace
 
@@ -103,44 +96,6 @@ void Session::WarnOfNothing(Problems& problems) const {
     }
 }
 
-/// The name that was looked for when a file of the run was not found because of its case. Names
-/// that are looked for end in lower case, and the reasons tell most of the endings.
-std::string Session::NameLookedFor(const std::string& file, const std::string& run) const {
-    const std::string ending = InLowerCase(file.substr(std::min(run.size(), file.size())));
-    const bool isOfRun = InLowerCase(file) == InLowerCase(run) + ending && !ending.empty() &&
-                         std::isdigit(static_cast<unsigned char>(ending[0])) == 0;
-    const bool isOfItem = std::ranges::any_of(Engine().items, [&ending](const auto& item) {
-        const std::string reason =
-            item->isAvailable ? "" : InLowerCase(item->options.at(kOptionResultsMissing));
-        return reason.ends_with("*" + ending) || reason.ends_with("*" + ending + ".");
-    });
-    return isOfRun && (isOfItem || !file.starts_with(run)) ? run + ending : file;
-}
-
-void Session::WarnOfCase(Problems& problems) {
-    const Place place = recipe_.PlaceOf("project.folder");
-    const std::filesystem::path folder = PathOf(recipe_.project.projectFolder);
-    manager_.SetCMIFileFullPath(".", ForEngine(recipe_.project.projectName),
-                                recipe_.project.runNumber, "");
-    const std::string run =
-        Utf8Of(PathOfAny(FromEngineText(manager_.engine->cmiFileFullPath)).stem());
-    std::error_code error;
-    std::set<std::string> files;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        files.insert(Utf8Of(entry->path().filename()));
-    }
-    for (const std::string& file : files) {
-        const std::string wanted = NameLookedFor(file, run);
-        if (wanted != file && !std::filesystem::exists(folder / PathOf(wanted), error)) {
-            problems.push_back(Warning(
-                place,
-                Quoted(file) + " is not found: its name differs in case from " + Quoted(wanted),
-                ExitCode::notAvailable));
-        }
-    }
-}
-
 Problems Session::ApplyRecipe() {
     Problems problems = CheckTarget(recipe_, Engine());
     if (!problems.empty()) {
@@ -156,7 +111,7 @@ Problems Session::ApplyRecipe() {
     CheckRequired(problems);
     if (!HasErrors(problems)) {
         WarnOfNothing(problems);
-        WarnOfCase(problems);
+        WarnOfCase(recipe_, problems);
     }
     SortByLine(problems);
     return problems;

@@ -41,8 +41,6 @@ private:
     void SetWeldLines();
     void CheckRequired(Problems& problems) const;
     void WarnOfNothing(Problems& problems) const;
-    void WarnOfCase(Problems& problems);
-    std::string NameLookedFor(const std::string& file, const std::string& run) const;
     std::string ReasonAgainst(std::int32_t itemId) const;  ///< that it comes out as 1
 
     const Recipe& recipe_;

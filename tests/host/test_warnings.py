@@ -49,7 +49,8 @@ class Warnings(ProgramTest):
     def test_names_that_differ_only_in_case(self):
         for file, wanted in (("cover02.k5o", "Cover02.k5o"), ("COVER02.K5F", "Cover02.k5f"),
                              ("Cover02.K5F", "Cover02.k5f"), ("Cover02.RSF", "Cover02.rsf"),
-                             ("Cover02_MEDI.CRP", "Cover02_medi.crp")):
+                             ("Cover02_MEDI.CRP", "Cover02_medi.crp"),
+                             ("Cover02.K5S", "Cover02.k5s"), ("cover02.CMX", "Cover02.cmx")):
             with self.subTest(file):
                 folder = self.make_run(files=[".k5p"])
                 (folder / file).write_text("")
