@@ -155,10 +155,10 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
     if (fs::is_directory(path, unknown)) {
         Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
     }
-    if (fs::exists(path, unknown) && !mayReplace) {
+    const std::string reason = mayReplace ? ReplaceFile(path, text) : MakeFile(path, text);
+    if (!reason.empty() && !mayReplace && fs::exists(path, unknown)) {
         Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
     }
-    const std::string reason = ReplaceFile(path, text);
     if (!reason.empty()) {
         Fail({file}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }
@@ -239,6 +239,7 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
         Fail({Utf8Of(root)}, "no such run lies there or below", ExitCode::fileTrouble);
     }
     CheckOpenFileLimit(found.size());
+    RemoveLeftOvers(output, fs::file_type::regular);
     NameRecipes(root, output, found);
     std::set<std::string> written;
     Json list = Json::array();
@@ -268,6 +269,7 @@ ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
     }
     const Run run = OnlyRun(RunsAmong(EntriesOf(folder, {})), folder, options);
     const fs::path file = absolute(options.output.value_or(run.name + run.number + ".toml"));
+    RemoveLeftOvers(file.parent_path(), fs::file_type::regular);
     return Report({}, terminal.options, WriteRecipe({run, folder, file}, options, terminal));
 }
 

@@ -61,6 +61,16 @@ std::string ReasonAgainstReplacing(const FilePlace& place, const fs::file_status
     return error ? error.message() : std::string();
 }
 
+/// Returns why it could not.
+std::string Put(const fs::path& file, const std::string& bytes, bool mayReplace) {
+    const FilePlace place = LookAtPlace(file);
+    if (!place.reason.empty()) {
+        return place.reason;
+    }
+    const std::error_code error = PutFile(place.file, TemporaryName(), bytes, mayReplace);
+    return error ? error.message() : std::string();
+}
+
 }  // namespace
 
 FilePlace LookAtPlace(const fs::path& file) {
@@ -84,12 +94,11 @@ FilePlace LookAtPlace(const fs::path& file) {
 }
 
 std::string ReplaceFile(const fs::path& file, const std::string& bytes) {
-    const FilePlace place = LookAtPlace(file);
-    if (!place.reason.empty()) {
-        return place.reason;
-    }
-    const std::error_code error = PutFile(place.file, TemporaryName(), bytes);
-    return error ? error.message() : std::string();
+    return Put(file, bytes, true);
+}
+
+std::string MakeFile(const fs::path& file, const std::string& bytes) {
+    return Put(file, bytes, false);
 }
 
 std::string TemporaryName() {

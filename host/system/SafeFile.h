@@ -21,6 +21,9 @@ FilePlace LookAtPlace(const std::filesystem::path& file);
 /// could not; the old file is whole then, and nothing is left behind.
 std::string ReplaceFile(const std::filesystem::path& file, const std::string& bytes);
 
+/// The same where no file is. One that comes meanwhile stays.
+std::string MakeFile(const std::filesystem::path& file, const std::string& bytes);
+
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();
 

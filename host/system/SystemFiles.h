@@ -24,9 +24,10 @@ std::error_code CheckWritable(const std::filesystem::path& path);
 std::error_code MakePrivateFolder(const std::filesystem::path& folder);
 
 /// Puts bytes in the place of a file, in one step, with its mode and, where the right exists, its
-/// owner and group. The bytes are on the disk when it returns. They come by way of a file with a
-/// temporary name in the same folder, which is made anew and gone in the end. No link is followed.
+/// owner and group; or, when none may be replaced, only where none is. The bytes are on the disk
+/// when it returns. They come by way of a file with a temporary name in the same folder, which is
+/// made anew and gone in the end. No link is followed.
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes);
+                        const std::string& bytes, bool mayReplace);
 
 }  // namespace host

@@ -78,6 +78,21 @@ bool Fill(int folder, const char* name, const struct stat* replaced, const std::
            (replaced == nullptr || TakeOver(file.number, *replaced)) && Synchronize(file.number);
 }
 
+/// A second link never replaces a file. Where a file system has none, the place is looked at first.
+bool Rename(int folder, const char* from, const char* to, bool mayReplace) {
+    if (mayReplace) {
+        return renameat(folder, from, folder, to) == 0;
+    }
+    if (linkat(folder, from, folder, to, 0) == 0) {
+        unlinkat(folder, from, 0);
+        return true;
+    }
+    const bool hasLinks = errno != EPERM && errno != ENOTSUP && errno != ENOSYS;
+    struct stat there {};
+    return !hasLinks && fstatat(folder, to, &there, AT_SYMLINK_NOFOLLOW) != 0 &&
+           renameat(folder, from, folder, to) == 0;
+}
+
 }  // namespace
 
 std::string MachineMark() {
@@ -112,7 +127,7 @@ std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes) {
+                        const std::string& bytes, bool mayReplace) {
     const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.number < 0) {
         return LastError();
@@ -122,7 +137,7 @@ std::error_code PutFile(const std::filesystem::path& file, const std::string& te
     const bool isThere = fstatat(folder.number, name.c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0;
     const bool isMoved =
         Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
-        renameat(folder.number, temporaryName.c_str(), folder.number, name.c_str()) == 0;
+        Rename(folder.number, temporaryName.c_str(), name.c_str(), mayReplace);
     if (!isMoved) {
         const std::error_code reason = LastError();
         unlinkat(folder.number, temporaryName.c_str(), 0);

@@ -82,11 +82,11 @@ std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes) {
+                        const std::string& bytes, bool mayReplace) {
     const std::filesystem::path temporary = file.parent_path() / temporaryName;
     std::error_code reason = Fill(temporary, bytes);
-    if (!reason && MoveFileExW(temporary.c_str(), file.c_str(),
-                               MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0) {
+    const DWORD how = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0);
+    if (!reason && MoveFileExW(temporary.c_str(), file.c_str(), how) == 0) {
         reason = LastError();
     }
     if (reason) {

@@ -273,6 +273,32 @@ class Replace(ProgramTest):
         self.assertEqual([name for name in self.files() if "/" not in name],
                          [FILE, "cover.toml", "other.toml"])
 
+    def results_of_many(self, *command):
+        """The exit codes and errors of the same command many times at once."""
+        many = [subprocess.Popen([*EMULATOR, PROGRAM, *command], cwd=self.folder, text=True,
+                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                for _ in range(3 if EMULATOR else 12)]
+        outputs = [process.communicate() for process in many]
+        return [(process.returncode, *output) for process, output in zip(many, outputs)]
+
+    def test_of_many_inits_at_once_one_makes_the_file(self):
+        for number in range(2 if EMULATOR else 8):
+            file = f"new{number}.toml"
+            results = self.results_of_many("init", "Run02", "-o", file)
+            refused = [error for code, _, error in results if code == 3]
+            self.assertEqual(sum(code == 0 for code, _, _ in results), 1, results)
+            self.assertEqual(refused, [f"{own_path(self.folder / file)}: already exists; --force "
+                                       "replaces it\n"] * (len(results) - 1))
+
+    def test_of_many_writes_at_once_that_keep_files_one_makes_the_file(self):
+        self.make_recipe()
+        for _ in range(2 if EMULATOR else 8):
+            results = self.results_of_many("write", "--no-clobber", "cover.toml")
+            said = sorted(output.split()[0] for _, output, _ in results)
+            self.assertEqual(said, ["kept"] * (len(results) - 1) + ["new"], results)
+            self.assert_whole()
+            (self.folder / FILE).unlink()
+
     @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root mounts file systems")
     def test_a_full_file_system_leaves_the_old_file(self):
         small = self.folder / "small"
@@ -354,6 +380,18 @@ class Replace(ProgramTest):
         self.assertEqual(sorted(os.listdir(scratch)), sorted([living, dead + "1"]))
         self.assertEqual(note.read_text(), "note")
         self.assertTrue((self.folder / "Run02" / "Cover02.k5f").exists())
+
+    @NOT_ON_WINDOWS
+    def test_what_a_killed_init_left_is_removed_by_the_next(self):
+        with subprocess.Popen(["true"]) as gone:
+            pass
+        dead, living = self.leftover_name(gone.pid), self.leftover_name(os.getpid())
+        for arguments in (["Run02", "-o", "new.toml"], ["--all", "Run02", "-o", "."]):
+            for name in (dead, living):
+                (self.folder / name).write_text("half")
+            self.check(self.run_program("init", *arguments), 0)
+            self.assertEqual([name for name in os.listdir(self.folder) if "zorbi2-" in name],
+                             [living])
 
     # ---- What the engine would open -----------------------------------------------------------
 

@@ -71,7 +71,7 @@ public:
 
 private:
     void WriteControlFile(Job& job);
-    void PutInPlace(const Job& job);
+    void PutInPlace(Job& job);
     void WriteJobs();
     void Show(const Job& job);
     void ShowSummary();
@@ -88,14 +88,17 @@ private:
     Json list_ = Json::array();
 };
 
-/// Puts the text in its place.
-void Writer::PutInPlace(const Job& job) {
+/// Puts the text in its place, unless a file that is to be kept has come there meanwhile.
+void Writer::PutInPlace(Job& job) {
     const fs::path folder = LookAtPlace(job.controlFile).file.parent_path();
     if (cleanFolders_.insert(folder).second) {
         RemoveLeftOvers(folder, fs::file_type::regular);
     }
-    const std::string reason = ReplaceFile(job.controlFile, job.text);
-    if (!reason.empty()) {
+    const std::string reason = options_.keep ? MakeFile(job.controlFile, job.text)
+                                             : ReplaceFile(job.controlFile, job.text);
+    if (!reason.empty() && options_.keep && LookAtPlace(job.controlFile).isTaken) {
+        job.change = Change::isKept;
+    } else if (!reason.empty()) {
         FailToWrite(job, reason);
     }
 }
