@@ -1,0 +1,59 @@
+"""An engine that writes something else than what was asked for: no line of it is believed."""
+
+import os
+import re
+import unittest
+
+from program import EXAMPLE, PROJECT, ProgramTest
+
+LIBRARY = os.environ.get("ZORBI2_WRONG_TEXT", "")
+ANNEALED = ('type = 3\n[target]\nsolver = "ABAQUS"\nmesh = "deformed"\nannealing = true\n'
+            "[output]\nfolder = 'D:\\Handover'\n")
+
+
+def other(line):
+    """The line with another value: each number one more or less, each text one character longer."""
+    key, value = line.split(" = ", 1) if " = " in line else ("", line)
+    number = re.match(r"[0-9.]+", value.strip())
+    if number is None:
+        return line + "x"
+    changed = "0" if number[0] == "1" else "1" if number[0] == "0" else "2.000" \
+        if "." in number[0] else str(int(number[0]) + 1)
+    return key + " = " * bool(key) + value.replace(number[0], changed, 1)
+
+
+@unittest.skipUnless(LIBRARY, "needs a library that the loader puts in front")
+class WrongFile(ProgramTest):
+    def write(self, recipe, line="no such text", instead=""):
+        return self.run_program("write", recipe, environment={
+            "LD_PRELOAD": LIBRARY, "ASAN_OPTIONS": "verify_asan_link_order=0",
+            "ZORBI2_WRONG_FROM": line + "\n", "ZORBI2_WRONG_TO": instead})
+
+    def check_each_line(self, recipe, file):
+        done = self.write(recipe)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        right = file.read_text(encoding="utf-8")
+        for line in right.splitlines():
+            for instead in (other(line) + "\n", "", line + "\n" + line + "\n"):
+                with self.subTest(line, instead=instead):
+                    self.assertIn(line + "\n", right)
+                    done = self.write(recipe, line, instead)
+                    self.assertEqual(done.returncode, 3)
+                    self.assertIn(f"{file}: cannot be written: not what was asked for: ",
+                                  done.stderr)
+                    self.assertEqual(file.read_text(encoding="utf-8"), right)
+
+    def test_every_line_of_the_example(self):
+        recipe = (EXAMPLE / "cover.toml").read_text(encoding="utf-8")
+        recipe = recipe.replace('"Run02"', f"'{EXAMPLE / 'Run02'}'")
+        self.make_recipe(recipe)
+        self.check_each_line("cover.toml", self.folder / "Cover02.cmi")
+
+    def test_every_line_of_an_annealed_project(self):
+        self.make_run()
+        self.make_recipe(PROJECT + ANNEALED)
+        self.check_each_line("cover.toml", self.folder / "Cover02.cmi")
+
+
+if __name__ == "__main__":
+    unittest.main()
