@@ -26,6 +26,8 @@ ScratchFolder::ScratchFolder() {
         fs::current_path(path_, error);
     }
     if (error) {
+        std::error_code ignored;
+        fs::remove(path_, ignored);
         Fail({}, "no temporary folder can be made: " + error.message(), ExitCode::fileTrouble);
     }
 }

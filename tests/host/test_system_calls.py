@@ -1,0 +1,134 @@
+"""System calls: their order when a file is replaced, and each of them failing once."""
+
+import os
+import re
+import shutil
+import subprocess
+import unittest
+
+from program import PROGRAM, ProgramTest
+
+STRACE = shutil.which("strace")
+FILE = "Cover02.cmi"
+OLD = "I2-Output Control Parameter File\n"
+# What a program asks of the system for files. Not close, whose failure leaves the file open.
+CALLS = ("openat read write newfstatat getdents64 getcwd chdir mkdir faccessat2 access readlink "
+         "fchown fchmod fsync linkat renameat unlink unlinkat rmdir ioctl").split()
+
+
+@unittest.skipUnless(STRACE and os.environ["ZORBI2_BUILD_TYPE"] == "Release",
+                     "needs strace; once, for the program as it is shipped, is enough")
+class SystemCalls(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.make_run()
+        self.make_recipe()
+        self.scratch = self.folder / "scratch"
+        self.scratch.mkdir()
+        self.calls = self.folder.with_name(self.folder.name + " calls")
+        self.addCleanup(self.calls.unlink, missing_ok=True)
+
+    def traced(self, *command, options=()):
+        return subprocess.run([STRACE, "-f", "--seccomp-bpf", "-o", self.calls, "-e", "trace=" + ",".join(CALLS),
+                               *options, PROGRAM, *command], cwd=self.folder, check=False,
+                              stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                              env={**os.environ, "TMPDIR": str(self.scratch)})
+
+    def list_of_calls(self):
+        """The calls of the last run as (name, all of it)."""
+        lines = self.calls.read_text(encoding="utf-8", errors="replace").splitlines()
+        calls = [re.match(r"\d+ +((\w+)\(.*)", line) for line in lines]
+        return [(call[2], call[1]) for call in calls if call]
+
+    def start_of_main(self, calls):
+        """Before it, the loader opens libraries, reads them and asks for their size."""
+        return 3 + max(i for i, (_, text) in enumerate(calls) if re.search(r'\.so[.0-9]*"', text))
+
+    def start_of_cleaning(self, calls):
+        """From there on the scratch folder is removed; it stays when that cannot be done."""
+        return max(i for i, (_, text) in enumerate(calls)
+                   if re.search(r'/scratch/zorbi2-[^/"]*", .*O_NOFOLLOW.*O_DIRECTORY', text))
+
+    def setup_file(self, text):
+        path = self.folder / FILE
+        path.unlink(missing_ok=True)
+        if text is not None:
+            path.write_text(text, encoding="utf-8")
+
+    def test_a_replaced_file_is_on_the_disk_before_it_gets_its_name(self):
+        for command, name in ((["write", "cover.toml"], FILE),
+                              (["init", "Run02", "-o", "new.toml"], "new.toml")):
+            for old in (None, OLD):
+                self.setup_file(old)
+                done = self.traced(*command)
+                self.assertEqual(done.returncode, 0, done.stderr)
+                steps = [text for call, text in self.list_of_calls()
+                         if call in ("fsync", "renameat", "linkat", "write")
+                         and not re.match(r"write\([12],", text)]
+                # The engine's own write comes first, in the scratch folder.
+                steps = [re.match(r"\w+", text)[0] for text in steps[-4:]]
+                moved = "renameat" if command[0] == "write" else "linkat"
+                self.assertEqual(steps, ["write", "fsync", moved, "fsync"])
+                self.assertRegex(self.calls.read_text(), rf'{moved}\(.*"{re.escape(name)}"')
+                (self.folder / "new.toml").unlink(missing_ok=True)
+
+    def check_after_fault(self, command, number, done, new, is_cleaning):
+        call, text = self.list_of_calls()[number]
+        what = f"{command[0]}: {text}\n{done.stdout}{done.stderr}"
+        self.assertIn("(INJECTED)", text)
+        self.assertIn(done.returncode, (0, 1, 2, 3), what)
+        if done.returncode != 0:
+            self.assertRegex(done.stderr, r"\A\S[^\n]+\n", what)
+        there = (self.folder / FILE).read_text(encoding="utf-8")
+        self.assertIn(there, (OLD, new), what)
+        if command[0] == "write" and done.returncode == 0:
+            self.assertEqual(there, new, what)
+        if not is_cleaning and call != "unlinkat":  # which removes a temporary file
+            left = [path for path in (*self.folder.iterdir(), *self.scratch.iterdir())
+                    if path.name.startswith("zorbi2-")]
+            self.assertEqual(left, [], what)
+
+    def fail_each_call(self, *command):
+        self.setup_file(OLD)
+        self.assertEqual(self.traced(*command).returncode, 0)
+        new = (self.folder / FILE).read_text(encoding="utf-8")
+        calls = self.list_of_calls()
+        tried = 0
+        for number in range(self.start_of_main(calls), len(calls)):
+            call = calls[number][0]
+            nth = [name for name, _ in calls[:number + 1]].count(call)
+            self.setup_file(OLD)
+            (self.folder / "new.toml").unlink(missing_ok=True)
+            done = self.traced(*command, options=[
+                "-e", f"inject={call}:error=EIO:when={nth}"])
+            with self.subTest(call=calls[number][1]):
+                self.check_after_fault(command, number, done, new,
+                                       number >= self.start_of_cleaning(calls))
+            self.clean()
+            tried += 1
+        print(f"{command[0]}: {tried} system calls failed")
+        self.assertGreater(tried, 20)
+
+    def clean(self):
+        for path in (*self.folder.iterdir(), *self.scratch.iterdir()):
+            if path.name.startswith("zorbi2-"):
+                shutil.rmtree(path) if path.is_dir() else path.unlink()
+
+    def test_each_call_of_write_fails_once(self):
+        self.fail_each_call("write", "cover.toml")
+
+    def test_each_call_of_init_fails_once(self):
+        self.fail_each_call("init", "Run02", "-o", "new.toml")
+
+    def test_each_call_of_items_fails_once(self):
+        self.fail_each_call("items", "cover.toml")
+
+    def test_each_call_of_check_fails_once(self):
+        self.setup_file(None)
+        self.run_program("write", "cover.toml")
+        shutil.copy(self.folder / FILE, self.folder / "read.cmi")
+        self.fail_each_call("check", "--against", "cover.toml", "read.cmi")
+
+
+if __name__ == "__main__":
+    unittest.main()
