@@ -1,13 +1,15 @@
 """Signals at any moment: whole files, nothing left behind, and an end as the signal's."""
 
 import os
+import pathlib
 import random
+import re
 import signal
 import subprocess
 import time
 import unittest
 
-from program import ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest
+from program import (EMULATOR, ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, own_path)
 
 FIRST_LINE = "I2-Output Control Parameter File\n"
 KILLS = 100
@@ -17,24 +19,16 @@ if not ON_WINDOWS:
               signal.SIGALRM, signal.SIGVTALRM, signal.SIGPROF, signal.SIGUSR1, signal.SIGUSR2]
 
 
-@unittest.skipIf(ON_WINDOWS, "the signals are POSIX's")
-class Signals(ProgramTest):
+class BatchTest(ProgramTest):
     def setUp(self):
         super().setUp()
         self.make_run()
         self.out = self.folder / "out"
         self.out.mkdir()
-        self.scratch = self.folder / "tmp"
-        self.scratch.mkdir()
-        self.environment = {**os.environ, "TMPDIR": str(self.scratch)}
 
     def make_recipes(self, count):
         return [self.make_recipe(f'{PROJECT}{TARGET}[control_file]\nname = "part{number}"\n',
                                  f"r{number}.toml") for number in range(count)]
-
-    def start(self, *arguments):
-        return subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, env=self.environment,
-                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
 
     def assert_whole_files(self):
         for path in self.out.iterdir():
@@ -42,6 +36,24 @@ class Signals(ProgramTest):
                 text = path.read_text(encoding="utf-8")
                 self.assertTrue(text.startswith(FIRST_LINE + "FileVersion"), path)
                 self.assertTrue(text.endswith("[\\REDUCTION RATE]\n"), path)
+
+    def wait_for(self, condition):
+        end = time.monotonic() + 60
+        while not condition():
+            self.assertLess(time.monotonic(), end)
+
+
+@unittest.skipIf(ON_WINDOWS, "the signals are POSIX's")
+class Signals(BatchTest):
+    def setUp(self):
+        super().setUp()
+        self.scratch = self.folder / "tmp"
+        self.scratch.mkdir()
+        self.environment = {**os.environ, "TMPDIR": str(self.scratch)}
+
+    def start(self, *arguments):
+        return subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, env=self.environment,
+                                stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
 
     def assert_nothing_left(self):
         self.assertEqual(os.listdir(self.scratch), [])
@@ -79,11 +91,6 @@ class Signals(ProgramTest):
                          "from r0.toml on\n")
         self.assertEqual(os.listdir(self.out), [])
         self.assert_nothing_left()
-
-    def wait_for(self, condition):
-        end = time.monotonic() + 20
-        while not condition():
-            self.assertLess(time.monotonic(), end)
 
     def test_a_signal_that_is_ignored_stays_so(self):
         names = self.make_recipes(100)
@@ -130,6 +137,67 @@ class Signals(ProgramTest):
                                     environment=self.environment), 0)
         self.assert_whole_files()
         self.assert_nothing_left()
+
+
+@unittest.skipUnless(ON_WINDOWS and EMULATOR, "needs Wine, which makes Ctrl-C of a signal")
+class Console(BatchTest):
+    def start(self, **streams):
+        names = self.make_recipes(200)
+        environment = {**os.environ, "WINEDEBUG": "-all", "TERM": "xterm"}
+        return subprocess.Popen([*EMULATOR, PROGRAM, "write", "--out", own_path(self.out), *names],
+                                cwd=self.folder, env=environment, **streams)
+
+    def process_number(self):
+        """The program's own; the emulator is started by a script."""
+        for path in pathlib.Path("/proc").glob("[0-9]*/cmdline"):
+            try:
+                words = path.read_bytes().decode().split("\0")
+            except OSError:  # gone meanwhile
+                continue
+            if words[0] == PROGRAM and own_path(self.out) in words:
+                return int(path.parent.name)
+        return self.fail("the program does not run")
+
+    def signal_when_writing(self, number):
+        self.wait_for(lambda: len(os.listdir(self.out)) > 3)
+        os.kill(self.process_number(), number)
+
+    def test_control_c_ends_a_batch_between_two_files(self):
+        master, slave = os.openpty()
+        with self.start(stdin=slave, stdout=slave, stderr=slave) as process:
+            os.close(slave)
+            self.signal_when_writing(signal.SIGINT)
+            text = b""
+            try:
+                while part := os.read(master, 65536):
+                    text += part
+            except OSError:  # the end, on Linux
+                pass
+        os.close(master)
+        self.assertEqual(process.returncode, 0xC000013A & 0xFF)
+        words = re.sub(r"\x1b\[[?0-9]*[a-zA-Z]", "", text.decode())
+        told = re.search(r"zorbi2: interrupted: (\d+) written, 0 failed, (\d+) not done, "
+                         r"from r(\d+)\.toml on", words)
+        self.assertTrue(told, words[-500:])
+        done, rest, first = map(int, told.groups())
+        self.assertEqual((done + rest, first), (200, done))
+        self.assertEqual(len(os.listdir(self.out)), done)
+        self.assert_whole_files()
+
+    def scratch_folders(self):
+        return set(pathlib.Path(EMULATOR[-1]).glob("drive_c/users/*/Temp/zorbi2-*"))
+
+    def test_what_a_killed_run_left_is_removed_by_the_next(self):
+        before = self.scratch_folders()
+        with self.start(stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL):
+            self.wait_for(lambda: len(os.listdir(self.out)) > 3)
+            left = self.scratch_folders() - before  # of this run, and of others that end soon
+            self.assertNotEqual(left, set())
+            os.kill(self.process_number(), signal.SIGKILL)
+        self.assert_whole_files()
+        self.wait_for(lambda: self.run_program("write", "r0.toml", "--out", "out").returncode == 0
+                      and not left & self.scratch_folders())
+        self.assertEqual([name for name in os.listdir(self.out) if not name.endswith(".cmi")], [])
 
 
 if __name__ == "__main__":
