@@ -280,7 +280,6 @@ void RefuseKey(const Reader& reader, const Place& place, const std::string& name
         words.emplace_back(0, word);
     }
     reader.Refuse(place, Unknown("key", name, words));
-    reader.problems.back().place.name = name;  // not said twice
 }
 
 void ReadKey(const Reader& reader, const Place& place, const std::string& name,
