@@ -54,14 +54,30 @@ std::string FileIdentity(const std::filesystem::path& file) {
     return std::filesystem::weakly_canonical(file, unknown).string();
 }
 
+namespace {
+
+/// The standard streams, and what else the process was born with.
+std::size_t OpenFiles() {
+    std::error_code error;
+    std::size_t count = 0;
+    for (std::filesystem::directory_iterator file("/dev/fd", error), end; !error && file != end;
+         file.increment(error)) {
+        ++count;
+    }
+    return count - std::min<std::size_t>(count, 1);  // without the folder that is listed
+}
+
+}  // namespace
+
 std::size_t RaiseOpenFileLimit() {
-    constexpr rlim_t keptForTheHost = 16;  // standard streams, libraries, the files at work
+    constexpr std::size_t filesAtWork = 13;
+    const rlim_t kept = OpenFiles() + filesAtWork;
     struct rlimit limit {};
     getrlimit(RLIMIT_NOFILE, &limit);
     const rlim_t before = limit.rlim_cur;
     limit.rlim_cur = limit.rlim_max;
     const rlim_t now = setrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : before;
-    return now > keptForTheHost ? now - keptForTheHost : 0;
+    return now > kept ? now - kept : 0;
 }
 
 std::size_t TerminalColumns(Stream stream) {

@@ -110,6 +110,20 @@ class Batch(ProgramTest):
                    "a file open; nothing was written; at most 34 are possible\n")
         self.assertFalse([name for name in self.files() if name.endswith(".cmi")])
 
+    @unittest.skipIf(ON_WINDOWS, "limits are POSIX's")
+    def test_files_that_the_process_is_born_with_count(self):
+        names = self.make_recipes(14)
+        inherited = [os.open("/dev/null", os.O_RDONLY) for _ in range(20)]
+        done = self.run_program("write", *names, pass_fds=inherited,
+                                preexec_fn=limit(resource.RLIMIT_NOFILE, 50))
+        self.assertEqual(done.returncode, 0, done.stderr)
+        done = self.run_program("write", *names, "none.toml", pass_fds=inherited,
+                                preexec_fn=limit(resource.RLIMIT_NOFILE, 50))
+        for descriptor in inherited:
+            os.close(descriptor)
+        self.check(done, 3, "", "zorbi2: 15 recipes are too many for one call, because each leaves "
+                   "a file open; nothing was written; at most 14 are possible\n")
+
     @unittest.skipIf(ON_WINDOWS, "terminals are POSIX's")
     def test_a_terminal_gets_one_line_of_progress(self):
         names = self.make_recipes(3)
