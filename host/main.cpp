@@ -46,18 +46,20 @@ ExitCode Main(int argc, char** argv) {
 }
 
 /// All exceptions are caught. What is left are functions of the standard library that end the
-/// process when memory runs out.
+/// process when memory runs out, and objects that are made before main().
 [[noreturn]] void EndWithoutMemory() {
     std::fputs("zorbi2: out of memory\n", stderr);
     std::_Exit(static_cast<int>(ExitCode::fileTrouble));
 }
+
+/// This file is linked first, so its objects are made first.
+[[maybe_unused]] const std::terminate_handler replaced = std::set_terminate(EndWithoutMemory);
 
 }  // namespace
 
 }  // namespace host
 
 int main(int argc, char** argv) {
-    std::set_terminate(host::EndWithoutMemory);
     try {
         const host::ExitCode code = host::Main(argc, argv);
         host::EndAsSignaled();

@@ -81,6 +81,7 @@ Json JsonOf(const OfferedItem& offered) {
         entry["on"] = offered.status.checkState == 1;
     } else {
         entry["option"] = offered.status.optionValue;
+        entry["options"] = Json::array();
         for (const auto& [key, label] : item.options) {
             entry["options"].push_back({{"key", key}, {"label", label}});
         }

@@ -68,6 +68,10 @@ Json RequireSchema() {
         {"items", NameSchema(shortNames)}};
 }
 
+Json SectionSchema() {
+    return {{"type", "object"}, {"additionalProperties", false}, {"properties", Json::object()}};
+}
+
 Json RecipeSchema(const Names& names) {
     Json schema = {{"$schema", "http://json-schema.org/draft-07/schema#"},
                    {"title", "Recipe of zorbi2"},
@@ -76,12 +80,12 @@ Json RecipeSchema(const Names& names) {
                    {"properties", {{"require", RequireSchema()}}}};
     for (const KeyDescription& key : RecipeKeys()) {
         const std::size_t point = key.name.find('.');
-        Json& section = schema["properties"][std::string(key.name.substr(0, point))];
-        section["type"] = "object";
-        section["additionalProperties"] = false;
-        Json& value = section["properties"][std::string(key.name.substr(point + 1))];
-        value["description"] = Capitalized(key.description);
+        const auto section = schema["properties"]
+                                 .emplace(std::string(key.name.substr(0, point)), SectionSchema())
+                                 .first;
+        Json value = {{"description", Capitalized(key.description)}};
         value.update(ValueSchema(key.form, names));
+        section.value()["properties"][std::string(key.name.substr(point + 1))] = value;
     }
     schema["properties"]["choices"] = ChoicesSchema();
     return schema;

@@ -1,15 +1,39 @@
-// Preloaded into zorbi2: makes one allocation fail, the one that ZORBI2_FAIL_AT numbers.
+// Preloaded into zorbi2: makes one allocation fail, the one that ZORBI2_FAIL_AT numbers, and with
+// ZORBI2_FAIL_ON all that follow. In the end it writes their number into ZORBI2_COUNT_FILE.
 #include <cstddef>
+#include <cstdio>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
+long Number(const char* text) {
+    return text == nullptr ? 0 : std::strtol(text, nullptr, 10);
+}
+
+/// Counts from the first allocation, which is before main(), to the end of the process.
+struct Allocations {
+    const long first = Number(std::getenv("ZORBI2_FAIL_AT"));
+    const bool failsOn = std::getenv("ZORBI2_FAIL_ON") != nullptr;
+    long number = 0;
+
+    bool NextFails() {
+        ++number;
+        return first != 0 && (number == first || (failsOn && number > first));
+    }
+
+    ~Allocations() {
+        const char* const path = std::getenv("ZORBI2_COUNT_FILE");
+        if (std::FILE* const file = path == nullptr ? nullptr : std::fopen(path, "w")) {
+            std::fprintf(file, "%ld", number);
+            std::fclose(file);
+        }
+    }
+};
+
 void* Allocate(std::size_t size) noexcept {
-    static const char* const numbered = std::getenv("ZORBI2_FAIL_AT");
-    static long number = 0;
-    const bool fails = numbered != nullptr && ++number == std::strtol(numbered, nullptr, 10);
-    return fails ? nullptr : std::malloc(size);
+    static Allocations allocations;
+    return allocations.NextFails() ? nullptr : std::malloc(size);
 }
 
 }  // namespace

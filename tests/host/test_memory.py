@@ -1,4 +1,4 @@
-"""Memory that runs out: one allocation after the other fails."""
+"""Memory that runs out: allocations fail, once or from then on."""
 
 import os
 import unittest
@@ -6,7 +6,10 @@ import unittest
 from program import ProgramTest
 
 LIBRARY = os.environ.get("ZORBI2_FAILING_MEMORY", "")
+# Every so many of a command's allocations: 1 tries all of them, which takes minutes.
+STEP = int(os.environ.get("ZORBI2_MEMORY_STEP", "97"))
 BEYOND = 1000000  # more allocations than a run makes
+FILE = "Cover02.cmi"
 
 
 @unittest.skipUnless(LIBRARY, "needs a library that the loader puts in front")
@@ -15,37 +18,69 @@ class Memory(ProgramTest):
         super().setUp()
         self.make_run()
         self.make_recipe()
-        if self.failing(BEYOND).returncode != 0 or self.failing(1).returncode == 0:
+        self.counted = self.folder.with_name(self.folder.name + " count")
+        self.addCleanup(self.counted.unlink, missing_ok=True)
+        if self.failing(BEYOND, "schema").returncode != 0 or \
+                self.failing(1, "schema").returncode == 0:
             self.skipTest("this build has an allocator of its own")
 
-    def failing(self, number, command="write"):
-        (self.folder / "Cover02.cmi").unlink(missing_ok=True)
-        return self.run_program(command, "cover.toml", environment={
-            "LD_PRELOAD": LIBRARY, "ZORBI2_FAIL_AT": str(number), "TMPDIR": "/tmp"})
+    def failing(self, number, *command, further=False):
+        environment = {"LD_PRELOAD": LIBRARY, "TMPDIR": "/tmp", "ZORBI2_FAIL_AT": str(number),
+                       "ZORBI2_COUNT_FILE": str(self.counted)}
+        if further:
+            environment["ZORBI2_FAIL_ON"] = "1"
+        return self.run_program(*command, environment=environment)
 
-    def test_a_failed_allocation_is_one_line_and_no_wrong_file(self):
-        self.failing(BEYOND)
-        text = (self.folder / "Cover02.cmi").read_bytes()
-        with_file, without = self.files(), [f for f in self.files() if f != "Cover02.cmi"]
-        codes = []
-        for number in range(1, 12000, 11):
-            done = self.failing(number)
-            if done.returncode < 0 and set(codes) <= {done.returncode}:
-                codes.append(done.returncode)  # before main(), nobody can catch anything
-                continue
-            codes.append(done.returncode)
-            with self.subTest(number):
-                # 1, 2: a function of a library took it for another failure.
-                self.assertIn(done.returncode, (0, 1, 2, 3), done.stderr)
-                if done.returncode == 3:
-                    self.assertRegex(done.stderr, r"\A(zorbi2|cover.toml): .*out of memory\n\Z")
-                if done.returncode == 0 or "Cover02.cmi" in self.files():  # whole, then
-                    self.assertEqual((self.folder / "Cover02.cmi").read_bytes(), text)
-                    self.assertEqual(self.files(), with_file)
-                else:
-                    self.assertEqual(self.files(), without)
-        self.assertGreater(codes.count(3), 100)
-        self.assertEqual(codes[-1], 0)
+    def contents(self):
+        return {name: (self.folder / name).read_bytes() for name in self.files()}
+
+    def fail_each(self, *command, makes=None):
+        """A command that makes a file, or none."""
+        before = self.contents()
+        whole = self.failing(BEYOND, *command)
+        self.assertEqual(whole.returncode, 0, whole.stderr)
+        after = self.contents()
+        self.assertEqual(set(after) - set(before), {makes} if makes else set())
+        allocations = int(self.counted.read_text(encoding="ascii"))
+        for further in (False, True):
+            codes = []
+            for number in range(1, allocations + 1, STEP):
+                if makes:
+                    (self.folder / makes).unlink(missing_ok=True)
+                done = self.failing(number, *command, further=further)
+                codes.append(done.returncode)
+                with self.subTest(command, number=number, further=further):
+                    self.check_failed(done, whole, before, after)
+            self.assertGreater(codes.count(3), 0.9 * len(codes))  # a few can be done without
+        print(f"{command[0]}: {len(codes)} of {allocations} allocations failed, once and for good")
+
+    def check_failed(self, done, whole, before, after):
+        self.assertIn(done.returncode, (0, 3), done.stderr)
+        there = self.contents()
+        if done.returncode == 0:
+            self.assertEqual((done.stdout, done.stderr), (whole.stdout, ""))
+            self.assertEqual(there, after)
+        else:
+            self.assertRegex(done.stderr + done.stdout * ("--json" in done.args),
+                             r"\A(\S*: )+.*out of memory\n\Z|\"out of memory\"")
+            self.assertIn(there, (before, after))
+
+    def test_write(self):
+        self.fail_each("write", "cover.toml", makes=FILE)
+
+    def test_init(self):
+        self.fail_each("init", "Run02", "-o", "new.toml", makes="new.toml")
+
+    def test_items(self):
+        self.fail_each("items", "cover.toml")
+        self.fail_each("items", "--json", "--matrix", "cover.toml")
+
+    def test_check(self):
+        self.assertEqual(self.run_program("write", "cover.toml").returncode, 0)
+        self.fail_each("check", "--show", "--against", "cover.toml", FILE)
+
+    def test_schema(self):
+        self.fail_each("schema")
 
 
 if __name__ == "__main__":
