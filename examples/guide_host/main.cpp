@@ -10,17 +10,6 @@
 #include <iostream>
 #include <string>
 
-// ---- Trace lines: on Windows the system has this function --------------------------------------
-
-#if !defined(_WIN32)
-extern "C" void OutputDebugStringW(const wchar_t* line) {
-    for (; *line != L'\0'; ++line) {
-        std::fputc(*line < 128 ? static_cast<char>(*line) : '?', stderr);
-    }
-    std::fputc('\n', stderr);
-}
-#endif
-
 // ---- The project -------------------------------------------------------------------------------
 
 CZorbFEAInformation ProjectIn(const std::string& runFolder) {
@@ -145,6 +134,19 @@ bool HandOver(const std::string& runFolder, const std::string& folder) {
     ShowPart(manager);
     return WriteControlFile(manager, folder);
 }
+
+// ---- Trace lines -------------------------------------------------------------------------------
+
+#if !defined(_WIN32)  // there the system has it
+extern "C" void OutputDebugStringW(const wchar_t* line) {
+    for (; *line != L'\0'; ++line) {
+        std::fputc(*line < 128 ? static_cast<char>(*line) : '?', stderr);
+    }
+    std::fputc('\n', stderr);
+}
+#endif
+
+// ---- Main --------------------------------------------------------------------------------------
 
 int main(int count, char** arguments) {
     try {
