@@ -1,37 +1,84 @@
-"""Manual, man page and program say the same."""
+"""Manual, man pages and program say the same."""
 
-import json
+import itertools
 import re
+import shutil
+import subprocess
 import tomllib
 import unittest
 
 from program import ROOT, ProgramTest
 
 
+MAN_PAGES = ROOT / "docs" / "man"
+
+
+def options_in(text):
+    return sorted(set(re.findall(r"--[a-z][a-z-]*", text)))
+
+
 class Manual(ProgramTest):
     def setUp(self):
         super().setUp()
         self.manual = (ROOT / "docs" / "zorbi2.md").read_text(encoding="utf-8")
-        self.man_page = (ROOT / "docs" / "zorbi2.1").read_text(encoding="utf-8")
-        self.man_page = self.man_page.replace("\\-", "-")
 
-    def options(self):
-        """All long options that the program's help names."""
-        texts = [self.run_program(*command, "--help").stdout
-                 for command in ([], *([name] for name in self.commands()))]
-        return sorted(set(re.findall(r"--[a-z][a-z-]*", "\n".join(texts))))
+    def man_page(self, name):
+        return (MAN_PAGES / f"{name}.1").read_text(encoding="utf-8").replace("\\-", "-")
 
-    def test_every_option_is_in_the_man_page_and_the_manual(self):
-        options = self.options()
-        self.assertIn("--matrix", options)
-        for option in options:
-            self.assertIn(option, self.man_page)
-            if option not in ("--help", "--version", "--output"):
-                self.assertIn(option, self.manual)
+    def help_of(self, *command):
+        """The help of a command without its reference to that of the program."""
+        text = self.run_program(*command, "--help").stdout
+        return text if not command else re.sub("^--json, .*$", "", text, flags=re.M)
 
-    def test_the_man_page_names_no_option_that_there_is_not(self):
-        self.assertEqual(sorted(set(re.findall(r"--[a-z][a-z-]*", self.man_page))),
-                         self.options())
+    def test_every_option_is_in_the_manual(self):
+        for command in ([], *([name] for name in self.commands())):
+            for option in options_in(self.help_of(*command)):
+                if option not in ("--help", "--version", "--output"):
+                    self.assertIn(option, self.manual)
+
+    def test_each_command_has_its_man_page(self):
+        self.assertIn("write", self.commands())
+        self.assertEqual(sorted(path.name for path in MAN_PAGES.iterdir()),
+                         sorted(["zorbi2.1", *(f"zorbi2-{name}.1" for name in self.commands())]))
+        for name in self.commands():
+            purpose = self.help_of(name).splitlines()[0]
+            entry = f".TP\n.BR zorbi2-{name} (1)\n{purpose}.\n"
+            self.assertIn(entry, self.man_page("zorbi2"))
+            self.assertIn(f"zorbi2-{name} - {purpose[0].lower()}{purpose[1:]}\n",
+                          self.man_page(f"zorbi2-{name}"))
+
+    def test_man_pages_explain_the_options_that_there_are(self):
+        for command in ([], *([name] for name in self.commands())):
+            with self.subTest(command):
+                page = self.man_page("-".join(["zorbi2", *command]))
+                start = page.index(".SH OPTIONS")
+                explained = re.findall(r"^\.TP\n\.B[IR]? (.*)$",
+                                       page[start:page.index(".SH", start + 1)], flags=re.M)
+                help_text = self.help_of(*command).split("Subcommands:")[0]
+                self.assertEqual(options_in("\n".join(explained)),
+                                 options_in(help_text.split("Example")[0]))
+
+    def test_man_pages_name_no_option_that_there_is_not(self):
+        of_program = set(options_in(self.help_of()))
+        of_all = of_program.union(*(options_in(self.help_of(name)) for name in self.commands()))
+        self.assertLessEqual(set(options_in(self.man_page("zorbi2"))), of_all)
+        for name in self.commands():
+            self.assertLessEqual(set(options_in(self.man_page(f"zorbi2-{name}"))),
+                                 of_program | set(options_in(self.help_of(name))))
+
+    def test_man_pages_have_the_example_of_the_help(self):
+        for name in self.commands():
+            example = self.help_of(name).split("Example:\n")[1].strip()
+            self.assertIn(f".EX\n{example}\n", self.man_page(f"zorbi2-{name}"))
+
+    def test_man_pages_are_well_formed(self):
+        tools = [tool for tool in (["mandoc", "-T", "lint", "-W", "warning"],
+                                   ["groff", "-ww", "-man", "-z", "-T", "utf8"])
+                 if shutil.which(tool[0])]
+        for tool, page in itertools.product(tools, sorted(MAN_PAGES.iterdir())):
+            done = subprocess.run([*tool, page], check=False, text=True,
+                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            self.assertEqual((done.returncode, done.stdout), (0, ""))
 
     def test_the_manual_lists_the_keys_of_a_new_recipe(self):
         self.make_run()
@@ -61,56 +108,13 @@ class Manual(ProgramTest):
         self.assertIn("runner", names.values())
         self.assertEqual(listed, names)
 
-    # ---- Which files matter -------------------------------------------------------------------
-
-    def available(self, name, analysis, files, facts):
-        """Whether an item is available, or None when it is offered nowhere."""
-        for path in (self.folder / "Run02").glob("*"):
-            path.unlink()
-        self.make_run(files=files)
-        project_type = {"annealing-stress": 3, "digimat-mucell": 9}.get(name, 0)
-        target = {"annealing-stress": 'mesh = "deformed"\nannealing = true\n'}.get(name, "")
-        self.make_recipe('[project]\nname = "Cover"\nrun = 2\nfolder = "Run02"\nempty_run = true\n'
-                         f'analysis = "{analysis}"\ntype = {project_type}\n' +
-                         "".join(f"{fact} = true\n" for fact in facts) +
-                         "[target]\n" + target)
-        done = self.run_program("items", "cover.toml", "--matrix", "--json")
-        self.assertEqual(done.returncode, 0)
-        answers = {column["available"][name] for column in json.loads(done.stdout)["matrix"]
-                   if name in column["available"]}
-        self.assertLessEqual(len(answers), 1)
-        return answers.pop() if answers else None
-
-    def test_the_manual_tells_which_files_matter(self):
-        start = self.manual.index("| item | solid project |")
-        table = self.manual[start:].split("\n\n")[0].splitlines()[2:]
-        listed = []
-        for row in table:
-            cells = row.strip("| ").split(" | ")
-            name, solid, shell, needs = (re.findall(r"`([\w.-]+)`", cell) for cell in cells)
-            for analysis, endings in (("solid", solid), ("shell", shell)):
-                is_offered = analysis == "solid" or cells[2] != "—"
-                facts = needs
-                if (name, analysis) == (["digimat-export"], "shell"):
-                    facts = ["fiber_results"]
-                cases = [([ending], facts, True) for ending in endings] or [([], facts, True)]
-                cases += [([], facts, False)] if endings else []
-                cases += [(endings, [], False)] if facts else []
-                for files, has, expected in cases:
-                    with self.subTest((name, analysis, files, has)):
-                        answer = self.available(name[0], analysis, files, has)
-                        self.assertEqual(answer, expected if is_offered else None)
-            listed.append(name[0])
-        matrix = self.run_program("items", "cover.toml", "--matrix").stdout
-        names = set(re.findall(r"^ *\d+ ([a-z-]+) ", matrix, flags=re.M))
-        self.assertEqual(set(listed), names - {"insert-fiber-material"})
-
     def test_the_manuals_exit_codes_are_those_of_the_help(self):
         text = self.run_program("--help").stdout
         codes = re.findall(r"^  (\d)  ", text, flags=re.M)
         self.assertIn("3", codes)
         for code in codes:
             self.assertIn(f"| {code} | ", self.manual)
+            self.assertIn(f".TP\n.B {code}\n", self.man_page("zorbi2"))
 
 
 if __name__ == "__main__":
