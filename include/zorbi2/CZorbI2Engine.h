@@ -21,16 +21,16 @@ class CZorbI2Engine {
 public:
     // ---- What a host may read -------------------------------------------------------------------
 
-    std::string outFolder;
-    std::string cmiFileFullPath;
-    std::string mappedMeshFilePath;
-    SolverSlotArray solverSlots;  ///< by solver; null: not offered for the project
-    ItemArray items;              ///< by item id
+    std::string outFolder;           ///< where the translator puts its files
+    std::string cmiFileFullPath;     ///< of the control parameter file
+    std::string mappedMeshFilePath;  ///< as set, whatever the mesh kind
+    SolverSlotArray solverSlots;     ///< by solver; null: not offered for the project
+    ItemArray items;                 ///< by item id
     /// The working weld-line data, from which the control parameter file is written.
     std::unique_ptr<CZorbI2WeldlineDataStatus> weldlineAngleSet;
     double digimatWeldlineAngle = kDefaultDigimatWeldlineAngle;  ///< degrees
-    bool viewEdit = false;
-    std::unique_ptr<PopItemSelector> popItemSelector;
+    bool viewEdit = false;                             ///< a model edited in the viewer is mapped
+    std::unique_ptr<PopItemSelector> popItemSelector;  ///< status, choices and offered items
     std::unique_ptr<CZorbFEAInformation> feaInformation;  ///< the engine's copy; never null
     std::vector<bool> solverOffered;                      ///< by solver; empty in a bare engine
     /// Values of the shot file last read; a file without the key leaves them as they are.

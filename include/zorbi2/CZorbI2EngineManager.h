@@ -131,7 +131,7 @@ public:
     void SetMappedMeshFilePath(std::string path);
 
     /// Sets where WriteCMIFile writes: folder, backslash unless the folder ends in one, name, run
-    /// number, dot, extension. C:\Work, Part, 2 and cmi give C:\Work\Part02.cmi.
+    /// number, dot, extension. `C:\Work`, Part, 2 and cmi give `C:\Work\Part02.cmi`.
     /// Requires: CreateEngine, CreateCMIAccess.
     /// Parameters: `folder` not empty; `run` below 10 is written with a 0 before it, any other as
     ///     it is; `extension` without dot.
@@ -299,7 +299,7 @@ public:
 
     // The three objects, owned by the manager and deleted by its destructor. Hosts read them with
     // the getters.
-    CZorbI2Engine* engine = nullptr;
-    CZorbI2CMIData* cmiData = nullptr;
-    CZorbI2AccessCMIFile* accessCmiFile = nullptr;
+    CZorbI2Engine* engine = nullptr;                ///< see GetZorbI2Engine
+    CZorbI2CMIData* cmiData = nullptr;              ///< see GetZorbCMIData
+    CZorbI2AccessCMIFile* accessCmiFile = nullptr;  ///< see GetZorbAccessCMIFile
 };

@@ -16,8 +16,8 @@ constexpr std::int32_t kControlFileVersion = 9064;
 
 /// What the file calls a solver. Differs from the display name.
 struct SolverKeyword {
-    SolverIndex solver;
-    const char* keyword;
+    SolverIndex solver;   ///< one of kSolver...
+    const char* keyword;  ///< such as "MSCNASTRAN"
 };
 
 /// By solver.
@@ -56,18 +56,23 @@ enum class ControlFileValue {
 /// One line of the file. Its text is what the engine prints, without the line end, and with one of
 /// printf's conversions where the value goes.
 struct ControlFileLine {
-    typedef CZorbI2CMIData Data;
+    typedef CZorbI2CMIData Data;  ///< whose fields lines print
 
+    /// A line without a value.
     constexpr ControlFileLine(const char* fixedText,
                               ControlFilePresence when = ControlFilePresence::always)
         : text(fixedText), value(ControlFileValue::none), presence(when) {}
+    /// A line with a whole number.
     constexpr ControlFileLine(const char* format, std::int32_t Data::*field)
         : text(format), value(ControlFileValue::number), number(field) {}
+    /// A line with a text.
     constexpr ControlFileLine(const char* format, std::string Data::*field,
                               ControlFileValue kind = ControlFileValue::text)
         : text(format), value(kind), words(field) {}
+    /// A line with a decimal.
     constexpr ControlFileLine(const char* format, double Data::*field)
         : text(format), value(ControlFileValue::decimal), decimal(field) {}
+    /// A line with one decimal of a list.
     constexpr ControlFileLine(const char* format, double (Data::*list)[3], std::size_t position)
         : text(format), value(ControlFileValue::decimal), decimals(list), element(position) {}
     /// The on/off line of an item, which prints the item's element of OutputFlags.
@@ -77,16 +82,16 @@ struct ControlFileLine {
           presence(ControlFilePresence::whenOffered),
           itemId(item) {}
 
-    const char* text;
-    ControlFileValue value;
-    ControlFilePresence presence = ControlFilePresence::always;
+    const char* text;        ///< with a conversion where the value goes
+    ControlFileValue value;  ///< what the conversion prints
+    ControlFilePresence presence = ControlFilePresence::always;  ///< when the line is there
     std::int32_t itemId = -1;  ///< item of an on/off line; -1: not an item's line
     // The field of the data block; all are null for a fixed text and for an item's line.
-    std::int32_t Data::*number = nullptr;
-    std::string Data::*words = nullptr;
-    double Data::*decimal = nullptr;
-    double (Data::*decimals)[3] = nullptr;
-    std::size_t element = 0;  ///< of `decimals`
+    std::int32_t Data::*number = nullptr;   ///< of a whole number
+    std::string Data::*words = nullptr;     ///< of a text
+    double Data::*decimal = nullptr;        ///< of a single decimal
+    double (Data::*decimals)[3] = nullptr;  ///< of a list of decimals
+    std::size_t element = 0;                ///< of `decimals`
 };
 
 /// The whole file. All of this is deliberate: three lines end in a space; closing tags have a
@@ -197,8 +202,8 @@ inline const ControlFileLine* ControlFileLineOfItem(std::int32_t itemId) {
 /// The range that a line prints after its number, such as "(1~100)" or "(0:off,1:on)". The engine
 /// does not check values against it.
 struct ControlFileRange {
-    std::int32_t lowest;
-    std::int32_t highest;
+    std::int32_t lowest;   ///< first number in the brackets
+    std::int32_t highest;  ///< last number in the brackets
 };
 
 /// Whether the line prints a range, which is then stored in `*range`.

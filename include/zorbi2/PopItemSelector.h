@@ -19,26 +19,26 @@ class PopItemSelector {
 public:
     // ---- What a host may read -------------------------------------------------------------------
 
-    std::array<ItemStatusList, kSolverCount> itemStatusLists;
+    std::array<ItemStatusList, kSolverCount> itemStatusLists;  ///< the choices, by solver
     /// One of the lists above (not owned). Null until a solver is set, and then treated like an
     /// empty list.
     ItemStatusList* currentItemStatusList = nullptr;
     std::vector<CZorbI2WeldlineDataStatus> weldlineTable;  ///< one record per solver
-    std::int32_t currentWeldlineIndex = kNoSolver;
-    SolverIndex currentSolver = kNoSolver;
-    std::int32_t meshKind = 0;
-    std::int32_t quadraticElement = 0;
-    std::int32_t annealingMode = 0;
-    std::int32_t projectType;
-    std::int32_t solverType;
-    std::uint8_t voxelFlag;  ///< low byte of the record's flag; 1 means set
+    std::int32_t currentWeldlineIndex = kNoSolver;  ///< its record; that of the current solver
+    SolverIndex currentSolver = kNoSolver;          ///< as last set by SetEngineCurrentStatus
+    std::int32_t meshKind = 0;                      ///< likewise
+    std::int32_t quadraticElement = 0;              ///< likewise
+    std::int32_t annealingMode = 0;                 ///< likewise
+    std::int32_t projectType;                       ///< of the project record
+    std::int32_t solverType;                        ///< of the project record
+    std::uint8_t voxelFlag;                         ///< low byte of the record's flag; 1 means set
     /// List sizes as of the last HasPopItem: they bound the reads by position until the next one.
     std::int32_t partCount = 0;
-    std::int32_t partInsertCount = 0;
-    std::int32_t moldbaseCount = 0;
-    std::vector<std::int32_t> partPopItems;  ///< item ids in offering order
-    std::vector<std::int32_t> partInsertPopItems;
-    std::vector<std::int32_t> moldbasePopItems;
+    std::int32_t partInsertCount = 0;              ///< likewise
+    std::int32_t moldbaseCount = 0;                ///< likewise
+    std::vector<std::int32_t> partPopItems;        ///< item ids in offering order
+    std::vector<std::int32_t> partInsertPopItems;  ///< likewise
+    std::vector<std::int32_t> moldbasePopItems;    ///< likewise
 
     // ---- What the engine and the manager call ---------------------------------------------------
     // Not exported: a host calls the manager's operations, whose header describes them.

@@ -10,36 +10,36 @@
 /// Structural solver. A value without a name (a negative one included) is no solver.
 typedef std::int32_t SolverIndex;
 
-constexpr SolverIndex kSolverAnsys = 0;
-constexpr SolverIndex kSolverAbaqus = 1;
-constexpr SolverIndex kSolverMscNastran = 2;
-constexpr SolverIndex kSolverNeNastran = 3;
-constexpr SolverIndex kSolverLsDyna = 4;
-constexpr SolverIndex kSolverMarc = 5;
-constexpr SolverIndex kSolverNxNastran = 6;
-constexpr SolverIndex kSolverRadioss = 7;
-constexpr SolverIndex kSolverWorkbench = 8;
+constexpr SolverIndex kSolverAnsys = 0;       ///< ANSYS
+constexpr SolverIndex kSolverAbaqus = 1;      ///< ABAQUS
+constexpr SolverIndex kSolverMscNastran = 2;  ///< MSC Nastran
+constexpr SolverIndex kSolverNeNastran = 3;   ///< NE Nastran
+constexpr SolverIndex kSolverLsDyna = 4;      ///< LS-DYNA
+constexpr SolverIndex kSolverMarc = 5;        ///< MARC
+constexpr SolverIndex kSolverNxNastran = 6;   ///< NX Nastran
+constexpr SolverIndex kSolverRadioss = 7;     ///< RADIOSS
+constexpr SolverIndex kSolverWorkbench = 8;   ///< ANSYS Workbench
 /// Solvers are numbered from 0 without a gap.
 constexpr std::int32_t kSolverCount = kSolverWorkbench + 1;
 
-/// Mesh kinds of SetEngineCurrentStatus.
-constexpr std::int32_t kMeshOriginal = 0;
-constexpr std::int32_t kMeshDeformed = 1;
-constexpr std::int32_t kMeshMapped = 2;
-constexpr std::int32_t kMesh3DMappingShell = 3;
+// Mesh kinds of SetEngineCurrentStatus.
+constexpr std::int32_t kMeshOriginal = 0;  ///< the mesh of the simulation
+constexpr std::int32_t kMeshDeformed = 1;  ///< that mesh after deformation
+constexpr std::int32_t kMeshMapped = 2;    ///< a mesh of its own, onto which results are mapped
+constexpr std::int32_t kMesh3DMappingShell = 3;  ///< a shell mesh that takes solid results
 
 /// Annealing mode of SetEngineCurrentStatus in which the deformed mesh is the annealed one.
 constexpr std::int32_t kAnnealingDeformedMesh = 1;
 
 // ---- Projects -----------------------------------------------------------------------------------
 
-/// Kinds of molding analysis (CZorbFEAInformation::solverType).
-constexpr std::int32_t kSolidProject = 0;
-constexpr std::int32_t kShellProject = 1;
+// Kinds of molding analysis (CZorbFEAInformation::solverType).
+constexpr std::int32_t kSolidProject = 0;  ///< solid mesh
+constexpr std::int32_t kShellProject = 1;  ///< shell mesh
 
-/// Project types that the offered items depend on (CZorbFEAInformation::projectType).
-constexpr std::int32_t kProjectTypeAnnealing = 3;
-constexpr std::int32_t kProjectTypeMucell = 9;
+// Project types that the offered items depend on (CZorbFEAInformation::projectType).
+constexpr std::int32_t kProjectTypeAnnealing = 3;  ///< offers annealing stress
+constexpr std::int32_t kProjectTypeMucell = 9;     ///< offers foam for Digimat
 
 // ---- Items --------------------------------------------------------------------------------------
 
@@ -71,13 +71,13 @@ constexpr std::int32_t kItemCount = kItemAnnealingStress + 1;
 /// Section of the model that an item belongs to.
 typedef std::int32_t ItemCategory;
 
-constexpr ItemCategory kCategoryPart = 0;
-constexpr ItemCategory kCategoryPartInsert = 1;
-constexpr ItemCategory kCategoryMoldbase = 2;
+constexpr ItemCategory kCategoryPart = 0;        ///< the molded part
+constexpr ItemCategory kCategoryPartInsert = 1;  ///< what the part is molded around
+constexpr ItemCategory kCategoryMoldbase = 2;    ///< the mold itself
 
-/// Reserved option keys of an item; keys from 0 up are real choices.
-constexpr std::int32_t kOptionResultsMissing = -2;
-constexpr std::int32_t kOptionNone = -1;
+// Reserved option keys of an item; keys from 0 up are real choices.
+constexpr std::int32_t kOptionResultsMissing = -2;  ///< its label is the reason
+constexpr std::int32_t kOptionNone = -1;            ///< the item is a switch
 
 /// Check state of an item that is chosen by an option and not by a check mark.
 constexpr std::int32_t kNotACheckItem = -1;
