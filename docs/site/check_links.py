@@ -20,7 +20,7 @@ def main():
               for name, text in pages.items()}
     faults, count = [], 0
     for name, text in sorted(pages.items()):
-        for link in map(html.unescape, re.findall(r'\b(?:href|src)="([^"]*)"', text)):
+        for link in map(html.unescape, re.findall(r'\b(?:href|src|data)="([^"]*)"', text)):
             if link.startswith(ELSEWHERE) or link.startswith("javascript:"):
                 continue
             count += 1
