@@ -14,6 +14,12 @@ CONVERSIONS = {"number": "%d", "decimal": "%.3f", "text": "%s", "keyword": "%s",
 PATTERNS = {"number": r"-?\d+", "decimal": r"-?\d+\.\d{3}", "text": r"[^\0\r\n]*",
             "keyword": r"[A-Z]*", "tab": "\t", "eol": "\n", "[": "(?:", "{": "(?:", "(": "(?:",
             "]": ")?", "}": ")*", ")": ")", "|": "|"}
+RULES = """keyword = one of the table below, or nothing
+number  = [ "-" ] digit { digit }
+decimal = [ "-" ] digit { digit } "." digit digit digit
+text    = { any byte but NUL, CR and LF }
+eol     = LF, on Windows CR LF
+"""  # the same in words
 
 
 def facts(name):
@@ -62,6 +68,7 @@ class ControlFileDocument(ProgramTest):
         first, *_ = grammar().splitlines()
         parts = re.findall(r"^([\w-]+) =$", grammar(), flags=re.M)
         self.assertEqual(first.removeprefix("file = ").split(), parts)
+        self.assertTrue(grammar().endswith("\n\n" + RULES))
 
     def test_the_grammar_holds_for_files_of_the_engine(self):
         pattern = re.compile("".join(map(as_pattern, grammar_lines())))

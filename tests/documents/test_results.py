@@ -85,8 +85,9 @@ class Results(ProgramTest):
         if NEW in holds or OLD in holds:
             self.write("Runs/Run02/Cover02.k5o", "1004\n" if NEW in holds else "1003\n")
 
-    def situations(self, rows, kind):
-        """Every combination of what the rows of that kind of project name."""
+    def situations(self, rows, kind, everything):
+        """Every combination of what the rows of that kind of project name, each without all the
+        rest and with it: what a row does not name must not matter."""
         parts = {part for row in rows if row[0] == "every" or kind in row[0].split(", ")
                  for choice in alternatives(row[1]) for part in choice}
         parts |= {OLD} if NEW in parts else set()
@@ -94,6 +95,7 @@ class Results(ProgramTest):
             for holds in map(set, itertools.combinations(sorted(parts), count)):
                 if NEW not in holds or OLD in holds:  # the new file is a file
                     yield holds
+                    yield holds | (everything - parts - ({NEW} if OLD in parts else set()))
 
     def test_every_row_of_the_table(self):
         ids = {cells[column + 1].strip("`"): int(cells[column])
@@ -101,9 +103,12 @@ class Results(ProgramTest):
                for column in (0, 2)}
         table = answers()
         self.assertEqual(set(table), set(ids))
+        everything = {part for rows in table.values() for row in rows
+                      for parts in alternatives(row[1]) for part in parts}
+        self.assertIn("compression", everything)
         used = set()
         for (item, rows), kind, voxel in itertools.product(table.items(), KINDS, (0, 1)):
-            for holds in self.situations(rows, kind):
+            for holds in self.situations(rows, kind, everything):
                 with self.subTest(item=item, project=kind, voxel=voxel, holds=holds):
                     self.make_files(holds, voxel)
                     row = next(row for row in rows if applies(row, kind, holds))
