@@ -59,6 +59,7 @@ class HostGuide(ProgramTest):
         checked = self.run_program("check", "out/Cover02.cmi")
         self.assertEqual(checked.returncode, 0, checked.stderr)
 
+    @unittest.skipIf(os.environ.get("ZORBI2_SANITIZED"), "sanitizers need handles of their own")
     def test_without_handles_the_old_file_stays_and_the_host_knows(self):
         (self.out / "Cover02.cmi").write_text("old")
         # The shot file takes the last handle, and keeps it.
