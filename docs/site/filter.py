@@ -2,7 +2,7 @@
 
 Headers: the head comment becomes the file's, the labels of an operation's comment ("Returns: ...")
 become headings, and what only the manager calls is left out. Documents: headings get the names that
-links between documents go by.
+links between documents go by, and bold code is written in the one way that Doxygen knows.
 """
 
 import pathlib
@@ -42,6 +42,7 @@ def document(text, path):
                       parts[place], flags=re.M)
         part = re.sub(r"\]\(#([\w-]+)\)", rf"](#{page}-\1)", part)
         part = re.sub(r"\]\((?:docs/)?(\w+)\.md#([\w-]+)\)", r"](#\1-\2)", part)
+        part = re.sub(r"\*\*(`[^`\n]+`)\*\*", r"<b>\1</b>", part)
         parts[place] = re.sub(r"\]\([./\w]*/(\w+\.h)\)", r"](@ref \1)", part)
     return "".join(parts)
 
