@@ -102,7 +102,7 @@ bool HasFileOf(const Recipe& recipe, const Place& place) {
         std::error_code error;
         const bool exists = fs::exists(PathOf(recipe.project.projectFolder) / PathOf(file), error);
         if (error) {
-            Fail(place, recipe.project.projectFolder + ": " + file + ": " + error.message(),
+            Fail(place, recipe.project.projectFolder + ": " + file + ": " + ReasonOf(error),
                  ExitCode::fileTrouble);
         }
         return exists;
@@ -119,7 +119,7 @@ std::vector<fs::path> EntriesOf(const fs::path& folder, const Place& place) {
         entries.push_back(entry->path());
     }
     if (error) {
-        Fail(place, Utf8Of(folder) + ": " + error.message(), ExitCode::fileTrouble);
+        Fail(place, Utf8Of(folder) + ": " + ReasonOf(error), ExitCode::fileTrouble);
     }
     std::ranges::sort(entries);
     return entries;
@@ -162,7 +162,7 @@ void CheckRun(const Recipe& recipe) {
     const fs::path folder = PathOf(project.projectFolder);
     std::error_code error;
     if (fs::directory_iterator(folder, error); error) {
-        Fail(place, project.projectFolder + ": " + error.message(), ExitCode::fileTrouble);
+        Fail(place, project.projectFolder + ": " + ReasonOf(error), ExitCode::fileTrouble);
     }
     if (!recipe.emptyRun && !HasFileOf(recipe, place)) {
         Fail(place,

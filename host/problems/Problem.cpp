@@ -15,10 +15,10 @@ namespace {
 std::string TextFor(const std::exception& error) {
     if (const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error)) {
         const std::u8string path = file->path1().u8string();
-        return std::string(path.begin(), path.end()) + ": " + file->code().message();
+        return std::string(path.begin(), path.end()) + ": " + ReasonOf(file->code());
     }
     if (const auto* system = dynamic_cast<const std::system_error*>(&error)) {
-        return system->code().message();
+        return ReasonOf(system->code());
     }
     const bool lacksMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
                              dynamic_cast<const std::length_error*>(&error) != nullptr;
@@ -62,6 +62,12 @@ void ThrowErrors(const Problems& problems) {
     if (HasErrors(problems)) {
         throw Failure(problems);
     }
+}
+
+std::string ReasonOf(const std::error_code& error) {
+    const std::error_condition condition = error.default_error_condition();
+    return condition.category() == std::generic_category() ? std::strerror(condition.value())
+                                                           : error.message();
 }
 
 void FailFor(int reason, const Place& place, const std::string& text) {

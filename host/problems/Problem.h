@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -66,6 +67,9 @@ Problems ProblemsOf(const std::exception& error);
 
 /// Throws a Failure with all problems when there are errors among them.
 void ThrowErrors(const Problems& problems);
+
+/// What the system reports, in the same words with every compiler's library.
+std::string ReasonOf(const std::error_code& error);
 
 /// The system's reason, an errno, why a file or folder cannot be used.
 [[noreturn]] void FailFor(int reason, const Place& place, const std::string& text);

@@ -442,7 +442,7 @@ void CheckTarget(const Reader& reader, Purpose purpose) {
     if (needsMesh && recipe.pathsHere.contains("target.mapped_mesh") &&
         !fs::is_regular_file(PathOf(recipe.mappedMesh), error)) {
         reader.Refuse(recipe.PlaceOf("target.mapped_mesh"),
-                      recipe.mappedMesh + ": " + (error ? error.message() : "not a file"),
+                      recipe.mappedMesh + ": " + (error ? ReasonOf(error) : "not a file"),
                       ExitCode::fileTrouble);
     }
 }

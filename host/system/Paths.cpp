@@ -44,7 +44,7 @@ std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
 void CheckFolder(const std::string& folder, const Place& place) {
     std::error_code error;
     if (!fs::is_directory(PathOf(folder), error)) {
-        Fail(place, folder + ": " + (error ? error.message() : "not a folder"),
+        Fail(place, folder + ": " + (error ? ReasonOf(error) : "not a folder"),
              ExitCode::fileTrouble);
     }
 }
