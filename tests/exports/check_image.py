@@ -24,11 +24,11 @@ class Elf:
             ["readelf", "--wide", "--file-header", "--segments", "--dynamic", "--dyn-syms", path],
             check=True, capture_output=True, text=True, errors="replace").stdout
         # Value, type and index of the section, name; another library's data that was copied
-        # has its version at the name.
+        # has its version at the name. A sanitizer's variables are its own.
         rows = re.findall(r"^ +\d+: ([0-9a-f]+) +\d+ (\w+) +\w+ +\w+ +(\w+) (\S+)", self.text, re.M)
         self.wanted = {name.split("@")[0] for _, _, section, name in rows if section == "UND"}
         self.exported = {name: (int(value, 16), kind) for value, kind, section, name in rows
-                         if section != "UND" and "@" not in name}
+                         if section != "UND" and "@" not in name and name[:7] != "__asan_"}
         self.exports = set(self.exported)
         self.libraries = re.findall(r"\(NEEDED\).*\[(.*)\]", self.text)
 
