@@ -23,7 +23,8 @@ endif()
 # result reader beside the engine; LD_LIBRARY_PATH comes first.
 if(NOT WIN32)
     set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
-    set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../lib")
+    set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../lib;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    list(REMOVE_DUPLICATES CMAKE_INSTALL_RPATH)
 endif()
 
 # With mingw-w64, what is built needs nothing beside Windows: the compiler's runtime is linked in.

@@ -1,5 +1,6 @@
 // The command "init": looks at the names of a run folder's files and writes a recipe from them.
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <initializer_list>
 #include <iterator>
@@ -123,12 +124,28 @@ std::string ChoicesText(const std::vector<OfferedItem>& items) {
     return text;
 }
 
+/// Where editors find the schema of recipes: installed beside the program.
+std::string SchemaAddress() {
+    const fs::path data = (ProgramFolder() / dataFolder).lexically_normal();
+    const std::u8string path = (data / "zorbi2" / "recipe.schema.json").generic_u8string();
+    std::string address = path.starts_with(u8'/') ? "file://" : "file:///";
+    for (const char8_t character : path) {
+        const std::string_view special = " #%";
+        const std::size_t which = special.find(static_cast<char>(character));
+        constexpr std::array<const char*, 3> encoded = {"%20", "%23", "%25"};
+        address += which == std::string_view::npos ? std::string(1, static_cast<char>(character))
+                                                   : encoded.at(which);
+    }
+    return address;
+}
+
 std::string TextOf(const Recipe& recipe, const fs::path& home) {
     Session session(recipe);
     const CZorbFEAInformation& project = recipe.project;
     const fs::path folder = PathOf(project.projectFolder).lexically_proximate(home);
     const std::u8string generic = folder.generic_u8string();
     const std::map<std::string, std::string> values = {
+        {"schema", SchemaAddress()},
         {"name", TomlText(project.projectName)},
         {"run", std::to_string(project.runNumber)},
         {"folder", TomlText({generic.begin(), generic.end()})},

@@ -14,6 +14,9 @@ namespace host {
 /// without the program's name.
 std::vector<std::string> PrepareProcess(int argc, char** argv);
 
+/// The folder that this program lies in.
+std::filesystem::path ProgramFolder();
+
 /// UTF-8 to the character set of the engine's texts; empty when a character does not exist there.
 std::optional<std::string> ToEngineText(const std::string& utf8);
 std::string FromEngineText(const std::string& text);

@@ -41,6 +41,11 @@ std::vector<std::string> PrepareProcess(int argc, char** argv) {
     return {argv + std::min(argc, 1), argv + argc};
 }
 
+std::filesystem::path ProgramFolder() {
+    std::error_code unknown;
+    return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
+}
+
 std::optional<std::string> ToEngineText(const std::string& utf8) {
     return utf8;
 }

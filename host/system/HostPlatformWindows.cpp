@@ -67,6 +67,13 @@ std::vector<std::string> PrepareProcess(int /*argc*/, char** /*argv*/) {
     return arguments;
 }
 
+std::filesystem::path ProgramFolder() {
+    constexpr DWORD longestPath = 32767;
+    std::wstring path(longestPath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), longestPath));
+    return std::filesystem::path(path).parent_path();
+}
+
 std::optional<std::string> ToEngineText(const std::string& utf8) {
     if (GetACP() == CP_UTF8) {
         return utf8;

@@ -1,0 +1,11 @@
+# Read by cpack once for each kind of package.
+if(CPACK_GENERATOR STREQUAL "DEB")
+    set(CPACK_COMPONENTS_ALL library development tool documents reader-standin)
+    set(CPACK_COMPONENTS_GROUPING IGNORE)
+    set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+    set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian/Details.cmake)
+else()
+    set(CPACK_COMPONENTS_ALL runtime development documents reader-standin)
+    set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
+    set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
+endif()
