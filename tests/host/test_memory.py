@@ -61,8 +61,9 @@ class Memory(ProgramTest):
             self.assertEqual((done.stdout, done.stderr), (whole.stdout, ""))
             self.assertEqual(there, after)
         else:
-            self.assertRegex(done.stderr + done.stdout * ("--json" in done.args),
-                             r"\A(\S*: )+.*out of memory\n\Z|\"out of memory\"")
+            in_document = "--json" in done.args and '"out of memory"' in done.stdout
+            if not in_document:
+                self.assertRegex(done.stderr, r"\A(\S*: )+.*out of memory\n\Z")
             self.assertIn(there, (before, after))
 
     def test_write(self):
