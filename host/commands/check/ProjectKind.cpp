@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 
 #include <zorbi2/CZorbFEAInformation.h>
 #include <zorbi2/CZorbI2Engine.h>
 #include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Types.h>
 
+#include "handover/Engine.h"
 #include "recipes/Names.h"
 
 namespace host {
@@ -47,11 +47,8 @@ ProjectKind::ProjectKind(std::int32_t solverType, std::int32_t projectType) {
     CZorbFEAInformation project;
     project.solverType = solverType;
     project.projectType = projectType;
-    project.flags[CZorbFEAInformation::kBuildCatalogue] = 1;
     for (CZorbI2EngineManager& manager : managers_) {
-        if (!manager.CreateEngine(&project)) {
-            throw std::bad_alloc();
-        }
+        CreateEngine(manager, project);
         project.voxelFlag = 1;  // of the second
     }
 }
