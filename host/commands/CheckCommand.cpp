@@ -7,12 +7,9 @@
 #include "commands/Commands.h"
 #include "commands/RecipeCommand.h"
 #include "commands/check/Against.h"
+#include "commands/check/CheckedFile.h"
 #include "commands/check/InWords.h"
-#include "commands/check/OfferCheck.h"
 #include "console/Report.h"
-#include "control_files/ControlFile.h"
-#include "system/HostPlatform.h"
-#include "system/Paths.h"
 
 namespace host {
 
@@ -36,35 +33,10 @@ void PrintWords(const ControlFile& file, Terminal& terminal) {
     }
 }
 
-/// What is known of a file once it is read.
-struct Checked {
-    std::string name;
-    ControlFile values;  ///< empty when lines are faulty
-    Problems problems;
-};
-
-std::string ReadText(const std::string& name, const Surroundings& host) {
-    return FromEngineText(name == "-"
-                              ? ReadStandardInput({name})
-                              : ReadFile(PathOf(AbsolutePath(name, host.scratch.Start())), {name}));
-}
-
-Checked CheckText(const std::string& name, const std::string& text, OfferCheck& offers) {
-    Checked file{name, {}, {}};
-    try {
-        file.values = ReadControlFile(name, text);
-        file.problems = OdditiesOf(name, text, file.values);
-        std::ranges::move(offers.Check(name, text, file.values), std::back_inserter(file.problems));
-    } catch (const Failure& faults) {
-        file.problems = faults.List();
-    }
-    return file;
-}
-
 /// Checks one file. Throws when it cannot be read.
 Checked CheckFile(const std::string& name, const std::optional<std::string>& wanted,
                   const Surroundings& host, OfferCheck& offers) {
-    const std::string text = ReadText(name, host);
+    const std::string text = ReadControlText(name, host);
     Checked file = CheckText(name, text, offers);
     if (wanted) {
         std::ranges::move(DifferencesFrom(*wanted, name, text), std::back_inserter(file.problems));
@@ -88,12 +60,6 @@ void ShowFile(const Checked& file, bool show, Terminal& terminal) {
     if (show) {
         PrintWords(file.values, terminal);
     }
-}
-
-Json JsonOf(const Checked& file, bool isFine) {
-    return {{"file", file.name},
-            {"ok", isFine},
-            {"asks", isFine ? InWords(file.values) : Json(nullptr)}};
 }
 
 ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {

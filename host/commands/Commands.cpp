@@ -14,6 +14,8 @@ constexpr Command commands[] = {
      "zorbi2 write *.toml --set thermal-stress=on --out handover", AddWrite},
     {"check", "Read control parameter files back",
      "zorbi2 check --show handover/*.cmi", AddCheck},
+    {"report", "Show recipes and control parameter files in a page for a browser",
+     "zorbi2 report *.toml -o handover.html", AddReport},
     {"schema", "Print the JSON schema of recipes, for editors",
      "zorbi2 schema > recipe.schema.json", AddSchema},
 };

@@ -28,6 +28,7 @@ RunFunction AddInit(Arguments& arguments);
 RunFunction AddItems(Arguments& arguments);
 RunFunction AddWrite(Arguments& arguments);
 RunFunction AddCheck(Arguments& arguments);
+RunFunction AddReport(Arguments& arguments);
 RunFunction AddSchema(Arguments& arguments);
 
 }  // namespace host

@@ -7,6 +7,7 @@
 #include <zorbi2/CZorbI2Engine.h>
 
 #include "commands/Commands.h"
+#include "commands/OfferJson.h"
 #include "commands/RecipeCommand.h"
 #include "console/Report.h"
 #include "handover/LoadRecipe.h"
@@ -23,13 +24,6 @@ struct ItemsOptions {
     bool solvers = false;
     bool matrix = false;
 };
-
-constexpr const char* groupNames[] = {"Part", "Part insert", "Moldbase"};
-
-/// The items without a title are known by their key in the file.
-std::string TitleOf(const CZorbI2Item& item) {
-    return item.title.empty() ? NameOf(item.itemId, itemKeys) : item.title;
-}
 
 /// The item's id and short name, filled to the width of a column.
 std::string LabelOf(std::int32_t itemId) {
@@ -67,58 +61,32 @@ void PrintItem(const OfferedItem& offered, Terminal& terminal) {
     terminal.out << '\n';
 }
 
-Json JsonOf(const OfferedItem& offered) {
-    const CZorbI2Item& item = offered.item;
-    Json entry = {{"id", item.itemId},
-                  {"name", NameOf(item.itemId, shortNames)},
-                  {"group", groupNames[offered.group]},
-                  {"title", TitleOf(item)},
-                  {"description", item.description},
-                  {"available", !offered.IsMissing()}};
-    if (offered.IsMissing()) {
-        entry["reason"] = offered.Label();
-    } else if (offered.IsSwitch()) {
-        entry["on"] = offered.status.checkState == 1;
-    } else {
-        entry["option"] = offered.status.optionValue;
-        entry["options"] = Json::array();
-        for (const auto& [key, label] : item.options) {
-            entry["options"].push_back({{"key", key}, {"label", label}});
-        }
-    }
-    return entry;
-}
-
 /// What the heading says.
 std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
-    const bool isSecond = recipe.quadraticElements && slot.elementTypes.size() > 1;
     return recipe.project.projectName + ", run " + std::to_string(recipe.project.runNumber) +
            ", for " + slot.name + ": " + NameOf(recipe.meshKind, meshKinds) + " mesh, " +
-           slot.elementTypes[isSecond ? 1 : 0];
+           ElementTypeOf(recipe, slot);
 }
 
 Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Problems& problems) {
-    Json list = Json::array();
     const Problems refused = session.ApplyRecipe();
     problems.insert(problems.end(), refused.begin(), refused.end());
     const SolverSlot* slot = session.Engine().solverSlots[recipe.solver].get();
     if (slot == nullptr || !Offers(*slot, recipe.meshKind)) {
-        return {{"items", list}};
+        return {{"items", Json::array()}};
     }
     terminal.out << Wrapped(Heading(recipe, *slot), terminal.columns, 0) << '\n'
                  << recipe.project.projectFolder << '\n';
+    const std::vector<OfferedItem> items = session.Offer(recipe.solver, recipe.meshKind);
     int group = -1;
-    for (const OfferedItem& offered : session.Offer(recipe.solver, recipe.meshKind)) {
+    for (const OfferedItem& offered : items) {
         if (std::exchange(group, offered.group) != offered.group) {
             terminal.out << '\n' << terminal.Colored(groupNames[group], Color::strong) << '\n';
         }
         PrintItem(offered, terminal);
-        list.push_back(JsonOf(offered));
     }
-    terminal.out << (list.empty() ? "\nNothing is offered.\n" : "");
-    return {{"project", recipe.project.projectName},      {"run", recipe.project.runNumber},
-            {"folder", recipe.project.projectFolder},     {"solver", slot->name},
-            {"mesh", NameOf(recipe.meshKind, meshKinds)}, {"items", list}};
+    terminal.out << (items.empty() ? "\nNothing is offered.\n" : "");
+    return JsonOfDialog(recipe, *slot, items);
 }
 
 // ---- Solvers ----------------------------------------------------------------------------------
@@ -142,25 +110,6 @@ Json ShowSolvers(const CZorbI2Engine& engine, Terminal& terminal) {
 
 // ---- The matrix -------------------------------------------------------------------------------
 
-/// A sign for each item: '+' available, '-' missing, '.' not offered.
-std::string SignsOf(const std::vector<OfferedItem>& items) {
-    std::string signs(kItemCount, '.');
-    for (const OfferedItem& offered : items) {
-        signs[offered.item.itemId] = offered.IsMissing() ? '-' : '+';
-    }
-    return signs;
-}
-
-Json JsonOf(const std::string& signs) {
-    Json available = Json::object();
-    for (const auto& [itemId, name] : shortNames) {
-        if (signs[itemId] != '.') {
-            available[name] = signs[itemId] == '+';
-        }
-    }
-    return available;
-}
-
 /// A column of the matrix: a heading, the solver's mesh kinds, and the signs of each item for them.
 std::vector<std::string> ColumnOf(const SolverSlot& slot, const std::string& heading,
                                   Session& session, Json& list) {
@@ -173,7 +122,7 @@ std::vector<std::string> ColumnOf(const SolverSlot& slot, const std::string& hea
             for (std::size_t item = 0; item < signs.size(); ++item) {
                 column[item + 2] += signs[item];
             }
-            list.push_back({{"solver", slot.name}, {"mesh", mesh}, {"available", JsonOf(signs)}});
+            list.push_back(JsonOfColumn(slot, mesh, signs));
         }
     }
     return column;

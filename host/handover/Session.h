@@ -33,6 +33,9 @@ public:
     /// does not come out, and what is odd.
     Problems ApplyRecipe();
 
+    /// What must stand in the control file, as far as ApplyRecipe came; empty before.
+    const ControlFile& Asked() const { return asked_; }
+
     /// Has the engine write the control file, and returns what must stand in it.
     ControlFile Write(const std::filesystem::path& folder, const std::string& extension);
 

@@ -6,7 +6,7 @@ from program import ROOT, ProgramTest
 
 BAD = [
     # arguments, the first line on standard error, the command whose help is named
-    ([], "A command: init, items, write, check or schema is required", ""),
+    ([], "A command: init, items, write, check, report or schema is required", ""),
     (["wirte"], "The following argument was not expected: wirte; nearest: write, init, items", ""),
     (["--wrong"], "The following argument was not expected: --wrong; nearest: --json, --trace, --help", ""),
     (["write"], "RECIPE is required", "write "),

@@ -74,6 +74,7 @@ class Words(ProgramTest):
     def test_kinds_of_files(self):
         for words, kind in ((["write", ""], ":recipes"), (["items", "c"], ":recipes"),
                             (["init", ""], ":folders"), (["check", ""], ":files"),
+                            (["report", ""], ":files"), (["report", "--out", ""], ":folders"),
                             (["write", "--out", ""], ":folders"), (["init", "-o", ""], ":files"),
                             (["write", "a.toml", "b"], ":recipes")):
             self.assertEqual(self.complete(*words), [kind], words)

@@ -47,7 +47,7 @@ INCLUDE_PATHS = ["include", "host", "."]
 
 # Libraries by the folders that may include them.
 LIBRARIES = {
-    "host/commands": ["CLI/CLI.hpp"],
+    "host/commands": ["CLI/CLI.hpp", "kainjow/mustache.hpp"],
     "host/console": ["nlohmann/json.hpp"],
     "host/recipes": ["toml++/toml.h"],
     "bench": ["benchmark/benchmark.h"],

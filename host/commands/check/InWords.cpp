@@ -21,23 +21,6 @@ std::string ItemsWith(const char* flag, const ControlFile& file) {
     return items.empty() ? "none" : Listed(items);
 }
 
-std::string MeshOf(const ControlFile& file) {
-    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
-    if (IsAnnealedMesh(file)) {
-        return "deformed after annealing";
-    }
-    const auto kind = std::ranges::find_if(meshKeys, isOn) - std::begin(meshKeys);
-    return static_cast<std::size_t>(kind) < meshKinds.size() ? meshKinds[kind].second : "none";
-}
-
-std::string CompositeModelOf(const ControlFile& file) {
-    const int model = std::stoi(file.at("IDCompositeModel"));
-    return model == kOptionResultsMissing ? "results missing"
-           : model < static_cast<int>(std::size(compositeModels))
-               ? compositeModels[model]
-               : "model " + std::to_string(model);
-}
-
 std::string ProjectOf(const ControlFile& file) {
     const std::string& solverType = file.at("SolverType");
     return (solverType == std::to_string(kSolidProject)   ? "solid"
@@ -75,6 +58,23 @@ std::string WeldLinesOf(const ControlFile& file) {
 }
 
 }  // namespace
+
+std::string MeshOf(const ControlFile& file) {
+    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
+    if (IsAnnealedMesh(file)) {
+        return "deformed after annealing";
+    }
+    const auto kind = std::ranges::find_if(meshKeys, isOn) - std::begin(meshKeys);
+    return static_cast<std::size_t>(kind) < meshKinds.size() ? meshKinds[kind].second : "none";
+}
+
+std::string CompositeModelOf(const ControlFile& file) {
+    const int model = std::stoi(file.at("IDCompositeModel"));
+    return model == kOptionResultsMissing ? "results missing"
+           : model < static_cast<int>(std::size(compositeModels))
+               ? compositeModels[model]
+               : "model " + std::to_string(model);
+}
 
 Json InWords(const ControlFile& file) {
     const auto onOff = [&file](const char* key) { return IsOn(file, key) ? "on" : "off"; };

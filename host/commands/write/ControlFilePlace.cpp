@@ -15,7 +15,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The start of a file, which is all of a control file.
+/// Whether a file is named as those of a run, the recipe's or an earlier one, and stands with them.
+bool IsOfRun(const fs::path& file, const Recipe& recipe) {
+    const fs::path folder = PathOf(recipe.project.projectFolder);
+    const std::string start = FileIdentity(folder / PathOf(recipe.project.projectName));
+    const std::string name = FileIdentity(file);
+    return name.starts_with(start) && name.size() > start.size() && name[start.size()] >= '0' &&
+           name[start.size()] <= '9';
+}
+
+}  // namespace
+
 std::string StartOf(const fs::path& file) {
     constexpr std::size_t moreThanAControlFile = 1 << 16;
     std::string text(moreThanAControlFile, '\0');
@@ -28,22 +38,10 @@ std::string StartOf(const fs::path& file) {
     return text;
 }
 
-/// An empty file is none, but nothing is lost with it.
 bool IsControlFile(const std::string& text) {
     const std::string first = kControlFileLines[0].text;
     return text.starts_with(first + "\n") || text.starts_with(first + "\r\n");
 }
-
-/// Whether a file is named as those of a run, the recipe's or an earlier one, and stands with them.
-bool IsOfRun(const fs::path& file, const Recipe& recipe) {
-    const fs::path folder = PathOf(recipe.project.projectFolder);
-    const std::string start = FileIdentity(folder / PathOf(recipe.project.projectName));
-    const std::string name = FileIdentity(file);
-    return name.starts_with(start) && name.size() > start.size() && name[start.size()] >= '0' &&
-           name[start.size()] <= '9';
-}
-
-}  // namespace
 
 ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe,
                                    const FilesRead& filesRead, bool isForced) {
@@ -64,7 +62,7 @@ ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe,
     if (IsOfRun(file, recipe)) {
         Fail({}, name + "is a file of the run, and is not replaced", ExitCode::fileTrouble);
     }
-    if (!there.text.empty() && !isForced) {
+    if (!there.text.empty() && !isForced) {  // with an empty file nothing is lost
         Fail({}, name + "is not a control parameter file; --force replaces it",
              ExitCode::fileTrouble);
     }

@@ -20,6 +20,12 @@ struct ControlFilePlace {
     std::string text;  ///< of the file that is there
 };
 
+/// The start of a file, which is all of a control file. Throws a Failure when it cannot be read.
+std::string StartOf(const std::filesystem::path& file);
+
+/// Whether a text starts as control files do.
+bool IsControlFile(const std::string& text);
+
 /// Throws a Failure for what may not be replaced: what is no control file, unless forced, and what
 /// the call reads always.
 ControlFilePlace LookAtControlFile(const std::filesystem::path& file, const Recipe& recipe,

@@ -6,10 +6,10 @@
 #include <map>
 #include <utility>
 
+#include "commands/write/TextDifference.h"
 #include "handover/Engine.h"
 #include "handover/LoadRecipe.h"
 #include "handover/RunFolder.h"
-#include "handover/Session.h"
 #include "system/HostPlatform.h"
 #include "system/Signals.h"
 
@@ -139,6 +139,10 @@ void MakeText(Job& job, const GeneralOptions& options) {
     CheckRun(recipe);
     CheckFilesOfRun(recipe);
     Session session(recipe);
+    MakeText(job, session, options);
+}
+
+void MakeText(Job& job, Session& session, const GeneralOptions& options) {
     Problems problems = session.ApplyRecipe();
     if (options.strict) {
         MakeStrict(problems);
@@ -147,8 +151,61 @@ void MakeText(Job& job, const GeneralOptions& options) {
     job.problems.insert(job.problems.end(), problems.begin(), problems.end());
     SortByLine(job.problems);
     const TemporaryFile file{job.controlFile.filename()};  // in the scratch folder
-    const ControlFile asked = session.Write(".", recipe.controlExtension);
+    const ControlFile asked = session.Write(".", job.recipe.controlExtension);
     ReadBack(job, file.path, asked);
+}
+
+FilesRead FilesReadBy(const std::vector<Job>& jobs, const fs::path& start) {
+    FilesRead files;
+    for (const Job& job : jobs) {
+        files.insert(FileIdentity(start / PathOf(job.recipe.file)));
+        if (!job.recipe.mappedMesh.empty()) {
+            files.insert(FileIdentity(PathOf(job.recipe.mappedMesh)));
+        }
+    }
+    return files;
+}
+
+void CompareWithPlace(Job& job, const ControlFilePlace& there, bool isKept, bool isToDiffer) {
+    job.change = !there.isTaken           ? Change::isNew
+                 : isKept                 ? Change::isKept
+                 : there.text == job.text ? Change::none
+                                          : Change::isChanged;
+    if (isToDiffer && job.WouldChange()) {
+        const std::string name = Utf8Of(job.controlFile);
+        job.difference = TextDifference(there.isTaken ? name : "/dev/null",
+                                        FromEngineText(there.text), name, FromEngineText(job.text));
+    }
+}
+
+std::string WordFor(Change change) {
+    switch (change) {
+        case Change::isNew:
+            return "new";
+        case Change::isChanged:
+            return "changed";
+        case Change::isKept:
+            return "kept";
+        default:
+            return "unchanged";
+    }
+}
+
+Json JsonOf(const Job& job, const std::string& whenDone, bool hasText, bool hasDifference) {
+    Json entry = {{"recipe", job.recipe.file},
+                  {"controlFile", Utf8Of(job.controlFile)},
+                  {"status", job.IsDone() ? whenDone : "failed"}};
+    if (job.IsDone()) {
+        entry["change"] = WordFor(job.change);
+    }
+    entry["problems"] = JsonOf(job.problems);
+    if (job.IsDone() && hasText) {
+        entry["text"] = FromEngineText(job.text);
+    }
+    if (job.IsDone() && hasDifference) {
+        entry["diff"] = job.difference;
+    }
+    return entry;
 }
 
 }  // namespace host

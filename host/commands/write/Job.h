@@ -8,6 +8,8 @@
 
 #include "commands/RecipeCommand.h"
 #include "commands/write/ControlFilePlace.h"
+#include "console/Report.h"
+#include "handover/Session.h"
 
 namespace host {
 
@@ -20,6 +22,8 @@ struct Job {
     std::string difference;        ///< from the old text, when it is to be shown
     bool isFinished = false;       ///< with success, before any signal came
 
+    /// Whether a file would be written.
+    bool WouldChange() const { return change == Change::isNew || change == Change::isChanged; }
     bool IsDone() const { return !HasErrors(problems); }
 };
 
@@ -36,6 +40,20 @@ void RefuseSameFile(std::vector<Job>& jobs);
 /// Has the engine write the control file, and keeps its text. Throws a Failure unless it says what
 /// was asked for.
 void MakeText(Job& job, const GeneralOptions& options);
+/// The same with a session of the job's recipe, whose run's files have been checked.
+void MakeText(Job& job, Session& session, const GeneralOptions& options);
+
+/// All that the recipes of the call are read from, and that they have the translator read.
+FilesRead FilesReadBy(const std::vector<Job>& jobs, const std::filesystem::path& start);
+
+/// Finds out what the text makes of the file that is there, and on request how they differ.
+void CompareWithPlace(Job& job, const ControlFilePlace& there, bool isKept, bool isToDiffer);
+
+/// What the lines and the documents call it.
+std::string WordFor(Change change);
+
+/// The job as the documents show it. `whenDone` is its status when it went well.
+Json JsonOf(const Job& job, const std::string& whenDone, bool hasText, bool hasDifference);
 
 [[noreturn]] void FailToWrite(const Job& job, const std::string& reason);
 

@@ -7,7 +7,6 @@
 
 #include "commands/Commands.h"
 #include "commands/write/Job.h"
-#include "commands/write/TextDifference.h"
 #include "console/Report.h"
 #include "system/HostPlatform.h"
 #include "system/SafeFile.h"
@@ -31,35 +30,9 @@ struct WriteOptions {
     bool WritesNothing() const { return dryRun || diff || check; }
 };
 
-/// What the lines and the documents call it.
-std::string WordFor(Change change) {
-    switch (change) {
-        case Change::isNew:
-            return "new";
-        case Change::isChanged:
-            return "changed";
-        case Change::isKept:
-            return "kept";
-        default:
-            return "unchanged";
-    }
-}
-
 /// What a job is that went well: "written".
 std::string NameOfDone(const WriteOptions& options) {
     return options.dryRun ? "shown" : options.WritesNothing() ? "compared" : "written";
-}
-
-/// All that the recipes of the call are read from, and that they have the translator read.
-FilesRead FilesReadBy(const std::vector<Job>& jobs, const fs::path& start) {
-    FilesRead files;
-    for (const Job& job : jobs) {
-        files.insert(FileIdentity(start / PathOf(job.recipe.file)));
-        if (!job.recipe.mappedMesh.empty()) {
-            files.insert(FileIdentity(PathOf(job.recipe.mappedMesh)));
-        }
-    }
-    return files;
 }
 
 /// The jobs of a call, one after the other.
@@ -105,22 +78,14 @@ void Writer::PutInPlace(Job& job) {
 
 void Writer::WriteControlFile(Job& job) {
     MakeText(job, host_.terminal.options);
-    const ControlFilePlace there =
-        LookAtControlFile(job.controlFile, job.recipe, filesRead_, options_.force || options_.keep);
-    job.change = !there.isTaken           ? Change::isNew
-                 : options_.keep          ? Change::isKept
-                 : there.text == job.text ? Change::none
-                                          : Change::isChanged;
-    const bool isToWrite = job.change == Change::isNew || job.change == Change::isChanged;
-    if (options_.diff && isToWrite) {
-        const std::string name = Utf8Of(job.controlFile);
-        job.difference = TextDifference(there.isTaken ? name : "/dev/null",
-                                        FromEngineText(there.text), name, FromEngineText(job.text));
-    }
+    CompareWithPlace(
+        job,
+        LookAtControlFile(job.controlFile, job.recipe, filesRead_, options_.force || options_.keep),
+        options_.keep, options_.diff);
     if (IsInterrupted()) {
         return;  // a signal may have ended a call of the engine
     }
-    if (isToWrite && !options_.WritesNothing()) {
+    if (job.WouldChange() && !options_.WritesNothing()) {
         PutInPlace(job);
     }
     job.isFinished = true;
@@ -142,23 +107,6 @@ void Writer::Show(const Job& job) {
     }
 }
 
-Json JsonOf(const Job& job, const WriteOptions& options) {
-    Json entry = {{"recipe", job.recipe.file},
-                  {"controlFile", Utf8Of(job.controlFile)},
-                  {"status", job.IsDone() ? NameOfDone(options) : "failed"}};
-    if (job.IsDone()) {
-        entry["change"] = WordFor(job.change);
-    }
-    entry["problems"] = JsonOf(job.problems);
-    if (job.IsDone() && options.dryRun) {
-        entry["text"] = FromEngineText(job.text);
-    }
-    if (job.IsDone() && options.diff) {
-        entry["diff"] = job.difference;
-    }
-    return entry;
-}
-
 /// Writes the jobs until a signal comes. Each is dropped then: thousands of them need not stay.
 void Writer::WriteJobs() {
     for (Job& slot : jobs_) {
@@ -172,12 +120,10 @@ void Writer::WriteJobs() {
         ++tried_;
         Show(job);
         done_ += job.IsDone() ? 1 : 0;
-        wouldChange_ =
-            wouldChange_ ||
-            (job.IsDone() && (job.change == Change::isNew || job.change == Change::isChanged));
+        wouldChange_ = wouldChange_ || (job.IsDone() && job.WouldChange());
         problems_.insert(problems_.end(), job.problems.begin(), job.problems.end());
         if (host_.terminal.options.json) {
-            list_.push_back(JsonOf(job, options_));
+            list_.push_back(JsonOf(job, NameOfDone(options_), options_.dryRun, options_.diff));
         }
     }
 }

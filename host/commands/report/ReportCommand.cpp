@@ -1,0 +1,174 @@
+// The command "report": a page that shows recipes and control files, for people without a terminal.
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "commands/Commands.h"
+#include "commands/report/Entry.h"
+#include "commands/report/Page.h"
+#include "commands/report/Summary.h"
+#include "system/HostPlatform.h"
+#include "system/SafeFile.h"
+#include "system/Signals.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ReportOptions {
+    std::vector<std::string> files;  ///< recipes and control files
+    std::optional<std::string> page;
+    Overrides overrides;
+    bool force = false;
+};
+
+/// Whether a word of the command line names a control file. What cannot be read is one by its name.
+bool NamesControlFile(const std::string& word, const fs::path& start) {
+    const fs::path file = PathOf(AbsolutePath(word, start));
+    std::error_code unknown;
+    return word != "-" && (file.extension() == ".cmi" ||
+                           (fs::is_regular_file(file, unknown) && IsControlFile(StartOf(file))));
+}
+
+/// The entries of a call, one after the other.
+class Reporter {
+public:
+    Reporter(const ReportOptions& options, Terminal& terminal)
+        : options_(options),
+          host_(terminal),
+          page_(*host_.bareEngine.engine, options.files.size() == 1) {}
+
+    ExitCode Run();
+
+private:
+    void LookAtPage(const std::string& name) const;
+    void ReadRecipes();
+    void AddEntries();
+    void Add(const Json& entry, const Problems& problems);
+    void PutInPlace();
+
+    const ReportOptions& options_;
+    Surroundings host_;
+    fs::path file_;  ///< of the page
+    std::vector<bool> isControlFile_;
+    std::vector<Job> jobs_;  ///< of the recipes
+    FilesRead recipesRead_;  ///< with the files that they have the translator read
+    FilesRead controlFilesRead_;
+    Page page_;
+    Summary summary_;
+    Problems problems_;
+    Json list_ = Json::array();
+};
+
+/// Throws a Failure for what may not be replaced.
+void Reporter::LookAtPage(const std::string& name) const {
+    const FilePlace place = LookAtPlace(file_);
+    if (!place.reason.empty()) {
+        Fail({name}, "cannot be written: " + place.reason, ExitCode::fileTrouble);
+    }
+    const std::string identity = FileIdentity(file_);
+    if (recipesRead_.contains(identity) || controlFilesRead_.contains(identity)) {
+        Fail({name}, "is a file that this call reads, and is not replaced", ExitCode::fileTrouble);
+    }
+    const std::string text = place.isTaken ? StartOf(place.file) : std::string();
+    if (!text.empty() && !Page::IsPage(text) && !options_.force) {
+        Fail({name}, "is not a report; --force replaces it", ExitCode::fileTrouble);
+    }
+}
+
+void Reporter::ReadRecipes() {
+    const fs::path& start = host_.scratch.Start();
+    std::vector<std::string> recipes;
+    for (const std::string& file : options_.files) {
+        isControlFile_.push_back(NamesControlFile(file, start));
+        if (isControlFile_.back()) {
+            controlFilesRead_.insert(FileIdentity(PathOf(AbsolutePath(file, start))));
+        } else {
+            recipes.push_back(file);
+        }
+    }
+    CheckOpenFileLimit(recipes.size());
+    jobs_ = ReadJobs(host_, recipes, options_.overrides);
+    RefuseSameFile(jobs_);
+    recipesRead_ = FilesReadBy(jobs_, start);
+}
+
+void Reporter::Add(const Json& entry, const Problems& problems) {
+    summary_.Add(entry);
+    if (options_.page) {
+        page_.Add(entry);
+    }
+    if (host_.terminal.options.json) {
+        list_.push_back(entry);
+    }
+    problems_.insert(problems_.end(), problems.begin(), problems.end());
+}
+
+/// Adds them until a signal comes.
+void Reporter::AddEntries() {
+    OfferCheck offers;
+    auto nextJob = jobs_.begin();
+    for (std::size_t i = 0; i < options_.files.size() && !IsInterrupted(); ++i) {
+        if (isControlFile_[i]) {
+            Problems problems;
+            const Json entry = EntryOf(options_.files[i], host_, offers, problems);
+            Add(entry, problems);
+        } else {
+            Job job = std::move(*nextJob++);
+            const Json entry = EntryOf(job, host_, recipesRead_);
+            Add(entry, job.problems);
+        }
+    }
+}
+
+void Reporter::PutInPlace() {
+    const std::string& name = *options_.page;
+    const fs::path folder = LookAtPlace(file_).file.parent_path();
+    RemoveLeftOvers(folder, fs::file_type::regular);
+    const std::string reason = ReplaceFile(file_, page_.Text(summary_.AsJson()));
+    if (!reason.empty()) {
+        Fail({name}, "cannot be written: " + reason, ExitCode::fileTrouble);
+    }
+    host_.terminal.news << "wrote    " << Utf8Of(file_) << '\n';
+}
+
+ExitCode Reporter::Run() {
+    Terminal& terminal = host_.terminal;
+    if (!options_.page && !terminal.options.json) {
+        Fail({}, "-o FILE is missing: the page to write", ExitCode::badUsage);
+    }
+    ReadRecipes();
+    if (options_.page) {
+        file_ = PathOf(AbsolutePath(*options_.page, host_.scratch.Start()));
+        LookAtPage(*options_.page);
+    }
+    AddEntries();
+    if (IsInterrupted()) {
+        Fail({}, "interrupted: no report was written", ExitCode::fileTrouble);
+    }
+    if (options_.page) {
+        PutInPlace();
+    }
+    const Json summary = summary_.AsJson();
+    terminal.news << summary["entries"].get<std::size_t>() - summary["failed"].get<std::size_t>()
+                  << " shown, " << summary["failed"] << " failed" << std::endl;
+    return Report(problems_, terminal.options, {{"summary", summary}, {"entries", list_}});
+}
+
+}  // namespace
+
+RunFunction AddReport(Arguments& arguments) {
+    const auto options = std::make_shared<ReportOptions>();
+    arguments.Words("FILE", options->files, "Recipes (TOML) or control parameter files");
+    arguments.Value("-o,--output", "FILE", options->page,
+                    "Page to write (HTML); JSON needs none");
+    AddOverrides(arguments, options->overrides);
+    arguments.Value("--out", "FOLDER", options->overrides.controlFolder,
+                    "Folder of the control files that the recipes would write");
+    arguments.Flag("--force", options->force, "Replace also what is not a report");
+    return [options](Terminal& terminal) { return Reporter(*options, terminal).Run(); };
+}
+
+}  // namespace host

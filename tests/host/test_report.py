@@ -1,0 +1,226 @@
+"""The page that shows recipes and control files, and the data behind it."""
+
+import base64
+import hashlib
+import html
+import json
+import os
+import re
+import shutil
+import unittest
+
+from program import EXAMPLE, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest
+
+TEMPLATES = ROOT / "host" / "commands" / "report"
+
+
+class Report(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.make_run()
+        self.make_recipe()
+        self.page = self.folder / "page.html"
+
+    def report(self, *files, code=0, stderr=""):
+        """Makes the page, and gives back its text."""
+        done = self.run_program("report", *files, "-o", "page.html")
+        self.check(done, code, stderr=stderr)
+        return self.page.read_text(encoding="utf-8")
+
+    def data(self, *files, code=0):
+        done = self.run_program("report", *files, "--json")
+        self.check(done, code)
+        return json.loads(done.stdout)
+
+    # ---- The data -------------------------------------------------------------------------------
+
+    def test_an_entry_has_what_the_other_commands_show(self):
+        self.run_program("write", "cover.toml")
+        self.make_recipe(PROJECT + TARGET.replace("original", "deformed"))
+        entry = self.data("cover.toml")["entries"][0]
+        shown = [(("items", "cover.toml"), ("project", "run", "folder", "solver", "mesh", "items")),
+                 (("items", "cover.toml", "--matrix"), ("matrix",))]
+        for words, keys in shown:
+            document = json.loads(self.run_program(*words, "--json").stdout)
+            for key in keys:
+                self.assertEqual(entry[key], document[key], key)
+        for flag, key in (("--diff", "diff"), ("--diff", "change"), ("--dry-run", "text")):
+            document = json.loads(self.run_program("write", "cover.toml", flag, "--json").stdout)
+            self.assertEqual(entry[key], document["recipes"][0][key], key)
+        self.run_program("write", "cover.toml")
+        check = json.loads(self.run_program("check", "Cover02.cmi", "--json").stdout)
+        self.assertEqual(entry["asks"], check["files"][0]["asks"])
+
+    def test_the_state_of_each_item(self):
+        states = self.data("cover.toml")["entries"][0]["states"]
+        self.assertEqual(len(states), 22)
+        self.assertEqual([states[name] for name in ("fiber-orientation", "runner", "density",
+                                                    "annealing-stress", "thermal-stress",
+                                                    "micro-mechanics")],
+                         ["on", "missing", "off", "not offered", "off", "on"])
+
+    def test_what_others_would_have(self):
+        self.make_recipe(PROJECT + TARGET.replace("ANSYS", "NE-Nastran"))
+        elsewhere = {item["name"]: item["places"]
+                     for item in self.data("cover.toml")["entries"][0]["elsewhere"]}
+        self.assertEqual(elsewhere["flow-stress"][0],
+                         {"solver": "ANSYS", "meshes": ["original", "mapped"]})
+        self.assertNotIn("fiber-orientation", elsewhere)  # is here
+        self.assertNotIn("annealing-stress", elsewhere)   # is nowhere
+
+    def test_weld_lines(self):
+        self.make_recipe(PROJECT + TARGET + "[weld_lines]\nangles = [10, 20.5, 170]\n"
+                         "reduction_rates = [0.125, 0.5, 1]\ndigimat_angle = 90\n")
+        self.assertEqual(self.data("cover.toml")["entries"][0]["weldLines"], {
+            "ranges": [{"from": 0, "to": 10, "rate": 0.125}, {"from": 10, "to": 20.5, "rate": 0.5},
+                       {"from": 20.5, "to": 170, "rate": 1}],
+            "digimatAngle": 90})
+
+    def test_the_summary(self):
+        self.make_run("Lid03", files=[".k5f"])
+        self.make_recipe(PROJECT.replace("Cover", "Lid").replace("run = 2", "run = 3") + TARGET,
+                         "lid.toml")
+        self.make_recipe("[project]\n", "bad.toml")
+        self.run_program("write", "cover.toml")
+        document = self.data("cover.toml", "lid.toml", "bad.toml", "Cover02.cmi", code=2)
+        summary = document["summary"]
+        counts = {key: value for key, value in summary.items() if key != "missing"}
+        self.assertEqual(counts, {"entries": 4, "failed": 1, "warned": 0, "new": 1, "changed": 0,
+                                  "unchanged": 1, "read": 1})
+        most = {item["name"]: item for item in summary["missing"]}
+        self.assertEqual(most["runner"], {"name": "runner", "count": 2,
+                                          "reasons": [{"reason": "No runners", "count": 2}]})
+        self.assertEqual(most["packing-temperature"]["count"], 1)
+        numbers = [item["count"] for item in summary["missing"]]
+        self.assertEqual(numbers, sorted(numbers, reverse=True))
+        self.assertEqual([entry["status"] for entry in document["entries"]],
+                         ["compared", "compared", "failed", "read"])
+
+    def test_a_recipe_that_fails_still_shows_what_is_offered(self):
+        self.make_recipe(PROJECT + TARGET + "[choices]\nrunner = 1\n")
+        entry = self.data("cover.toml", code=1)["entries"][0]
+        self.assertEqual(entry["status"], "failed")
+        self.assertEqual(entry["states"]["runner"], "missing")
+        self.assertEqual(entry["problems"][0]["line"], 10)
+        self.assertNotIn("text", entry)
+
+    def test_a_control_file_tells_what_it_can(self):
+        shutil.copy(EXAMPLE / "expected" / "Cover02.cmi", self.folder / "mail.txt")
+        entry = self.data("mail.txt")["entries"][0]
+        self.assertEqual((entry["file"], entry["status"], entry["solver"], entry["mesh"]),
+                         ("mail.txt", "read", "ANSYS", "original"))
+        self.assertEqual(entry["states"]["thermal-stress"], "on")
+        self.assertEqual(entry["states"]["annealing-stress"], "not offered")
+        self.assertNotIn("change", entry)
+
+    def test_a_faulty_control_file_is_shown_with_its_faults(self):
+        (self.folder / "bad.cmi").write_text("Something else\n")
+        entry = self.data("bad.cmi", code=1)["entries"][0]
+        self.assertEqual((entry["status"], entry["asks"]), ("failed", None))
+        self.assertEqual(entry["problems"][0]["line"], 1)
+        self.assertIn("Something else", self.report("bad.cmi", code=1, stderr=None))
+
+    # ---- The page -------------------------------------------------------------------------------
+
+    def test_nothing_but_the_page_is_written(self):
+        before = self.files()
+        page = self.report("cover.toml")
+        self.assertEqual(self.files(), sorted([*before, "page.html"]))
+        self.assertIn("Cover", page)
+        self.assertNotIn("{{", page)
+
+    def test_the_same_recipes_give_the_same_page(self):
+        self.assertEqual(self.report("cover.toml"), self.report("cover.toml"))
+
+    def test_failures_are_rows_on_top_and_stop_no_other(self):
+        self.make_recipe("[project]\n", "bad.toml")
+        page = self.report("cover.toml", "bad.toml", "none.toml", code=3, stderr=None)
+        names = re.findall(r'<th scope="row"><a href="#e\d+"><bdi>([^<]+)</bdi>', page)
+        self.assertEqual(names, ["bad.toml", "none.toml", "cover.toml"])
+
+    def test_texts_are_escaped(self):
+        self.make_recipe(PROJECT + TARGET + "[output]\nfolder = 'X:\\<script>\"&'\n")
+        page = self.report("cover.toml")
+        self.assertIn("X:\\&lt;script&gt;&quot;&amp;", page)
+        self.assertEqual(page.count("<script>"), 1)
+
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
+    def test_bytes_that_are_no_text_do_no_harm(self):
+        os.rename(self.folder / "cover.toml", os.fsencode(self.folder) + b"/n\xff.toml")
+        page = self.report(b"n\xff.toml".decode("utf-8", "surrogateescape"))
+        self.assertIn("n\ufffd.toml", page)
+
+    def test_every_line_of_a_control_file_is_explained(self):
+        page = self.report("cover.toml")
+        text = re.search(r'<ol class="text">(.*?)</ol>', page, re.S)[1]
+        numbers = re.findall(r'<li><a href="#m(\d+)">', text)
+        self.assertEqual(len(numbers), text.count("<li>"))
+        self.assertEqual(len(set(numbers)), len(numbers))
+        meanings = dict(re.findall(r'<dd id="m(\d+)">([^<]+)</dd>', page))
+        self.assertLessEqual(set(numbers), set(meanings))
+        lines = dict(re.findall(r'<li><a href="#m(\d+)">([^<]*)</a>', text))
+        at = {html.unescape(line).split("=")[0].strip(): number for number, line in lines.items()}
+        self.assertIn("Folder", meanings[at["OutFolder"]])
+        self.assertIn("Runner output", meanings[at["IsRunnerOutput"]])
+        self.assertIn("third", meanings[at["ReductionRate3"]])
+
+    def test_the_policy_names_the_style_and_the_script(self):
+        page = self.report("cover.toml")
+        self.assertIn("content=\"default-src 'none';", page)
+        for kind in ("style", "script"):
+            text = re.search(f"<{kind}>(.*?)</{kind}>", page, re.S)[1]
+            digest = base64.b64encode(hashlib.sha256(text.encode()).digest()).decode()
+            self.assertIn(f"{kind}-src 'sha256-{digest}'", page,
+                          f"page.html must name this hash of its <{kind}>")
+        self.assertNotRegex(page, r"<[a-z][^>]*\s(style|on[a-z]+)=")
+        self.assertNotRegex(page, r'(src|href)="(?!#)')
+
+    def test_templates_are_small(self):
+        size = sum(path.stat().st_size for path in TEMPLATES.glob("*.html"))
+        self.assertLess(size, 60000)
+
+    # ---- Where it goes --------------------------------------------------------------------------
+
+    def test_a_page_is_needed_unless_data_are(self):
+        done = self.run_program("report", "cover.toml")
+        self.check(done, 2, "", "zorbi2: -o FILE is missing: the page to write\n")
+
+    def test_a_report_is_replaced_and_nothing_else(self):
+        self.report("cover.toml")
+        self.make_recipe(PROJECT + TARGET.replace("ANSYS", "ABAQUS"))
+        self.assertIn("ABAQUS: original", self.report("cover.toml"))
+        self.page.write_text("<!DOCTYPE html>\n<html>mine</html>\n")
+        done = self.run_program("report", "cover.toml", "-o", "page.html")
+        self.check(done, 3, "", "page.html: is not a report; --force replaces it\n")
+        self.assertIn("mine", self.page.read_text())
+        self.check(self.run_program("report", "cover.toml", "-o", "page.html", "--force"), 0)
+        self.assertIn("ABAQUS", self.page.read_text(encoding="utf-8"))
+
+    def test_what_the_call_reads_is_never_replaced(self):
+        self.run_program("write", "cover.toml")
+        for name in ("cover.toml", "Cover02.cmi"):
+            before = (self.folder / name).read_bytes()
+            done = self.run_program("report", "cover.toml", "Cover02.cmi", "-o", name, "--force")
+            self.check(done, 3, "",
+                       f"{name}: is a file that this call reads, and is not replaced\n")
+            self.assertEqual((self.folder / name).read_bytes(), before)
+
+    def test_a_folder_that_is_not_there(self):
+        done = self.run_program("report", "cover.toml", "-o", "none/page.html")
+        self.assertEqual(done.returncode, 3)
+        self.assertIn("none/page.html: cannot be written: ", done.stderr)
+
+    def test_the_command_line_overrides_the_recipe(self):
+        done = self.run_program("report", "cover.toml", "--solver", "MARC", "--mesh", "deformed",
+                                "--set", "density=3", "--json")
+        self.assertEqual(json.loads(done.stdout)["entries"][0]["solver"], "MARC")
+
+    def test_strict_makes_failures_of_warnings(self):
+        self.make_recipe(PROJECT + TARGET + "[output]\nfolder = 'none'\n")
+        self.assertEqual(self.data("cover.toml")["summary"]["warned"], 1)
+        done = self.run_program("report", "cover.toml", "--json", "--strict")
+        self.assertEqual(json.loads(done.stdout)["summary"]["failed"], 1)
+
+
+if __name__ == "__main__":
+    unittest.main()
