@@ -328,29 +328,23 @@ async function timed(page, step) {
   return Date.now() - start;
 }
 
-// The best of three counts against the limit: the machine may have other work.
-for (const [count, limit, tries] of [[1000, 2000, 3], [5000, Infinity, 1]]) {
-  test(`${count} recipes: quick to open, sort and look into`, async (t) => {
-    const many = new Folder();
-    t.after(() => many.remove());
-    const names = makeMany(many, count);
-    const started = Date.now();
-    const url = many.report(...names);
-    const written = Date.now() - started;
-    const page = await open(t, url);
-    let interactive = await untilInteractive(page);
-    for (let i = 1; i < tries && interactive >= limit; ++i) {
-      await page.reload();
-      interactive = Math.min(interactive, await untilInteractive(page));
-    }
-    const sorted = await timed(page, () => sortBy(page, "Solver"));
-    const opened = await timed(page, () => linkTo(page, names[7]).click());
-    const size = statSync(join(many.path, "report.html")).size;
-    console.log(`browser: ${count} recipes: interactive after ${Math.round(interactive)} ms; sorted in ${sorted} ms, ` +
-      `a row opened in ${opened} ms, page of ${Math.round(size / 1e6)} MB made in ${written} ms`);
-    assert.ok(interactive < limit, `${interactive} ms`);
-    assert.equal(await page.locator(".opened").count(), 1);
-    await page.locator("form [name=text]").fill(names.at(-1));
-    assert.deepEqual(await firstWords(page), [names.at(-1)]);
-  });
-}
+// The times are printed. ZORBI2_REPORT_RECIPES=5000 tries more.
+const count = Number(process.env.ZORBI2_REPORT_RECIPES ?? 1000);
+test(`${count} recipes: they open, sort and can be looked into`, async (t) => {
+  const many = new Folder();
+  t.after(() => many.remove());
+  const names = makeMany(many, count);
+  const started = Date.now();
+  const url = many.report(...names);
+  const written = Date.now() - started;
+  const page = await open(t, url);
+  const interactive = await untilInteractive(page);
+  const sorted = await timed(page, () => sortBy(page, "Solver"));
+  const opened = await timed(page, () => linkTo(page, names[7]).click());
+  const size = statSync(join(many.path, "report.html")).size;
+  console.log(`browser: ${count} recipes: interactive after ${Math.round(interactive)} ms; sorted in ${sorted} ms, ` +
+    `a row opened in ${opened} ms, page of ${Math.round(size / 1e6)} MB made in ${written} ms`);
+  assert.equal(await page.locator(".opened").count(), 1);
+  await page.locator("form [name=text]").fill(names.at(-1));
+  assert.deepEqual(await firstWords(page), [names.at(-1)]);
+});
