@@ -162,8 +162,7 @@ ExitCode Reporter::Run() {
 RunFunction AddReport(Arguments& arguments) {
     const auto options = std::make_shared<ReportOptions>();
     arguments.Words("FILE", options->files, "Recipes (TOML) or control parameter files");
-    arguments.Value("-o,--output", "FILE", options->page,
-                    "Page to write (HTML); JSON needs none");
+    arguments.Value("-o,--output", "FILE", options->page, "Page to write (HTML); JSON needs none");
     AddOverrides(arguments, options->overrides);
     arguments.Value("--out", "FOLDER", options->overrides.controlFolder,
                     "Folder of the control files that the recipes would write");
