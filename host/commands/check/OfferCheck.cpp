@@ -42,7 +42,7 @@ bool HasMeshKind(const Status& status) {
     return status.meshKind <= kMesh3DMappingShell;
 }
 
-std::string InWords(const Status& status) {
+std::string TargetInWords(const Status& status) {
     return NameOf(status.solver, solverKeywords) +
            (HasMeshKind(status) ? " with mesh kind " + Quoted(NameOf(status.meshKind, meshKinds))
                                 : " without a mesh kind") +
@@ -116,7 +116,7 @@ private:
             return Warn("SolverName", "no item has a line, though there are items for " + Offer());
         }
         if (const auto other = kind_.StatusWith(found)) {
-            return Warn("SolverName", "the item lines are those of " + InWords(*other) +
+            return Warn("SolverName", "the item lines are those of " + TargetInWords(*other) +
                                           ", not those of " + Offer());
         }
         const auto nearest = std::ranges::min_element(
@@ -139,7 +139,8 @@ private:
     }
 
     std::string Offer() const {
-        return status_.solver == noSolver ? "no solver" : InWords(status_) + " in " + KindInWords();
+        return status_.solver == noSolver ? "no solver"
+                                          : TargetInWords(status_) + " in " + KindInWords();
     }
 
     const std::string& name_;

@@ -18,7 +18,7 @@ struct Row {
 };
 
 // clang-format off
-constexpr Row rows[] = {
+constexpr Row explanations[] = {
     {"I2-Output",                "The first line of every control parameter file."},
     {"FileVersion",              "Version of the file's format."},
     {"[HEADER]",                 "What is handed over, and to which solver."},
@@ -85,12 +85,13 @@ constexpr bool ExplainsEach() {
         if (line.itemId >= 0) {
             continue;
         }
-        if (row == std::size(rows) || !std::string_view(line.text).starts_with(rows[row].start)) {
+        if (row == std::size(explanations) ||
+            !std::string_view(line.text).starts_with(explanations[row].start)) {
             return false;
         }
         ++row;
     }
-    return row == std::size(rows);
+    return row == std::size(explanations);
 }
 static_assert(ExplainsEach());
 
@@ -104,7 +105,7 @@ std::string MeaningOf(const CZorbI2Item& item) {
 
 std::vector<LineMeaning> LineMeanings(const CZorbI2Engine& engine) {
     std::vector<LineMeaning> meanings;
-    const Row* next = rows;
+    const Row* next = explanations;
     for (const LayoutRow& row : Layout()) {
         const std::int32_t itemId = row.line->itemId;
         meanings.push_back({row.IsSolverTag() ? row.InWords()
