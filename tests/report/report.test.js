@@ -93,10 +93,11 @@ test("one recipe: each line of the control file is explained when it is pointed 
   const page = await open(t, one);
   await page.locator(".text a", { hasText: "SegmentX =" }).hover();
   assert.match(await page.locator(".meaning").innerText(), /^\[MAP DOMAIN\] SegmentX: Segments along X/);
+  await page.mouse.move(0, 0); // it would point at what scrolls under it
   await page.locator(".text a", { hasText: "OutFolder" }).focus();
   assert.match(await page.locator(".meaning").innerText(), /Folder into which the translator puts its files/);
   await page.keyboard.press("Tab");
-  assert.match(await page.locator(".meaning").innerText(), /^MapFile: /);
+  await page.locator(".meaning", { hasText: "MapFile: " }).waitFor();
   assert.equal(await page.locator(".text li > span").count(), 0, "lines without a meaning");
 });
 
