@@ -63,6 +63,18 @@ def run(*arguments, cwd=None, environment=None, **others):
     return done
 
 
+def all_from(master):
+    """All bytes that a terminal gets; closes it."""
+    text = b""
+    try:
+        while part := os.read(master, 65536):
+            text += part
+    except OSError:  # the end, on Linux
+        pass
+    os.close(master)
+    return text
+
+
 class ProgramTest(unittest.TestCase):
     """A test with a folder in which a run and recipes can stand."""
 
@@ -116,13 +128,7 @@ class ProgramTest(unittest.TestCase):
         with subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, **streams,
                               env={**values, **(environment or {})}) as process:
             os.close(slave)
-            text = b""
-            try:
-                while part := os.read(master, 65536):
-                    text += part
-            except OSError:  # the end, on Linux
-                pass
-        os.close(master)
+            text = all_from(master)
         self.assertEqual(process.returncode, code)
         return text.decode().replace("\r\n", "\n")
 

@@ -9,7 +9,8 @@ import subprocess
 import time
 import unittest
 
-from program import (EMULATOR, ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, own_path)
+from program import (EMULATOR, ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, all_from,
+                     own_path)
 
 FIRST_LINE = "I2-Output Control Parameter File\n"
 KILLS = 100
@@ -167,13 +168,7 @@ class Console(BatchTest):
         with self.start(stdin=slave, stdout=slave, stderr=slave) as process:
             os.close(slave)
             self.signal_when_writing(signal.SIGINT)
-            text = b""
-            try:
-                while part := os.read(master, 65536):
-                    text += part
-            except OSError:  # the end, on Linux
-                pass
-        os.close(master)
+            text = all_from(master)
         self.assertEqual(process.returncode, 0xC000013A & 0xFF)
         words = re.sub(r"\x1b\[[?0-9]*[a-zA-Z]", "", text.decode())
         told = re.search(r"zorbi2: interrupted: (\d+) written, 0 failed, (\d+) not done, "
