@@ -28,7 +28,8 @@ class Elf:
         rows = re.findall(r"^ +\d+: ([0-9a-f]+) +\d+ (\w+) +\w+ +\w+ +(\w+) (\S+)", self.text, re.M)
         self.wanted = {name.split("@")[0] for _, _, section, name in rows if section == "UND"}
         self.exported = {name: (int(value, 16), kind) for value, kind, section, name in rows
-                         if section != "UND" and "@" not in name and name[:7] != "__asan_"}
+                         if section != "UND" and "@" not in name
+                         and not name.startswith(("__asan_", "__ubsan_"))}
         self.exports = set(self.exported)
         self.libraries = re.findall(r"\(NEEDED\).*\[(.*)\]", self.text)
 

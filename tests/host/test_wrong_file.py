@@ -22,12 +22,12 @@ def other(line):
     return key + " = " * bool(key) + value.replace(number[0], changed, 1)
 
 
-@unittest.skipUnless(LIBRARY and not ON_WINDOWS, "needs a library that the loader puts in front")
+@unittest.skipUnless(LIBRARY and not ON_WINDOWS and os.environ["ZORBI2_BUILD_TYPE"] == "Release",
+                     "needs a preloaded library; once, for the program as it is shipped, is enough")
 class WrongFile(ProgramTest):
     def write(self, recipe, line="no such text", instead=""):
         return self.run_program("write", recipe, environment={
-            "LD_PRELOAD": LIBRARY, "ASAN_OPTIONS": "verify_asan_link_order=0",
-            "ZORBI2_WRONG_FROM": line + "\n", "ZORBI2_WRONG_TO": instead})
+            "LD_PRELOAD": LIBRARY, "ZORBI2_WRONG_FROM": line + "\n", "ZORBI2_WRONG_TO": instead})
 
     def check_each_line(self, recipe, file):
         done = self.write(recipe)
