@@ -282,7 +282,7 @@ class Replace(ProgramTest):
         return [(process.returncode, *output) for process, output in zip(many, outputs)]
 
     def test_of_many_inits_at_once_one_makes_the_file(self):
-        for number in range(2 if EMULATOR else 8):
+        for number in range(2 if EMULATOR else 4):
             file = f"new{number}.toml"
             results = self.results_of_many("init", "Run02", "-o", file)
             refused = [error for code, _, error in results if code == 3]
@@ -292,7 +292,7 @@ class Replace(ProgramTest):
 
     def test_of_many_writes_at_once_that_keep_files_one_makes_the_file(self):
         self.make_recipe()
-        for _ in range(2 if EMULATOR else 8):
+        for _ in range(2 if EMULATOR else 4):
             results = self.results_of_many("write", "--no-clobber", "cover.toml")
             said = sorted(output.split()[0] for _, output, _ in results)
             self.assertEqual(said, ["kept"] * (len(results) - 1) + ["new"], results)
