@@ -65,6 +65,9 @@ file(RELATIVE_PATH pkgconfig_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 if(NOT WIN32)
     set(pkgconfig_link_options -Wl,--allow-shlib-undefined)  # as for the CMake target
 endif()
+if(MINGW)
+    set(pkgconfig_static_libraries -lssp)
+endif()
 foreach(name IN ITEMS zorbi2engine zorbi2engine-static)
     configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
