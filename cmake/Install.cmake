@@ -66,7 +66,7 @@ if(NOT WIN32)
     set(pkgconfig_link_options -Wl,--allow-shlib-undefined)  # as for the CMake target
 endif()
 if(MINGW)
-    set(pkgconfig_static_libraries -lssp)
+    set(pkgconfig_static_libraries -l:libssp.a)
 endif()
 foreach(name IN ITEMS zorbi2engine zorbi2engine-static)
     configure_file(cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
