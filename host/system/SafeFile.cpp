@@ -46,7 +46,7 @@ std::string ReasonAgainstFolder(const fs::path& folder) {
         return std::strerror(ENOTDIR);
     }
     error = CheckWritable(folder);
-    return error ? error.message() : std::string();
+    return error ? ReasonOf(error) : std::string();
 }
 
 /// Why what is at the place cannot be replaced, if so.
@@ -58,7 +58,7 @@ std::string ReasonAgainstReplacing(const FilePlace& place, const fs::file_status
         return "a pipe or a device is there, and no file";
     }
     const std::error_code error = CheckWritable(place.file);
-    return error ? error.message() : std::string();
+    return error ? ReasonOf(error) : std::string();
 }
 
 /// Returns why it could not.
@@ -68,7 +68,7 @@ std::string Put(const fs::path& file, const std::string& bytes, bool mayReplace)
         return place.reason;
     }
     const std::error_code error = PutFile(place.file, TemporaryName(), bytes, mayReplace);
-    return error ? error.message() : std::string();
+    return error ? ReasonOf(error) : std::string();
 }
 
 }  // namespace
@@ -83,7 +83,7 @@ FilePlace LookAtPlace(const fs::path& file) {
         place.file = error ? file : linked;
         place.reason = ReasonAgainstReplacing(place, status);
     } else if (!fs::status_known(status)) {
-        place.reason = error.message();
+        place.reason = ReasonOf(error);
     } else if (fs::is_symlink(fs::symlink_status(file, error))) {
         place.reason = "a link is there that leads to no file";
     }

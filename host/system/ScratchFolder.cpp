@@ -14,7 +14,7 @@ ScratchFolder::ScratchFolder() {
     std::error_code error;
     start_ = fs::current_path(error);
     if (error) {
-        Fail({}, "the current folder cannot be used: " + error.message(), ExitCode::fileTrouble);
+        Fail({}, "the current folder cannot be used: " + ReasonOf(error), ExitCode::fileTrouble);
     }
     const fs::path parent = start_ / fs::temp_directory_path(error);
     if (!error) {
@@ -28,7 +28,7 @@ ScratchFolder::ScratchFolder() {
     if (error) {
         std::error_code ignored;
         fs::remove(path_, ignored);
-        Fail({}, "no temporary folder can be made: " + error.message(), ExitCode::fileTrouble);
+        Fail({}, "no temporary folder can be made: " + ReasonOf(error), ExitCode::fileTrouble);
     }
 }
 
