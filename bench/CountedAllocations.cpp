@@ -1,23 +1,40 @@
-// Replaces the global allocation functions to count their calls. A source of its own, so that the
-// compiler does not see through them.
-#include <atomic>
+// Replaces the global allocation functions. A source of its own, so that the compiler does not see
+// through them.
+#include "bench/CountedAllocations.h"
+
 #include <cstdlib>
 #include <new>
 
-std::atomic<long> allocations{0};
+namespace {
+
+long calls = 0;
+
+void* Allocate(std::size_t size) noexcept {
+    ++calls;
+    return std::malloc(size);
+}
+
+}  // namespace
+
+long AllocationsSoFar() {
+    return calls;
+}
 
 void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size)) {
+    if (void* memory = Allocate(size)) {
         return memory;
     }
     throw std::bad_alloc();
+}
+
+void* operator new(std::size_t size, const std::nothrow_t& /*nothrow*/) noexcept {
+    return Allocate(size);
 }
 
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept {
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }

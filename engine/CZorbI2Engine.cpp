@@ -38,8 +38,10 @@ void CZorbI2Engine::BuildCatalogue() {
     const CZorbFEAInformation& info = *feaInformation;
     solverOffered = items::OfferedSolvers(info.solverType);
     items::BuildSolverSlots(solverSlots, solverOffered, info.solverType, info.voxelFlag);
-    items::BuildItemCatalogue(items, info.solverType,
-                              [this](std::int32_t itemId) { return GetProjectResults(itemId); });
+    results::Run run{*feaInformation, flagPrevShot, valueShotRunID};
+    items::BuildItemCatalogue(items, info.solverType, [&run](std::int32_t itemId) {
+        return results::CheckResults(run, itemId);
+    });
     weldlineAngleSet = std::make_unique<CZorbI2WeldlineDataStatus>(cmi::DefaultWeldlineData());
     popItemSelector = std::make_unique<PopItemSelector>(info.solverType, items, *weldlineAngleSet,
                                                         info.voxelFlag, info.projectType);

@@ -162,7 +162,7 @@ constexpr bool EachSolverHasItsRow(const OffersBySolver& offers) {
 static_assert(EachSolverHasItsRow(solidOffers) && EachSolverHasItsRow(solidVoxelOffers) &&
               EachSolverHasItsRow(shellOffers));
 
-/// The items that belong to one project type alone.
+/// The items of the part that belong to one project type alone.
 struct ItemOfOneProjectType {
     std::int32_t itemId;
     std::int32_t projectType;
@@ -220,19 +220,10 @@ const OfferTable& TableFor(const OffersBySolver& offers, const OfferStatus& stat
     return TableForMode(OfferForMesh(offers[status.solver], status.meshKind), status.annealingMode);
 }
 
-bool IsOfType(std::int32_t itemId, std::int32_t projectType) {
+void EraseItemsOfOtherTypes(std::vector<std::int32_t>& part, std::int32_t projectType) {
     for (const ItemOfOneProjectType& row : itemsOfOneProjectType) {
-        if (row.itemId == itemId) {
-            return row.projectType == projectType;
-        }
-    }
-    return true;
-}
-
-void Append(Ids ids, std::int32_t projectType, std::vector<std::int32_t>& list) {
-    for (const std::int32_t itemId : ids) {
-        if (IsOfType(itemId, projectType)) {
-            list.push_back(itemId);
+        if (row.projectType != projectType) {
+            std::erase(part, row.itemId);
         }
     }
 }
@@ -249,9 +240,10 @@ void ListOfferedItems(const OfferProject& project, const OfferStatus& status,
     lists.partInsert.clear();
     lists.moldbase.clear();
     const OfferTable& table = TableFor(*offers, status);
-    Append(table.part, project.projectType, lists.part);
-    Append(table.partInsert, project.projectType, lists.partInsert);
-    Append(table.moldbase, project.projectType, lists.moldbase);
+    lists.part.assign(table.part.begin(), table.part.end());
+    EraseItemsOfOtherTypes(lists.part, project.projectType);
+    lists.partInsert.assign(table.partInsert.begin(), table.partInsert.end());
+    lists.moldbase.assign(table.moldbase.begin(), table.moldbase.end());
 }
 
 }  // namespace engine

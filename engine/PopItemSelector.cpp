@@ -22,6 +22,7 @@ CZorbI2ItemStatus StartingStatus(std::int32_t itemId, CZorbI2Item* item) {
 
 ItemStatusList StartingStatuses(const ItemArray& items) {
     ItemStatusList statuses;
+    statuses.reserve(kItemCount);
     for (std::int32_t itemId = 0; itemId < kItemCount; ++itemId) {
         statuses.push_back(StartingStatus(itemId, items[itemId].get()));
     }

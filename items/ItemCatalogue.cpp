@@ -4,6 +4,7 @@
 #include <array>
 #include <new>
 #include <span>
+#include <string_view>
 
 #include "items/ResultMessages.h"
 
@@ -11,7 +12,7 @@ namespace items {
 
 namespace {
 
-constexpr auto fiberReductionLevels = std::to_array<const char*>({
+constexpr auto fiberReductionLevels = std::to_array<std::string_view>({
     "Material reduction-Min",
     "Material reduction-Low",
     "Material reduction-Medium",
@@ -20,7 +21,7 @@ constexpr auto fiberReductionLevels = std::to_array<const char*>({
     "Material reduction-None",
 });
 
-constexpr auto densityLevels = std::to_array<const char*>({
+constexpr auto densityLevels = std::to_array<std::string_view>({
     "Constant density",
     "Density reduction-Min",
     "Density reduction-Low",
@@ -30,26 +31,27 @@ constexpr auto densityLevels = std::to_array<const char*>({
     "Density reduction-None",
 });
 
-constexpr auto runnerChoices = std::to_array<const char*>({"Exclude runner", "Include runner"});
+constexpr auto runnerChoices =
+    std::to_array<std::string_view>({"Exclude runner", "Include runner"});
 
-constexpr auto digimatTargets = std::to_array<const char*>({"Digimat", "Converse"});
+constexpr auto digimatTargets = std::to_array<std::string_view>({"Digimat", "Converse"});
 
-constexpr auto compositeModels = std::to_array<const char*>({
+constexpr auto compositeModels = std::to_array<std::string_view>({
     "Traditional composite model",
     "Halpin-Tsai model",
     "Mori-Tanaka model",
 });
 
 /// Labels of the option keys 0, 1, 2 ...; no labels: a check item.
-using Labels = std::span<const char* const>;
+using Labels = std::span<const std::string_view>;
 
 struct CatalogueRow {
     std::int32_t itemId;
     ItemCategory category;
     Labels options;
     std::int32_t defaultOption;
-    const char* title;
-    const char* description;
+    std::string_view title;
+    std::string_view description;
 };
 
 constexpr Labels noOptions;
@@ -132,27 +134,30 @@ constexpr bool EachItemIsBuiltOnce() {
 }
 static_assert(EachItemIsBuiltOnce());
 
-/// The catalogue's row, with the one difference that the kind of project makes: a shell project
-/// takes the Digimat export as a check item.
-CatalogueRow RowOf(std::int32_t itemId, std::int32_t solverType) {
-    CatalogueRow row = catalogue[itemId];
-    if (itemId == kItemDigimatExport && solverType == kShellProject) {
-        row.options = noOptions;
-        row.defaultOption = kOptionNone;
-    }
-    return row;
+/// The one difference that the kind of project makes: a shell project takes the Digimat export as a
+/// check item.
+constexpr CatalogueRow digimatExportOfShells{kItemDigimatExport,
+                                             part,
+                                             noOptions,
+                                             kOptionNone,
+                                             catalogue[kItemDigimatExport].title,
+                                             catalogue[kItemDigimatExport].description};
+
+const CatalogueRow& RowOf(std::int32_t itemId, std::int32_t solverType) {
+    return itemId == kItemDigimatExport && solverType == kShellProject ? digimatExportOfShells
+                                                                       : catalogue[itemId];
 }
 
 void BuildItem(ItemArray& items, std::int32_t solverType, std::int32_t itemId, ResultCode code) {
-    const CatalogueRow row = RowOf(itemId, solverType);
+    const CatalogueRow& row = RowOf(itemId, solverType);
     const bool available = code == kResultAvailable;
     const std::int32_t checkState = row.options.empty() ? 0 : kNotACheckItem;
     std::map<std::int32_t, std::string> options;
     const std::int32_t defaultOption =
         BuildItemOptions(solverType, itemId, code, available, options);
-    items[itemId].reset(new (std::nothrow)
-                            CZorbI2Item(row.category, itemId, available, row.title, row.description,
-                                        checkState, std::move(options), defaultOption));
+    items[itemId].reset(new (std::nothrow) CZorbI2Item(
+        row.category, itemId, available, std::string(row.title), std::string(row.description),
+        checkState, std::move(options), defaultOption));
 }
 
 }  // namespace
@@ -172,13 +177,13 @@ std::int32_t BuildItemOptions(std::int32_t solverType, std::int32_t itemId, Resu
         GetResultMessage(resultCode, options[kOptionResultsMissing]);
         return kOptionResultsMissing;
     }
-    const CatalogueRow row = RowOf(itemId, solverType);
+    const CatalogueRow& row = RowOf(itemId, solverType);
     std::int32_t key = 0;
-    for (const char* label : row.options) {
-        options[key++] = label;
+    for (const std::string_view label : row.options) {
+        options.emplace_hint(options.end(), key++, label);
     }
     if (row.options.empty()) {
-        options[kOptionNone] = "No such features";
+        options.emplace(kOptionNone, "No such features");
     }
     return row.defaultOption;
 }

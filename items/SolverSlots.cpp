@@ -3,40 +3,63 @@
 #include <algorithm>
 #include <array>
 #include <new>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace items {
 
 namespace {
 
 using TextList = std::vector<std::string>;
+using Texts = std::span<const std::string_view>;
 
-enum class Meshes { general, withShellMapping, mappedOnly };
-enum class Elements { ansysSolid, ansysShell, linear, linearOrHigher };
+constexpr auto allMeshes = std::to_array<std::string_view>({"Original", "Deformed", "Mapped"});
+constexpr auto meshesWithShellMapping =
+    std::to_array<std::string_view>({"Original", "Deformed", "Mapped", "3D mapping to shell"});
+constexpr auto mappedMesh = std::to_array<std::string_view>({"Mapped"});
+constexpr auto mappedMeshWithShellMapping =
+    std::to_array<std::string_view>({"Mapped", "3D mapping to shell"});
+
+/// The mesh kinds of a solver; voxel results take away some.
+struct Meshes {
+    Texts ofOtherResults;
+    Texts ofVoxelResults;
+};
+
+constexpr Meshes general{allMeshes, mappedMesh};
+constexpr Meshes withShellMapping{meshesWithShellMapping, mappedMeshWithShellMapping};
+constexpr Meshes mappedOnly{mappedMesh, mappedMesh};
+
+constexpr auto ansysSolid = std::to_array<std::string_view>({"Solid-185", "Solid-186"});
+constexpr auto ansysShell = std::to_array<std::string_view>({"Shell-181", "Shell-281"});
+constexpr auto linear = std::to_array<std::string_view>({"Linear"});
+constexpr auto linearOrHigher =
+    std::to_array<std::string_view>({"Linear", "Output as high order element"});
 
 /// Solid stands for every project that is not a shell project.
 struct SolverRow {
     SolverIndex solver;
-    const char* name;
+    std::string_view name;
     bool isOfferedForShells;
-    Meshes solidMeshes;
-    Meshes shellMeshes;
-    Elements solidElements;
-    Elements shellElements;
+    const Meshes& solidMeshes;
+    const Meshes& shellMeshes;
+    Texts solidElements;
+    Texts shellElements;
 };
 
 // In the order in which the slots are built.
 // clang-format off
 constexpr auto solverRows = std::to_array<SolverRow>({
-    {kSolverAnsys,      "ANSYS",       true,  Meshes::general,          Meshes::general,    Elements::ansysSolid,     Elements::ansysShell},
-    {kSolverWorkbench,  "Workbench",   false, Meshes::mappedOnly,       Meshes::mappedOnly, Elements::ansysSolid,     Elements::ansysShell},
-    {kSolverAbaqus,     "ABAQUS",      true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverMscNastran, "MSC-Nastran", true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverNeNastran,  "NE-Nastran",  true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverLsDyna,     "LS-Dyna",     true,  Meshes::withShellMapping, Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverMarc,       "MARC",        true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linear},
-    {kSolverNxNastran,  "NX-Nastran",  true,  Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
-    {kSolverRadioss,    "Radioss",     false, Meshes::general,          Meshes::general,    Elements::linearOrHigher, Elements::linearOrHigher},
+    {kSolverAnsys,      "ANSYS",       true,  general,          general,    ansysSolid,     ansysShell},
+    {kSolverWorkbench,  "Workbench",   false, mappedOnly,       mappedOnly, ansysSolid,     ansysShell},
+    {kSolverAbaqus,     "ABAQUS",      true,  general,          general,    linearOrHigher, linearOrHigher},
+    {kSolverMscNastran, "MSC-Nastran", true,  general,          general,    linearOrHigher, linearOrHigher},
+    {kSolverNeNastran,  "NE-Nastran",  true,  general,          general,    linearOrHigher, linearOrHigher},
+    {kSolverLsDyna,     "LS-Dyna",     true,  withShellMapping, general,    linearOrHigher, linearOrHigher},
+    {kSolverMarc,       "MARC",        true,  general,          general,    linearOrHigher, linear},
+    {kSolverNxNastran,  "NX-Nastran",  true,  general,          general,    linearOrHigher, linearOrHigher},
+    {kSolverRadioss,    "Radioss",     false, general,          general,    linearOrHigher, linearOrHigher},
 });
 // clang-format on
 
@@ -50,29 +73,8 @@ constexpr bool EachSolverHasItsRow() {
 }
 static_assert(EachSolverHasItsRow());
 
-TextList MeshTypes(Meshes meshes, bool voxelResults) {
-    TextList types;
-    if (!voxelResults && meshes != Meshes::mappedOnly) {
-        types = {"Original", "Deformed"};
-    }
-    types.emplace_back("Mapped");
-    if (meshes == Meshes::withShellMapping) {
-        types.emplace_back("3D mapping to shell");
-    }
-    return types;
-}
-
-TextList ElementTypes(Elements elements) {
-    switch (elements) {
-        case Elements::ansysSolid:
-            return {"Solid-185", "Solid-186"};
-        case Elements::ansysShell:
-            return {"Shell-181", "Shell-281"};
-        case Elements::linear:
-            return {"Linear"};
-        default:
-            return {"Linear", "Output as high order element"};
-    }
+TextList Listed(Texts texts) {
+    return {texts.begin(), texts.end()};
 }
 
 }  // namespace
@@ -91,10 +93,11 @@ void BuildSolverSlots(SolverSlotArray& slots, const std::vector<bool>& solverOff
     const bool voxelResults = static_cast<std::uint8_t>(voxelFlag) == 1;
     for (const SolverRow& row : solverRows) {
         if (solverOffered[row.solver]) {
+            const Meshes& meshes = isShell ? row.shellMeshes : row.solidMeshes;
             slots[row.solver].reset(new (std::nothrow) SolverSlot(
-                row.solver, row.name,
-                MeshTypes(isShell ? row.shellMeshes : row.solidMeshes, voxelResults),
-                ElementTypes(isShell ? row.shellElements : row.solidElements)));
+                row.solver, std::string(row.name),
+                Listed(voxelResults ? meshes.ofVoxelResults : meshes.ofOtherResults),
+                Listed(isShell ? row.shellElements : row.solidElements)));
         }
     }
 }

@@ -16,7 +16,7 @@ struct Calls {
     /// fputs and fclose.
     int (*writeText)(const char* text, std::FILE* file);
     int (*closeFile)(std::FILE* file);
-    /// Sends one line to the debugger output.
+    /// Sends one line to the debugger output. Null where there is none.
     void (*traceLine)(const wchar_t* line);
 };
 
@@ -29,6 +29,6 @@ Calls& CurrentCalls();
 Calls SystemCalls();
 
 /// The path as the system's file functions want it.
-std::string NativePath(const std::string& path);
+std::string NativePath(std::string path);
 
 }  // namespace platform

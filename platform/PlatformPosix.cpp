@@ -3,7 +3,10 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
+#include <climits>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 #include "platform/PlatformCalls.h"
@@ -13,33 +16,50 @@ extern "C" [[gnu::weak]] void OutputDebugStringW(const wchar_t* line);
 
 namespace platform {
 
-std::string NativePath(const std::string& path) {
-    std::string native = path;
-    std::replace(native.begin(), native.end(), '\\', '/');
-    return native;
+std::string NativePath(std::string path) {
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
 }
 
 namespace {
 
+/// A path with slashes, on the stack: an engine tests many.
+class PathWithSlashes {
+public:
+    explicit PathWithSlashes(const char* path) {
+        const std::size_t size = std::strlen(path) + 1;
+        fits_ = size <= text_.size();
+        if (fits_) {
+            std::memcpy(text_.data(), path, size);
+            for (char* next = text_.data(); (next = std::strchr(next, '\\')) != nullptr;) {
+                *next = '/';
+            }
+        }
+    }
+
+    /// Null for a path that is longer than the system takes.
+    const char* Text() const { return fits_ ? text_.data() : nullptr; }
+
+private:
+    std::array<char, PATH_MAX> text_;
+    bool fits_;
+};
+
 bool PathExistsPosix(const char* path) {
-    struct stat status {};
-    return stat(NativePath(path).c_str(), &status) == 0;
+    const PathWithSlashes native(path);
+    struct stat status;
+    return native.Text() != nullptr && stat(native.Text(), &status) == 0;
 }
 
 std::FILE* OpenFilePosix(const char* path, const char* mode) {
-    return std::fopen(NativePath(path).c_str(), mode);
-}
-
-void TraceLinePosix(const wchar_t* line) {
-    if (OutputDebugStringW != nullptr) {
-        OutputDebugStringW(line);
-    }
+    const PathWithSlashes native(path);
+    return native.Text() != nullptr ? std::fopen(native.Text(), mode) : nullptr;
 }
 
 }  // namespace
 
 Calls SystemCalls() {
-    return {PathExistsPosix, OpenFilePosix, std::fputs, std::fclose, TraceLinePosix};
+    return {PathExistsPosix, OpenFilePosix, std::fputs, std::fclose, OutputDebugStringW};
 }
 
 }  // namespace platform

@@ -12,7 +12,7 @@
 
 namespace platform {
 
-std::string NativePath(const std::string& path) {
+std::string NativePath(std::string path) {
     return path;
 }
 

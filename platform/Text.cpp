@@ -16,10 +16,11 @@ char UpperCased(char letter) {
 
 }  // namespace
 
-std::string UpperCased(const std::string& text) {
-    std::string upper = text;
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](char letter) { return UpperCased(letter); });
+std::string UpperCased(std::string_view text) {
+    std::string upper(text);
+    for (char& letter : upper) {
+        letter = UpperCased(letter);
+    }
     return upper;
 }
 

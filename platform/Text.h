@@ -2,11 +2,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace platform {
 
 /// Upper-cases the letters a to z and no others.
-std::string UpperCased(const std::string& text);
+std::string UpperCased(std::string_view text);
 
 /// Whether both texts are equal when the letters a to z count as A to Z.
 bool EqualIgnoringCase(const std::string& left, const std::string& right);

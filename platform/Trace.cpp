@@ -26,11 +26,15 @@ std::wstring Widened(const std::string& text) {
 }  // namespace
 
 void Trace(const wchar_t* line) {
-    CurrentCalls().traceLine(line);
+    if (const auto traceLine = CurrentCalls().traceLine) {
+        traceLine(line);
+    }
 }
 
 void TraceNarrow(const std::string& text) {
-    Trace(Widened(text).c_str());
+    if (const auto traceLine = CurrentCalls().traceLine) {
+        traceLine(Widened(text).c_str());
+    }
 }
 
 }  // namespace platform

@@ -1,7 +1,10 @@
 // Stand-in for the suite's result reader: reads the number at the start of the file, nothing else.
 #include "quenta/CQuentaResultReader_Manipulator.h"
 
-#include <fstream>
+#include <charconv>
+#include <cstdio>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -11,6 +14,19 @@ struct State {
 
 State& StateOf(void* state) {
     return *static_cast<State*>(state);
+}
+
+/// Empty when the file cannot be read or starts otherwise.
+std::string DigitsAtStart(const char* path) {
+    std::string digits;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "r"), std::fclose);
+    if (file) {
+        for (int next = std::fgetc(file.get()); next >= '0' && next <= '9';
+             next = std::fgetc(file.get())) {
+            digits += static_cast<char>(next);
+        }
+    }
+    return digits;
 }
 
 }  // namespace
@@ -25,14 +41,10 @@ int CQuentaResultReader_Manipulator::BeginReading(const char* path, void* /*opti
     constexpr int success = 0;
     constexpr int failure = 1;
     StateOf(state_) = State{};
-    std::ifstream file(path);
-    file.imbue(std::locale::classic());
-    const int first = file.peek();
-    if (first < '0' || first > '9') {
-        return failure;
-    }
+    const std::string digits = DigitsAtStart(path);
     long long version = 0;
-    if (!(file >> version)) {
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), version);
+    if (result.ec != std::errc{}) {
         return failure;
     }
     StateOf(state_).version = version;

@@ -18,7 +18,7 @@ namespace {
 using Info = CZorbFEAInformation;
 
 bool LookFor(Run& run, const char* extension) {
-    return LookForResultFile(run.info, extension);
+    return run.files.LookFor(extension);
 }
 
 bool HasFlag(const Run& run, Info::FlagPosition position) {
@@ -37,8 +37,7 @@ ResultCode AvailableOr(bool available, ResultCode missing) {
 /// plain name, never at the "_vox" variant.
 bool ResultVersionSuffices(Run& run) {
     constexpr long long firstSufficientVersion = 1004;
-    EndInBackslash(run.info.projectFolder);
-    const std::string path = platform::NativePath(ResultBasePath(run.info) + ".k5o");
+    const std::string path = platform::NativePath(run.files.PathOf("", ".k5o"));
     CQuentaResultReader_Manipulator reader;
     const int failure = reader.BeginReading(path.c_str(), nullptr);
     const long long version = reader.GetResultVersion();

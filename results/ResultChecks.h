@@ -6,6 +6,8 @@
 #include <zorbi2/CZorbFEAInformation.h>
 #include <zorbi2/ZorbI2Types.h>
 
+#include "results/RunFiles.h"
+
 namespace results {
 
 /// The run that is checked. A check may change what it refers to: looking for a file normalizes the
@@ -14,6 +16,7 @@ struct Run {
     CZorbFEAInformation& info;
     std::int32_t& flagPrevShot;
     std::int32_t& valueShotRunID;
+    ResultFiles files{info};
 };
 
 /// The result code of one item, found anew from the files at each call; kResultNoCheck for ids

@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t voxelResults = 1;
 
 /// The part of a result file's name between run tag and extension.
-std::string NameSuffix(const CZorbFEAInformation& info, const std::string& upperExtension) {
+std::string_view NameSuffix(const CZorbFEAInformation& info, std::string_view upperExtension) {
     if (upperExtension == ".CRP") {
         return "_medi";
     }
@@ -49,18 +49,28 @@ std::string ControlFilePath(const std::string& folder, const std::string& name, 
 }
 
 std::string ResultBasePath(const CZorbFEAInformation& info) {
-    return info.projectFolder + info.projectName + RunTag(info.runNumber);
+    constexpr std::size_t longestEnding = 24;  // run tag, suffix and extension: one allocation
+    std::string path;
+    path.reserve(info.projectFolder.size() + info.projectName.size() + longestEnding);
+    return path.append(info.projectFolder).append(info.projectName).append(RunTag(info.runNumber));
 }
 
-bool LookForResultFile(CZorbFEAInformation& info, const std::string& extension) {
-    EndInBackslash(info.projectFolder);  // the change stays in the record
-    const std::string basePath = ResultBasePath(info);
+bool ResultFiles::LookFor(std::string_view extension) {
     const std::string upperExtension = platform::UpperCased(extension);
-    const bool exists =
-        platform::PathExists(basePath + NameSuffix(info, upperExtension) + extension);
+    const bool exists = platform::PathExists(PathOf(NameSuffix(info_, upperExtension), extension));
     // Looked for although the answer does not count: deliberate.
-    platform::PathExists(basePath + upperExtension);
+    platform::PathExists(PathOf("", upperExtension));
     return exists;
+}
+
+const std::string& ResultFiles::PathOf(std::string_view suffix, std::string_view extension) {
+    if (baseSize_ == 0) {
+        EndInBackslash(info_.projectFolder);  // the change stays in the record
+        path_ = ResultBasePath(info_);
+        baseSize_ = path_.size();
+    }
+    path_.resize(baseSize_);
+    return path_.append(suffix).append(extension);
 }
 
 bool PreviousShotFileExists(const CZorbFEAInformation& info, std::int32_t previousRun,

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include <zorbi2/CZorbFEAInformation.h>
 
@@ -22,9 +23,23 @@ std::string ControlFilePath(const std::string& folder, const std::string& name, 
 /// Folder (as it is), project name and run tag: what the names of the run's files start with.
 std::string ResultBasePath(const CZorbFEAInformation& info);
 
-/// Normalizes the record's folder and looks for the run's result file for an extension (with its
-/// dot, such as ".k5o"). Returns whether it exists.
-bool LookForResultFile(CZorbFEAInformation& info, const std::string& extension);
+/// Looks for the result files of one run, whose record does not change meanwhile.
+class ResultFiles {
+public:
+    explicit ResultFiles(CZorbFEAInformation& info) : info_(info) {}
+
+    /// Looks for the file for an extension (with its dot, such as ".k5o"). Returns whether it
+    /// exists.
+    bool LookFor(std::string_view extension);
+
+    /// The file's path, valid until the next call. The first call normalizes the record's folder.
+    const std::string& PathOf(std::string_view suffix, std::string_view extension);
+
+private:
+    CZorbFEAInformation& info_;
+    std::string path_;
+    std::size_t baseSize_ = 0;  ///< of the base path in path_; 0: not made yet
+};
 
 /// Whether the file for an extension exists in the folder of a previous shot's run.
 bool PreviousShotFileExists(const CZorbFEAInformation& info, std::int32_t previousRun,

@@ -79,7 +79,8 @@ TEST(Text, UpperCasesAlikeUnderEveryLocale) {
             const char letter = static_cast<char>(byte);
             const bool isSmall = byte >= 0x61 && byte <= 0x7a;
             const char expected = static_cast<char>(isSmall ? byte - 0x20 : byte);
-            EXPECT_EQ(platform::UpperCased({letter}), std::string({expected})) << name << byte;
+            EXPECT_EQ(platform::UpperCased(std::string(1, letter)), std::string({expected}))
+                << name << byte;
         }
     }
 }

@@ -15,7 +15,7 @@ using Lines = std::vector<std::string>;
 
 Lines PathsLookedFor(WatchedRun& run, const std::string& extension) {
     run.platform.events.clear();
-    results::LookForResultFile(run.info, extension);
+    results::ResultFiles(run.info).LookFor(extension);
     return run.platform.EventsOf("exists");
 }
 
@@ -61,16 +61,16 @@ TEST(RunTag, HasNoGroupingInAnyLocale) {
 TEST(ProjectFolder, GetsOneBackslashAtTheFirstTestAndKeepsIt) {
     WatchedRun run;
     run.info.projectFolder = "D:\\Proj\\Run03";
-    results::LookForResultFile(run.info, ".o2w");
+    results::ResultFiles(run.info).LookFor(".o2w");
     EXPECT_EQ(run.info.projectFolder, "D:\\Proj\\Run03\\");
-    results::LookForResultFile(run.info, ".o2w");
+    results::ResultFiles(run.info).LookFor(".o2w");
     EXPECT_EQ(run.info.projectFolder, "D:\\Proj\\Run03\\");
 }
 
 TEST(ProjectFolder, ThatEndsInABackslashIsLeftAlone) {
     WatchedRun run;
     run.info.projectFolder = "D:\\Proj\\Run03\\\\";
-    results::LookForResultFile(run.info, ".o2w");
+    results::ResultFiles(run.info).LookFor(".o2w");
     EXPECT_EQ(run.info.projectFolder, "D:\\Proj\\Run03\\\\");
 }
 
@@ -163,10 +163,10 @@ TEST(ResultFile, IsLookedForASecondTimeInUpperCaseWithoutSuffix) {
 TEST(ResultFile, OnlyTheFirstPathDecides) {
     WatchedRun run;
     run.HasFile("Cover03.K5F");
-    EXPECT_FALSE(results::LookForResultFile(run.info, ".k5f"));
+    EXPECT_FALSE(results::ResultFiles(run.info).LookFor(".k5f"));
     run.platform.existing.clear();
     run.HasFile("Cover03.k5f");
-    EXPECT_TRUE(results::LookForResultFile(run.info, ".k5f"));
+    EXPECT_TRUE(results::ResultFiles(run.info).LookFor(".k5f"));
 }
 
 TEST(ResultFile, WithoutItsSuffixDoesNotCount) {
@@ -174,8 +174,8 @@ TEST(ResultFile, WithoutItsSuffixDoesNotCount) {
     run.info.voxelFlag = 1;
     run.HasFile("Cover03.crp");
     run.HasFile("Cover03.k5o");
-    EXPECT_FALSE(results::LookForResultFile(run.info, ".crp"));
-    EXPECT_FALSE(results::LookForResultFile(run.info, ".k5o"));
+    EXPECT_FALSE(results::ResultFiles(run.info).LookFor(".crp"));
+    EXPECT_FALSE(results::ResultFiles(run.info).LookFor(".k5o"));
 }
 
 TEST(ResultFile, ExtensionIsUpperCasedAlikeInEveryLocale) {
@@ -198,9 +198,9 @@ TEST(ResultFile, IsFoundOnTheRealFileSystem) {
          {folder.EnginePath("Run03"), folder.EnginePath("Run03") + "\\",
           (folder.Path() / "Run03").string() + "/"}) {
         info.projectFolder = runFolder;
-        EXPECT_TRUE(results::LookForResultFile(info, ".k5f")) << runFolder;
-        EXPECT_TRUE(results::LookForResultFile(info, ".crp")) << runFolder;
-        EXPECT_FALSE(results::LookForResultFile(info, ".o2w")) << runFolder;
+        EXPECT_TRUE(results::ResultFiles(info).LookFor(".k5f")) << runFolder;
+        EXPECT_TRUE(results::ResultFiles(info).LookFor(".crp")) << runFolder;
+        EXPECT_FALSE(results::ResultFiles(info).LookFor(".o2w")) << runFolder;
     }
 }
 
@@ -211,7 +211,7 @@ TEST(ResultFile, ThatIsAFolderCountsAsExisting) {
     info.projectName = "Cover";
     info.runNumber = 3;
     info.projectFolder = folder.EnginePath("");
-    EXPECT_TRUE(results::LookForResultFile(info, ".k5f"));
+    EXPECT_TRUE(results::ResultFiles(info).LookFor(".k5f"));
 }
 
 // ---- Files of the previous shot's run ---------------------------------------------------------

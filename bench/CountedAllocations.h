@@ -1,0 +1,4 @@
+// Counts the calls of the C++ allocation functions.
+#pragma once
+
+long AllocationsSoFar();
