@@ -1,10 +1,12 @@
 // What does not depend on the machine's mood: instructions, allocations and memory of the engine's
-// operations. Run under valgrind's callgrind, which counts the instructions between the two marks
-// of each operation and writes them into files; scripts/bench puts all of it into one table.
+// operations. To be run under valgrind's callgrind, which writes a file for each operation with the
+// instructions between its two marks; bench/bench.py puts them into a table.
 #include <malloc.h>
 #include <valgrind/callgrind.h>
 
 #include <cstdio>
+#include <string>
+#include <vector>
 
 #include <zorbi2/ZorbI2Engine.h>
 
@@ -13,39 +15,46 @@
 
 namespace {
 
-/// Counts one operation. The second time, so that what is done once in a process does not count.
 template <typename Operation>
-void Count(const char* name, Operation operation) {
-    for (int i = 0; i < 1; ++i) {
-        operation();
-    }
-    const long allocationsBefore = AllocationsSoFar();
-    const std::size_t bytesBefore = mallinfo2().uordblks;
+void Count(const std::string& name, Operation operation) {
+    const long allocations = AllocationsSoFar();
+    const std::size_t bytes = mallinfo2().uordblks;
     CALLGRIND_ZERO_STATS;
     operation();
-    CALLGRIND_DUMP_STATS_AT(name);
-    std::printf("%s: %ld allocations, %zu bytes\n", name, AllocationsSoFar() - allocationsBefore,
-                mallinfo2().uordblks - bytesBefore);
+    CALLGRIND_DUMP_STATS_AT(name.c_str());
+    std::printf("%s|%ld|%zu\n", name.c_str(), AllocationsSoFar() - allocations,
+                mallinfo2().uordblks - bytes);
 }
 
-void CountCreateEngine(const char* name, const CZorbFEAInformation& record) {
-    CZorbFEAInformation info = record;
-    // The managers live on, so that the bytes are those of an engine in use.
-    CZorbI2EngineManager managers[2];
-    CZorbI2EngineManager* next = managers;
-    Count(name, [&] { (next++)->CreateEngine(&info); });
+/// Engines live on until all are made, so that their bytes are those of engines in use.
+void CountEngines(const std::string& name, const Project& project, std::size_t count) {
+    CZorbFEAInformation info = project.info;
+    std::vector<CZorbI2EngineManager> managers(count);
+    Count(name, [&] {
+        for (CZorbI2EngineManager& manager : managers) {
+            manager.CreateEngine(&info);
+        }
+    });
 }
 
-void CountOffer(const CZorbFEAInformation& record) {
-    CZorbFEAInformation info = record;
+/// What is done once in a process does not count.
+void CreateFirstEngine(const Project& project) {
+    CZorbFEAInformation info = project.info;
+    CZorbI2EngineManager().CreateEngine(&info);
+}
+
+void CountOffer(const Project& project) {
+    CZorbFEAInformation info = project.info;
     info.projectType = kProjectTypeMucell;  // with the largest table
     CZorbI2EngineManager manager;
     manager.CreateEngine(&info);
     manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
-    Count("SetPopItems + HasPopItem", [&] {
+    const auto offer = [&manager] {
         manager.SetPopItems();
         manager.HasPopItem();
-    });
+    };
+    offer();
+    Count("SetPopItems + HasPopItem, after the first", offer);
 }
 
 void CountWrite(const Project& project) {
@@ -59,16 +68,23 @@ void CountWrite(const Project& project) {
     manager.SetEngineCurrentStatus(kSolverAnsys, kMeshOriginal, 0, 0);
     manager.SetPopItems();
     manager.HasPopItem();
-    Count("WriteCMIFile", [&] { manager.WriteCMIFile(0); });
+    manager.WriteCMIFile(0);
+    Count("WriteCMIFile", [&manager] { manager.WriteCMIFile(0); });
 }
 
 }  // namespace
 
 int main() {
+    std::setvbuf(stdout, nullptr, _IONBF, 0);  // a buffer would count as memory
     const Project solid(kSolidProject);
-    CountCreateEngine("CreateEngine, solid project", solid.info);
-    CountOffer(solid.info);
-    CountWrite(solid);
+    CreateFirstEngine(solid);
+    CountEngines("CreateEngine, solid project", solid, 1);
+    CountEngines("CreateEngine, solid project, 10 times", solid, 10);
+    CountEngines("CreateEngine, solid project, 100 times", solid, 100);
+    CountEngines("CreateEngine, solid project, 1000 times", solid, 1000);
     const Project shell(kShellProject);
-    CountCreateEngine("CreateEngine, shell project", shell.info);
+    CreateFirstEngine(shell);
+    CountEngines("CreateEngine, shell project", shell, 1);
+    CountOffer(solid);
+    CountWrite(solid);
 }

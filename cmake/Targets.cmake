@@ -23,7 +23,8 @@ endif()
 # result reader beside the engine; LD_LIBRARY_PATH comes first.
 if(NOT WIN32)
     set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
-    set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../lib;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    # The library folder first, where the engine mostly is: each other place costs failed opens.
+    set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib;$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
     list(REMOVE_DUPLICATES CMAKE_INSTALL_RPATH)
 endif()
 

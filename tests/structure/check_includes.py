@@ -50,7 +50,8 @@ LIBRARIES = {
     "host/commands": ["CLI/CLI.hpp", "kainjow/mustache.hpp"],
     "host/console": ["nlohmann/json.hpp"],
     "host/recipes": ["toml++/toml.h"],
-    "bench": ["benchmark/benchmark.h", "malloc.h", "valgrind/callgrind.h"],
+    "bench": ["benchmark/benchmark.h", "malloc.h", "sys/stat.h",
+              "valgrind/callgrind.h"],
 }
 
 # The only files that may include headers of the operating system: those that end in its name.
