@@ -50,7 +50,7 @@ LIBRARIES = {
     "host/commands": ["CLI/CLI.hpp", "kainjow/mustache.hpp"],
     "host/console": ["nlohmann/json.hpp"],
     "host/recipes": ["toml++/toml.h"],
-    "bench": ["benchmark/benchmark.h", "malloc.h", "sys/stat.h",
+    "bench": ["benchmark/benchmark.h", "malloc.h", "sys/stat.h", "unistd.h",
               "valgrind/callgrind.h"],
 }
 
