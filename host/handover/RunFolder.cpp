@@ -109,18 +109,24 @@ bool HasFileOf(const Recipe& recipe, const Place& place) {
     });
 }
 
-}  // namespace
-
-std::vector<fs::path> EntriesOf(const fs::path& folder, const Place& place) {
+/// Does something with each entry of a folder, in any order.
+template <typename Action>
+void ForEachEntry(const fs::path& folder, const Place& place, Action action) {
     std::error_code error;
-    std::vector<fs::path> entries;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        entries.push_back(entry->path());
+        action(entry->path());
     }
     if (error) {
         Fail(place, Utf8Of(folder) + ": " + ReasonOf(error), ExitCode::fileTrouble);
     }
+}
+
+}  // namespace
+
+std::vector<fs::path> EntriesOf(const fs::path& folder, const Place& place) {
+    std::vector<fs::path> entries;
+    ForEachEntry(folder, place, [&entries](const fs::path& entry) { entries.push_back(entry); });
     std::ranges::sort(entries);
     return entries;
 }
@@ -181,18 +187,20 @@ void WarnOfCase(const Recipe& recipe, Problems& problems) {
         names[InLowerCase(name)] = name;
     }
     const Place place = recipe.PlaceOf("project.folder");
-    for (const fs::path& entry : EntriesOf(folder, place)) {
+    std::map<std::string, std::string> notFound;  // with the names that they would need
+    ForEachEntry(folder, place, [&](const fs::path& entry) {
         const std::string file = Utf8Of(entry.filename());
         const auto name = names.find(InLowerCase(file));
         std::error_code error;
         if (name != names.end() && name->second != file &&
             !fs::exists(folder / PathOf(name->second), error)) {
-            problems.push_back(Warning(place,
-                                       Quoted(file) +
-                                           " is not found: its name differs in case from " +
-                                           Quoted(name->second),
-                                       ExitCode::notAvailable));
+            notFound[file] = name->second;
         }
+    });
+    for (const auto& [file, name] : notFound) {
+        problems.push_back(Warning(
+            place, Quoted(file) + " is not found: its name differs in case from " + Quoted(name),
+            ExitCode::notAvailable));
     }
 }
 
