@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <zorbi2/CZorbI2EngineManager.h>
@@ -17,24 +20,18 @@
 
 namespace {
 
-/// Which of the runtime's calls fails in a pass, and for files whose path ends so.
-struct Fault {
-    enum class Call { open, write, close };
+/// The runtime's calls that can fail.
+enum class Call { exists, open, write, close };
 
-    const char* name;
-    Call call;
-    const char* pathEnd;
-};
-
-std::ostream& operator<<(std::ostream& stream, const Fault& fault) {
-    return stream << fault.name;
-}
-
-/// Replaces calls by failing ones. Must not outlive the watched platform that it is put on.
+/// Replaces calls by such that may fail. Must not outlive the watched platform that it is put on.
 class FaultyCalls {
 public:
-    explicit FaultyCalls(const Fault& fault) : fault_(fault), calls_(platform::CurrentCalls()) {
+    /// Whether a call fails that is about the file.
+    using Fails = std::function<bool(Call call, const std::string& path)>;
+
+    explicit FaultyCalls(Fails fails) : fails_(std::move(fails)), calls_(platform::CurrentCalls()) {
         current_ = this;
+        platform::CurrentCalls().pathExists = Exists;
         platform::CurrentCalls().openFile = Open;
         platform::CurrentCalls().writeText = Write;
         platform::CurrentCalls().closeFile = Close;
@@ -46,19 +43,24 @@ public:
     FaultyCalls(const FaultyCalls&) = delete;
     FaultyCalls& operator=(const FaultyCalls&) = delete;
 
+    /// How many calls failed.
     int failures = 0;
+    std::map<Call, int> failuresOf;
 
 private:
-    bool Fails(Fault::Call call, const std::string& path) {
-        const std::string end = fault_.pathEnd;
-        const bool isFaulty = call == fault_.call && path.size() >= end.size() &&
-                              path.compare(path.size() - end.size(), end.size(), end) == 0;
-        failures += isFaulty ? 1 : 0;
-        return isFaulty;
+    static bool Fail(Call call, const std::string& path) {
+        const bool fails = current_->fails_(call, path);
+        current_->failures += fails ? 1 : 0;
+        current_->failuresOf[call] += fails ? 1 : 0;
+        return fails;
+    }
+
+    static bool Exists(const char* path) {
+        return !Fail(Call::exists, path) && current_->calls_.pathExists(path);
     }
 
     static std::FILE* Open(const char* path, const char* mode) {
-        if (current_->Fails(Fault::Call::open, path)) {
+        if (Fail(Call::open, path)) {
             return nullptr;
         }
         std::FILE* file = current_->calls_.openFile(path, mode);
@@ -68,22 +70,42 @@ private:
 
     // The engine has one file at a time to write to, so it is the one opened last.
     static int Write(const char* text, std::FILE* file) {
-        return current_->Fails(Fault::Call::write, current_->openedLast_)
-                   ? EOF
-                   : current_->calls_.writeText(text, file);
+        return Fail(Call::write, current_->openedLast_) ? EOF
+                                                        : current_->calls_.writeText(text, file);
     }
 
     // A failing fclose closes the stream all the same.
     static int Close(std::FILE* file) {
         const int result = current_->calls_.closeFile(file);
-        return current_->Fails(Fault::Call::close, current_->openedLast_) ? EOF : result;
+        return Fail(Call::close, current_->openedLast_) ? EOF : result;
     }
 
     static inline FaultyCalls* current_ = nullptr;
-    Fault fault_;
+    Fails fails_;
     platform::Calls calls_;
     std::string openedLast_;
 };
+
+/// One fault: the call fails for files whose path ends so.
+struct Fault {
+    const char* name;
+    Call call;
+    const char* pathEnd;
+
+    bool Hits(Call otherCall, const std::string& path) const {
+        const std::string end = pathEnd;
+        return call == otherCall && path.size() >= end.size() &&
+               path.compare(path.size() - end.size(), end.size(), end) == 0;
+    }
+};
+
+std::ostream& operator<<(std::ostream& stream, const Fault& fault) {
+    return stream << fault.name;
+}
+
+FaultyCalls::Fails Only(const Fault& fault) {
+    return [fault](Call call, const std::string& path) { return fault.Hits(call, path); };
+}
 
 /// Paths that were opened and not closed, in order.
 std::vector<std::string> LeftOpen(const support::WatchedPlatform& files) {
@@ -134,7 +156,7 @@ protected:
 
 TEST_P(FaultyPlatform, ChangesNoAnswerAndLeaksNoFile) {
     {
-        const FaultyCalls faulty(GetParam());
+        const FaultyCalls faulty(Only(GetParam()));
         WholePass();
         EXPECT_EQ(faulty.failures, 1);
     }
@@ -152,7 +174,7 @@ TEST_P(FaultyPlatform, ChangesNoAnswerAndLeaksNoFile) {
 
 TEST_P(FaultyPlatform, LeavesAnEngineThatWritesTheFileOnceTheFaultIsGone) {
     {
-        const FaultyCalls faulty(GetParam());
+        const FaultyCalls faulty(Only(GetParam()));
         WholePass();
     }
     files.written.clear();
@@ -164,16 +186,16 @@ TEST_P(FaultyPlatform, LeavesAnEngineThatWritesTheFileOnceTheFaultIsGone) {
 
 INSTANTIATE_TEST_SUITE_P(
     PlatformFaults, FaultyPlatform,
-    testing::Values(Fault{"OpeningTheControlFile", Fault::Call::open, ".cmi"},
-                    Fault{"WritingTheControlFile", Fault::Call::write, ".cmi"},
-                    Fault{"ClosingTheControlFile", Fault::Call::close, ".cmi"},
-                    Fault{"OpeningTheThermalDebugFile", Fault::Call::open, "ThermalTest.txt"},
-                    Fault{"WritingTheThermalDebugFile", Fault::Call::write, "ThermalTest.txt"},
-                    Fault{"ClosingTheThermalDebugFile", Fault::Call::close, "ThermalTest.txt"},
-                    Fault{"OpeningTheStrainDebugFile", Fault::Call::open, "ShellIniStrain.txt"},
-                    Fault{"WritingTheStrainDebugFile", Fault::Call::write, "ShellIniStrain.txt"},
-                    Fault{"ClosingTheStrainDebugFile", Fault::Call::close, "ShellIniStrain.txt"},
-                    Fault{"OpeningTheShotFile", Fault::Call::open, ".cmx"}),
+    testing::Values(Fault{"OpeningTheControlFile", Call::open, ".cmi"},
+                    Fault{"WritingTheControlFile", Call::write, ".cmi"},
+                    Fault{"ClosingTheControlFile", Call::close, ".cmi"},
+                    Fault{"OpeningTheThermalDebugFile", Call::open, "ThermalTest.txt"},
+                    Fault{"WritingTheThermalDebugFile", Call::write, "ThermalTest.txt"},
+                    Fault{"ClosingTheThermalDebugFile", Call::close, "ThermalTest.txt"},
+                    Fault{"OpeningTheStrainDebugFile", Call::open, "ShellIniStrain.txt"},
+                    Fault{"WritingTheStrainDebugFile", Call::write, "ShellIniStrain.txt"},
+                    Fault{"ClosingTheStrainDebugFile", Call::close, "ShellIniStrain.txt"},
+                    Fault{"OpeningTheShotFile", Call::open, ".cmx"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(PlatformFaults, AllCallsFailingTogetherChangeNoAnswer) {
@@ -187,3 +209,81 @@ TEST(PlatformFaults, AllCallsFailingTogetherChangeNoAnswer) {
     EXPECT_EQ(manager.GetProjectResults(kItemThermalStress), kResultNoK5w);
     EXPECT_EQ(manager.GetProjectResults(kItemInsertFiberMaterial), kResultNoInsertFiberResults);
 }
+
+// ---- Each call of a pass in turn ----------------------------------------------------------------
+
+namespace {
+
+struct Tries {
+    int solverType;
+    bool isForGood;
+};
+
+/// Each item has its results, or says why not.
+void ExpectSoundItems(CZorbI2EngineManager& manager) {
+    for (int itemId = 0; itemId < kItemCount; ++itemId) {
+        const CZorbI2Item& item = *manager.GetZorbI2Engine()->items[itemId];
+        EXPECT_EQ(item.options.count(kOptionResultsMissing), item.isAvailable ? 0U : 1U) << itemId;
+    }
+}
+
+std::string FileOfPass(support::WatchedPlatform& files, int solverType) {
+    CZorbI2EngineManager manager;
+    files.written.clear();
+    MakeWholePass(manager, solverType);
+    return files.written[controlFile];
+}
+
+class EachPlatformCall : public testing::TestWithParam<Tries> {};
+
+}  // namespace
+
+TEST_P(EachPlatformCall, FailsAndLeavesAFileThatIsWholeOrNone) {
+    const Tries tries = GetParam();
+    support::WatchedPlatform files;
+    support::AddAllResults(files);
+    const std::string whole = FileOfPass(files, tries.solverType);
+    std::map<Call, int> failures;
+    bool hasFailed = true;
+    int number = 0;
+    for (; hasFailed; ++number) {
+        SCOPED_TRACE(number);
+        files.events.clear();
+        files.written.clear();
+        CZorbI2EngineManager manager;
+        {
+            int count = 0;
+            const FaultyCalls faulty([&](Call, const std::string&) {
+                const int current = count++;
+                return tries.isForGood ? current >= number : current == number;
+            });
+            MakeWholePass(manager, tries.solverType);
+            hasFailed = faulty.failures != 0;
+            for (const auto& [call, times] : faulty.failuresOf) {
+                failures[call] += tries.isForGood ? 0 : times;
+            }
+        }
+        ExpectSoundItems(manager);
+        const std::vector<std::string> leftOpen = LeftOpen(files);
+        EXPECT_TRUE(leftOpen.empty() || leftOpen == std::vector{shotFile});
+        const std::string text = files.written[controlFile];
+        EXPECT_TRUE(text.empty() || text.find("[\\REDUCTION RATE]\n") != std::string::npos);
+        EXPECT_EQ(FileOfPass(files, tries.solverType), whole);
+    }
+    if (!tries.isForGood) {
+        for (const Call call : {Call::exists, Call::open, Call::write, Call::close}) {
+            EXPECT_GT(failures[call], 0);
+        }
+    }
+    std::printf("%d calls of a pass failed %s\n", number - 1,
+                tries.isForGood ? "for good" : "once");
+}
+
+INSTANTIATE_TEST_SUITE_P(PlatformFaults, EachPlatformCall,
+                         testing::Values(Tries{kSolidProject, false}, Tries{kSolidProject, true},
+                                         Tries{kShellProject, false}, Tries{kShellProject, true}),
+                         [](const auto& row) {
+                             return std::string(row.param.solverType == kSolidProject ? "Solid"
+                                                                                      : "Shell") +
+                                    (row.param.isForGood ? "ForGood" : "Once");
+                         });

@@ -80,8 +80,18 @@ class Memory(ProgramTest):
         self.assertEqual(self.run_program("write", "cover.toml").returncode, 0)
         self.fail_each("check", "--show", "--against", "cover.toml", FILE)
 
+    def test_report(self):
+        self.fail_each("report", "cover.toml", "-o", "page.html", makes="page.html")
+
     def test_schema(self):
         self.fail_each("schema")
+
+    def test_complete(self):
+        self.fail_each("complete", "items", "--solver", "")
+
+    def test_help(self):
+        self.fail_each("--help")
+        self.fail_each("write", "--help")
 
 
 if __name__ == "__main__":
