@@ -51,6 +51,10 @@ class Words(ProgramTest):
                 if placeholder and placeholder not in ("NAME", "NUMBER"):
                     self.assertTrue(self.complete(command, name, ""), f"{command} {name}")
 
+    def test_where_nothing_can_be_named(self):
+        for words in (("init", "--name", ""), ("init", "--run", ""), ("schema", "")):
+            self.assertEqual(self.complete(*words), [], words)
+
     def test_values_are_names_that_the_program_knows(self):
         self.make_run()
         self.make_recipe()

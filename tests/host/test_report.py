@@ -120,6 +120,14 @@ class Report(ProgramTest):
         self.assertEqual(entry["problems"][0]["line"], 1)
         self.assertIn("Something else", self.report("bad.cmi", code=1, stderr=None))
 
+    def test_a_control_file_that_is_not_there(self):
+        for strictness in ((), ("--strict",)):
+            done = self.run_program("report", "none.cmi", "--json", *strictness)
+            self.assertEqual(done.returncode, 3)
+            entry = json.loads(done.stdout)["entries"][0]
+            self.assertEqual((entry["status"], entry["asks"]), ("failed", None))
+            self.assertIn("none.cmi", entry["problems"][0]["file"])
+
     # ---- The page -------------------------------------------------------------------------------
 
     def test_nothing_but_the_page_is_written(self):
@@ -163,6 +171,22 @@ class Report(ProgramTest):
         self.assertIn("Folder", meanings[at["OutFolder"]])
         self.assertIn("Runner output", meanings[at["IsRunnerOutput"]])
         self.assertIn("third", meanings[at["ReductionRate3"]])
+
+    def test_the_page_tells_where_an_item_is_offered(self):
+        self.make_recipe(PROJECT + TARGET.replace("ANSYS", "NE-Nastran"))
+        self.assertIn("<li><strong>Flow induced residual output.</strong>: not here; "
+                      "ANSYS original and mapped; ABAQUS original and mapped; ",
+                      self.report("cover.toml"))
+
+    def test_the_page_shows_what_would_change(self):
+        self.assertNotIn("What would change", self.report("cover.toml"))  # there is no file yet
+        self.run_program("write", "cover.toml")
+        self.make_recipe(PROJECT + TARGET + "[choices]\ndensity = 3\n")
+        lines = re.search(r'<pre class="difference".*?</pre>', self.report("cover.toml"), re.S)[0]
+        for kind, start in (("", "--- "), ("", "+++ "), ("", "@@ "),
+                            (' class="removed"', "-DensityReduction ="),
+                            (' class="added"', "+DensityReduction =")):
+            self.assertIn(f"<span{kind}>{start}", lines)
 
     def test_the_policy_names_the_style_and_the_script(self):
         page = self.report("cover.toml")
