@@ -1,6 +1,8 @@
 // The POSIX side of the platform. This program plays a host that brings a debugger output.
 #include <gtest/gtest.h>
 
+#include <limits.h>
+
 #include <string>
 #include <vector>
 
@@ -49,4 +51,19 @@ TEST(PlatformPosix, LinkToAMissingFileDoesNotExist) {
     const support::TemporaryFolder folder;
     std::filesystem::create_symlink(folder.Path() / "missing", folder.Path() / "Cover03.k5o");
     EXPECT_FALSE(platform::PathExists(folder.EnginePath("Cover03.k5o")));
+}
+
+TEST(PlatformPosix, LongestPathOfTheSystemIsFoundAndALongerOneIsNot) {
+    const support::TemporaryFolder folder;
+    folder.MakeFile("Cover03.k5o", "1004");
+    const std::string file = folder.EnginePath("Cover03.k5o");
+    const std::string filling(PATH_MAX - 1 - file.size(), '\\');
+    const std::string longest = folder.EnginePath("") + filling + "Cover03.k5o";
+    ASSERT_EQ(longest.size(), PATH_MAX - 1U);
+    EXPECT_TRUE(platform::PathExists(longest));
+    std::FILE* const opened = platform::OpenForReading(longest);
+    ASSERT_NE(opened, nullptr);
+    std::fclose(opened);
+    EXPECT_FALSE(platform::PathExists("\\" + longest));
+    EXPECT_EQ(platform::OpenForReading("\\" + longest), nullptr);
 }
