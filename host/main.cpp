@@ -10,6 +10,7 @@
 #include "commands/CommandLine.h"
 #include "console/Report.h"
 #include "system/HostPlatform.h"
+#include "system/Memory.h"
 #include "system/Signals.h"
 
 namespace host {
@@ -30,7 +31,12 @@ ExitCode Run(int argc, char** argv) {
 }
 
 ExitCode Main(int argc, char** argv) {
+    RememberLackOfMemory();
     const ExitCode code = Run(argc, argv);
+    if (code != ExitCode::fileTrouble && HasLackedMemory()) {
+        Tell({{}, "out of memory", ExitCode::fileTrouble});  // a text may be cut off
+        return ExitCode::fileTrouble;
+    }
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
         return code;
     }

@@ -40,13 +40,23 @@ void* Allocate(std::size_t size) noexcept {
 
 #define EXPORTED [[gnu::visibility("default")]]
 
+// Like those of the standard library, which tell the program's handler.
 EXPORTED void* operator new(std::size_t size) {
-    void* block = Allocate(size);
-    return block != nullptr ? block : throw std::bad_alloc();
+    if (void* const block = Allocate(size)) {
+        return block;
+    }
+    if (const std::new_handler handler = std::get_new_handler()) {
+        handler();
+    }
+    throw std::bad_alloc();
 }
 
 EXPORTED void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-    return Allocate(size);
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
 }
 
 EXPORTED void operator delete(void* block) noexcept {

@@ -1,5 +1,6 @@
 // The command "report": a page that shows recipes and control files, for people without a terminal.
 #include <memory>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -8,6 +9,7 @@
 #include "commands/report/Page.h"
 #include "commands/report/Summary.h"
 #include "system/HostPlatform.h"
+#include "system/Memory.h"
 #include "system/SafeFile.h"
 #include "system/Signals.h"
 
@@ -127,7 +129,11 @@ void Reporter::PutInPlace() {
     const std::string& name = *options_.page;
     const fs::path folder = LookAtPlace(file_).file.parent_path();
     RemoveLeftOvers(folder, fs::file_type::regular);
-    const std::string reason = ReplaceFile(file_, page_.Text(summary_.AsJson()));
+    const std::string text = page_.Text(summary_.AsJson());
+    if (HasLackedMemory()) {
+        throw std::bad_alloc();  // the page may be cut off
+    }
+    const std::string reason = ReplaceFile(file_, text);
     if (!reason.empty()) {
         Fail({name}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }
