@@ -38,7 +38,8 @@ MAY_INCLUDE = {
     "host/commands": [FACE, "host/problems", "host/system", "host/console", "host/recipes",
                       "host/control_files", "host/handover"],
     "examples": [FACE],
-    "tests/fuzz": [FACE, "platform", "results", "tests/support"],
+    "tests/fuzz": [FACE, "platform", "results", "cmi", "host/problems", "host/system",
+                   "host/control_files", "host/handover", "host/commands", "tests/support"],
     "bench": [FACE, "platform"],
 }
 
