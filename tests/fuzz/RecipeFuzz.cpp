@@ -69,32 +69,37 @@ void ExpectPassesCheck(const host::Recipe& recipe, const std::string& text,
     }
 }
 
-/// The file as it was asked for. Throws a Failure when the recipe is wrong.
-void WriteFile(Surroundings& surroundings, const std::string& bytes) {
-    host::ControlFile asked;
-    std::string text;
+struct Written {
     host::Recipe recipe;
-    {
-        fuzz::MemoryPlatform files;
-        files.exists = IsResultThere;
-        files.readable = &shotFile;
-        recipe = host::LoadRecipe(surroundings.RecipeFile(), {}, surroundings.names,
-                                  surroundings.folder.Path(), host::Purpose::writing);
-        fuzz::ExpectGoodProblems(recipe.problems, bytes);
-        host::Session session(recipe);
-        const host::Problems problems = session.ApplyRecipe();
-        fuzz::ExpectGoodProblems(problems, bytes);
-        host::ThrowErrors(problems);
-        asked = session.Write(".", recipe.controlExtension);
-        files.written.erase("ThermalTest.txt");
-        files.written.erase("ShellIniStrain.txt");
-        fuzz::Expect(files.written.size() == 1, "one file is written");
-        text = files.written.begin()->second;
-    }
+    host::ControlFile asked = {};  ///< for by the recipe
+    std::string text = {};
+};
+
+/// Throws a Failure when the recipe is wrong.
+Written Write(const Surroundings& surroundings, const std::string& bytes) {
+    fuzz::MemoryPlatform files;
+    files.exists = IsResultThere;
+    files.readable = &shotFile;
+    Written file{host::LoadRecipe(surroundings.RecipeFile(), {}, surroundings.names,
+                                  surroundings.folder.Path(), host::Purpose::writing)};
+    fuzz::ExpectGoodProblems(file.recipe.problems, bytes);
+    host::Session session(file.recipe);
+    const host::Problems problems = session.ApplyRecipe();
+    fuzz::ExpectGoodProblems(problems, bytes);
+    host::ThrowErrors(problems);
+    file.asked = session.Write(".", file.recipe.controlExtension);
+    files.written.erase("ThermalTest.txt");
+    files.written.erase("ShellIniStrain.txt");
+    fuzz::Expect(files.written.size() == 1, "one file is written");
+    file.text = files.written.begin()->second;
+    return file;
+}
+
+void ExpectSaysWhatWasAsked(const Written& file, host::OfferCheck& offers) {
     try {
-        const host::ControlFile found = host::ReadControlFile("fuzz.cmi", text);
-        fuzz::Expect(found == asked, "the file says what was asked for");
-        ExpectPassesCheck(recipe, text, found, surroundings.offers);
+        const host::ControlFile found = host::ReadControlFile("fuzz.cmi", file.text);
+        fuzz::Expect(found == file.asked, "the file says what was asked for");
+        ExpectPassesCheck(file.recipe, file.text, found, offers);
     } catch (const host::Failure& failure) {
         fuzz::Break("a written file can be read: " + std::string(failure.what()));
     }
@@ -108,7 +113,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     support::ResultReader() = {0, 1004, {}};
     surroundings.folder.MakeFile("recipe.toml", bytes);
     try {
-        WriteFile(surroundings, bytes);
+        ExpectSaysWhatWasAsked(Write(surroundings, bytes), surroundings.offers);
     } catch (const host::Failure& failure) {
         fuzz::ExpectGoodProblems(failure.List(), bytes);
         fuzz::Expect(host::HasErrors(failure.List()), "a refused recipe has errors");
