@@ -158,6 +158,15 @@ void ExpectSameItem(bool isGot, const CZorbI2Item& item, const CZorbI2ItemStatus
     fuzz::Expect(!isGot || item.itemId == status.itemId, "the choice is the item's");
 }
 
+void ExpectSameAnswer(CZorbI2EngineManager& manager) {
+    const bool isAnyOffered = manager.HasPopItem();
+    const bool isAnyInGroup =
+        manager.HasPartPopItem() || manager.HasPartInsertPopItem() || manager.HasMoldbasePopItem();
+    fuzz::Expect(isAnyOffered == isAnyInGroup, "what is offered is offered in a group");
+    fuzz::Expect(manager.HasPartItem() && manager.HasPartInsertItem() && manager.HasMoldbaseItem(),
+                 "each group has items");
+}
+
 void Call(CZorbI2EngineManager& manager, fuzz::MemoryPlatform& files, Input& input) {
     CZorbI2Item item;
     CZorbI2ItemStatus status;
@@ -179,7 +188,7 @@ void Call(CZorbI2EngineManager& manager, fuzz::MemoryPlatform& files, Input& inp
             manager.SetPopItems();
             break;
         case 3:
-            manager.HasPopItem();
+            ExpectSameAnswer(manager);
             break;
         case 4:
             ExpectSameItem(manager.GetPartPopItem(input.Number(), &item, &status), item, status);
