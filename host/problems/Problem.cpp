@@ -74,21 +74,26 @@ void FailFor(int reason, const Place& place, const std::string& text) {
     Fail(place, text + ": " + std::strerror(reason), ExitCode::fileTrouble);
 }
 
+bool IsControl(char letter) {
+    const auto byte = static_cast<unsigned char>(letter);
+    return byte < 0x20 || byte == 0x7F;
+}
+
 std::string InOneLine(const Problem& problem) {
     const auto& [file, line, column, name] = problem.place;
     std::string place = file.empty() ? "zorbi2" : file;
     for (const std::uint32_t position : {line, column}) {
         place += position > 0 ? ":" + std::to_string(position) : "";
     }
-    return place + (problem.isWarning ? ": warning: " : ": ") + problem.message;
+    std::string text = place + (problem.isWarning ? ": warning: " : ": ") + problem.message;
+    std::ranges::replace_if(text, IsControl, '?');
+    return text;
 }
 
 std::string Quoted(std::string_view text) {
     std::string quoted = "\"";
     for (const char letter : text) {
-        const auto byte = static_cast<unsigned char>(letter);
-        const bool isControl = byte < 0x20 || byte == 0x7F;
-        quoted += letter == '\t' ? "\\t" : std::string(1, isControl ? '?' : letter);
+        quoted += letter == '\t' ? "\\t" : std::string(1, IsControl(letter) ? '?' : letter);
     }
     return quoted + '"';
 }

@@ -74,10 +74,14 @@ std::string ReasonOf(const std::error_code& error);
 /// The system's reason, an errno, why a file or folder cannot be used.
 [[noreturn]] void FailFor(int reason, const Place& place, const std::string& text);
 
-/// "RECIPE:LINE:COLUMN: warning: message", as far as the place is known.
+/// A character that a terminal would obey.
+bool IsControl(char letter);
+
+/// "RECIPE:LINE:COLUMN: warning: message", as far as the place is known, with "?" for control
+/// characters: files and words of the command line can have them in their names.
 std::string InOneLine(const Problem& problem);
 
-/// In quotes, whole, but without control characters, which a terminal would obey.
+/// In quotes, whole, but without control characters.
 std::string Quoted(std::string_view text);
 
 }  // namespace host

@@ -130,9 +130,11 @@ std::optional<std::int32_t> Find(std::string_view name, const Vocabulary& words)
 
 std::string Nearest(std::string_view text, Vocabulary words) {
     constexpr std::size_t count = 3;
-    std::ranges::stable_sort(words, {}, [wanted = Folded(text)](const auto& entry) {
-        return Distance(wanted, Folded(entry.second));
-    });
+    const std::string wanted = Folded(text);
+    for (auto& [distance, word] : words) {  // in the place of the number, which is not told
+        distance = static_cast<std::int32_t>(Distance(wanted, Folded(word)));
+    }
+    std::ranges::stable_sort(words, {}, &Vocabulary::value_type::first);
     words.resize(std::min(count, words.size()));
     return Listed(words);
 }

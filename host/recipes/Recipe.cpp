@@ -8,14 +8,13 @@
 #include <sstream>
 #include <tuple>
 
-#define TOML_EXCEPTIONS 0
-#include <toml++/toml.h>
-
 #include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Types.h>
 
 #include "control_files/ControlFile.h"
 #include "recipes/RecipeKeys.h"
+#include "recipes/Toml.h"
+#include "recipes/UnfitToml.h"
 #include "system/Paths.h"
 
 namespace host {
@@ -29,10 +28,6 @@ constexpr double highestAngle = 180.0;
 
 constexpr const char* singleQuotesHint =
     R"(; in single quotes, a backslash is a backslash: 'D:\x')";
-
-bool IsControl(unsigned char byte) {
-    return byte < 0x20 || byte == 0x7F;
-}
 
 /// Whether the control file shows the number as it is.
 bool IsPrintedWhole(double number) {
@@ -458,41 +453,10 @@ void WarnOfMissingOutput(const Reader& reader) {
     }
 }
 
-/// Where in a line, its end included, a section's name does not start as one can.
-std::size_t FindBadSectionName(std::string_view line) {
-    constexpr std::string_view starts =
-        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-\"']";
-    constexpr std::size_t none = std::string_view::npos;
-    const std::size_t bracket = line.find_first_not_of(" \t");
-    if (bracket == none || line[bracket] != '[') {
-        return none;
-    }
-    const bool isList = line.substr(bracket).starts_with("[[");
-    const std::size_t name = line.find_first_not_of(" \t", bracket + (isList ? 2 : 1));
-    return name != none && starts.find(line[name]) == none ? name : none;
-}
-
-/// The TOML library must not see such a name: it would end the program.
-bool RefuseBadSectionName(const Reader& reader, std::string_view text) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    text.remove_prefix(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
-    for (std::uint32_t line = 1; !text.empty(); ++line) {
-        const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
-        const std::size_t name = FindBadSectionName(text.substr(0, length));
-        if (name != std::string_view::npos) {
-            reader.Refuse({reader.recipe.file, line, static_cast<std::uint32_t>(name + 1)},
-                          R"(a section's name has the characters a to z, A to Z, 0 to 9, "_" and )"
-                          R"("-", or stands in quotes)");
-            return true;
-        }
-        text.remove_prefix(length);
-    }
-    return false;
-}
-
 /// The document; nothing when it is not TOML.
 std::optional<toml::table> Parse(const Reader& reader, const std::string& text) {
-    if (RefuseBadSectionName(reader, text)) {
+    if (const auto unfit = FindUnfitToml(text)) {
+        reader.Refuse({reader.recipe.file, unfit->line, unfit->column}, unfit->reason);
         return std::nullopt;
     }
     toml::parse_result parsed = toml::parse(text);

@@ -1,16 +1,20 @@
-// Hosts of any behavior within the order of calls: no input may break the engine's memory or
-// make it throw anything but the errors that it names.
+// Hosts of any behavior within the order of calls: no input may break the engine's memory, make it
+// throw anything but the errors that it names, or write a file that is not whole, that is not where
+// the host wants it, or that has other items than those offered.
+#include <algorithm>
+#include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Engine.h>
 
+#include "tests/fuzz/MemoryPlatform.h"
 #include "tests/support/Errors.h"
 #include "tests/support/ResultReaderDouble.h"
-#include "tests/support/WatchedPlatform.h"
 
 namespace {
 
@@ -63,6 +67,16 @@ private:
     std::size_t size_;
 };
 
+/// Whether the ending of a result file is one of those that the bits name.
+bool IsAmong(unsigned bits, std::string_view path) {
+    constexpr auto endings =
+        std::to_array<std::string_view>({".o2w", ".k5o", ".rso", ".rsf", ".k5w", ".k5f", ".rsp",
+                                         ".rsg", ".rsr", ".k5p", ".k5c", ".rsc", ".crp", ".k5s"});
+    const auto ending = std::ranges::find_if(
+        endings, [path](std::string_view known) { return path.ends_with(known); });
+    return (bits >> (ending - endings.begin()) & 1U) != 0;
+}
+
 CZorbFEAInformation ReadProject(Input& input) {
     CZorbFEAInformation info;
     info.projectName = input.Text();
@@ -78,13 +92,88 @@ CZorbFEAInformation ReadProject(Input& input) {
     return info;
 }
 
-void Call(CZorbI2EngineManager& manager, Input& input) {
+/// How often a line must be in the file.
+std::ptrdiff_t TimesDue(const ControlFileLine& line, const CZorbI2Engine& engine) {
+    const PopItemSelector& selector = *engine.popItemSelector;
+    std::ptrdiff_t offered = 0;
+    for (const auto* items :
+         {&selector.partPopItems, &selector.partInsertPopItems, &selector.moldbasePopItems}) {
+        offered += std::ranges::count(*items, line.itemId);
+    }
+    return line.presence == ControlFilePresence::whenOffered ? offered : 1;
+}
+
+/// Whether the rest of a file has the lines of the table from one on, each as often as it is due.
+bool HasLinesFrom(const ControlFileLine* line, std::string_view rest, const CZorbI2Engine& engine) {
+    for (; line != std::end(kControlFileLines); ++line) {
+        const std::string_view text = line->text;
+        const std::string_view start = text.substr(0, text.find('%'));
+        std::ptrdiff_t times = 0;
+        while (times < TimesDue(*line, engine) && rest.starts_with(start)) {
+            rest.remove_prefix(rest.find('\n') + 1);
+            ++times;
+        }
+        const bool mayMiss = line->presence == ControlFilePresence::whenAnnealed;
+        if (times < TimesDue(*line, engine) && !mayMiss) {
+            return false;
+        }
+    }
+    return rest.empty();
+}
+
+/// Takes a text off the front of the rest; false when it is not there.
+bool Take(std::string_view text, std::string_view& rest) {
+    const bool isThere = rest.starts_with(text);
+    rest.remove_prefix(isThere ? text.size() : 0);
+    return isThere;
+}
+
+/// Texts are printed up to a NUL, as printf does.
+void ExpectWholeFile(std::string_view rest, const CZorbI2Engine& engine) {
+    const char* const mapFile = engine.mappedMeshFilePath.c_str();
+    const std::int32_t meshKind = engine.popItemSelector->meshKind;
+    const bool isMapped = meshKind == kMeshMapped || meshKind == kMesh3DMappingShell;
+    const ControlFileLine* const solverType =
+        std::ranges::find(kControlFileLines, &CZorbI2CMIData::SolverType, &ControlFileLine::number);
+    fuzz::Expect(Take("I2-Output Control Parameter File\nFileVersion = 9064\n[HEADER]\n", rest) &&
+                     Take("OutFolder = ", rest) && Take(engine.outFolder.c_str(), rest) &&
+                     Take("\nMapFile = ", rest) && Take(isMapped ? mapFile : " ", rest) &&
+                     Take("\n", rest),
+                 "the file has the host's texts");
+    fuzz::Expect(HasLinesFrom(solverType, rest, engine), "the file is whole");
+}
+
+void Write(CZorbI2EngineManager& manager, fuzz::MemoryPlatform& files) {
+    const std::string path = manager.engine->cmiFileFullPath.c_str();  // up to a NUL, as fopen
+    files.written.clear();
+    manager.WriteCMIFile(0);
+    fuzz::Expect(files.written.size() == 1 && files.written.begin()->first == path,
+                 "the file is where the host wants it");
+    fuzz::Expect(!files.IsWriting(), "what is written is closed");
+    ExpectWholeFile(files.written.begin()->second, *manager.engine);
+}
+
+/// Expects that an item that was got is the one that its choice is of.
+void ExpectSameItem(bool isGot, const CZorbI2Item& item, const CZorbI2ItemStatus& status) {
+    fuzz::Expect(!isGot || item.itemId == status.itemId, "the choice is the item's");
+}
+
+void ExpectSameAnswer(CZorbI2EngineManager& manager) {
+    const bool isAnyOffered = manager.HasPopItem();
+    const bool isAnyInGroup =
+        manager.HasPartPopItem() || manager.HasPartInsertPopItem() || manager.HasMoldbasePopItem();
+    fuzz::Expect(isAnyOffered == isAnyInGroup, "what is offered is offered in a group");
+    fuzz::Expect(manager.HasPartItem() && manager.HasPartInsertItem() && manager.HasMoldbaseItem(),
+                 "each group has items");
+}
+
+void Call(CZorbI2EngineManager& manager, fuzz::MemoryPlatform& files, Input& input) {
     CZorbI2Item item;
     CZorbI2ItemStatus status;
     CZorbI2WeldlineDataStatus weldlines;
     std::map<int, std::string> options;
     int values[3] = {};
-    switch (input.Byte() % 20) {
+    switch (input.Byte() % 22) {
         case 0: {
             const int solver = input.Number();
             const int mesh = input.Number();
@@ -99,19 +188,22 @@ void Call(CZorbI2EngineManager& manager, Input& input) {
             manager.SetPopItems();
             break;
         case 3:
-            manager.HasPopItem();
+            ExpectSameAnswer(manager);
             break;
         case 4:
-            manager.GetPartPopItem(input.Number(), &item, &status);
+            ExpectSameItem(manager.GetPartPopItem(input.Number(), &item, &status), item, status);
             break;
         case 5:
-            manager.GetPartInsertPopItem(input.Number(), &item, &status);
+            ExpectSameItem(manager.GetPartInsertPopItem(input.Number(), &item, &status), item,
+                           status);
             break;
         case 6:
-            manager.GetMoldBasePopItem(input.Number(), &item, &status);
+            ExpectSameItem(manager.GetMoldBasePopItem(input.Number(), &item, &status), item,
+                           status);
             break;
         case 7:
-            manager.GetPartPopItemByID(input.Number(), &item, &status);
+            ExpectSameItem(manager.GetPartPopItemByID(input.Number(), &item, &status), item,
+                           status);
             break;
         case 8: {
             const int category = input.Number();
@@ -157,8 +249,14 @@ void Call(CZorbI2EngineManager& manager, Input& input) {
         case 18:
             manager.SetOutFolder(input.Text());
             break;
+        case 19:
+            manager.SetMappedMeshFilePath(input.Text());
+            break;
+        case 20:
+            manager.SetViewEdit(input.Byte() % 2 == 1);
+            break;
         default:
-            manager.WriteCMIFile(input.Number());
+            Write(manager, files);
             break;
     }
 }
@@ -172,30 +270,25 @@ bool IsNamedError(const std::out_of_range& error) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
-    support::WatchedPlatform files;
+    fuzz::MemoryPlatform files;
     CZorbFEAInformation info = ReadProject(input);
-    support::ResultReader() = {input.Byte() % 2, input.Number() + 1000, {}};
-    // Which results exist: drawn by extension, under the names that the engine will ask for.
-    const std::string base = info.projectFolder + "\\" + info.projectName + "00";
-    for (const char* extension : {".o2w", ".k5o", ".rsf", ".k5w", ".k5f", ".k5p", ".k5c", ".k5s"}) {
-        if (input.Byte() % 2 == 1) {
-            files.existing.insert(base + extension);
-        }
-    }
-    files.readable[info.projectFolder + info.projectName + "00.cmx"] =
-        "<SOLID_MCM>\n" + input.Text() + "\nFlagPrevShot=" + input.Text();
+    support::ResultReader() = {input.Byte() % 2, 1000LL + input.Number(), {}};
+    const unsigned someResults = input.Byte();
+    const unsigned results = someResults << 8U | input.Byte();
+    files.exists = [results](std::string_view path) { return IsAmong(results, path); };
+    const std::string shotFile = "<SOLID_MCM>\n" + input.Text() + "\nFlagPrevShot=" + input.Text();
+    files.readable = &shotFile;
     CZorbI2EngineManager manager;
     manager.CreateEngine(&info);
     manager.CreateCMIDataBlock();
     manager.CreateCMIAccess();
     while (!input.IsAtEnd()) {
         try {
-            Call(manager, input);
+            Call(manager, files, input);
         } catch (const std::out_of_range& error) {
-            if (!IsNamedError(error)) {
-                std::abort();
-            }
+            fuzz::Expect(IsNamedError(error), "an error is one of those that the engine names");
         }
     }
+    support::ResultReader() = {};  // notes that stay would look like a leak to libFuzzer
     return 0;
 }

@@ -2,14 +2,13 @@
 // find, with the state that those keep between lines.
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "platform/Text.h"
 #include "results/ShotFile.h"
+#include "tests/fuzz/MemoryPlatform.h"
 #include "tests/support/TemporaryStream.h"
-#include "tests/support/WatchedPlatform.h"
 
 namespace {
 
@@ -60,20 +59,16 @@ Values ReadWithStrtok(const std::string& bytes, Values values) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
-    support::WatchedPlatform files;
-    files.readable["F\\Cover03.cmx"] = bytes;
-    CZorbFEAInformation info;
-    info.projectFolder = "F\\";
-    info.projectName = "Cover";
-    info.runNumber = 3;
+    fuzz::MemoryPlatform files;
+    files.readable = &bytes;
     Values found{7, 8};
-    results::ReadShotFile(info, found.flagPrevShot, found.valueShotRunID);
+    results::ReadShotFile(CZorbFEAInformation(), found.flagPrevShot, found.valueShotRunID);
     const Values expected = ReadWithStrtok(bytes, {7, 8});
     if (found.flagPrevShot != expected.flagPrevShot ||
         found.valueShotRunID != expected.valueShotRunID) {
         std::fprintf(stderr, "found %d %d, expected %d %d\n", found.flagPrevShot,
                      found.valueShotRunID, expected.flagPrevShot, expected.valueShotRunID);
-        std::abort();
+        fuzz::Break("the reader finds what strtok finds");
     }
     return 0;
 }

@@ -64,6 +64,12 @@ GOOD_TREE = {
     "tests/fuzz/Fuzz.cpp": "#include <zorbi2/Face.h>\n"
                            '#include "platform/Files.h"\n'
                            '#include "results/Checks.h"\n'
+                           '#include "cmi/Text.h"\n'
+                           '#include "problems/Problem.h"\n'
+                           '#include "system/Paths.h"\n'
+                           '#include "control_files/File.h"\n'
+                           '#include "handover/Session.h"\n'
+                           '#include "commands/Commands.h"\n'
                            '#include "tests/support/World.h"\n',
     "bench/Bench.cpp": "#include <benchmark/benchmark.h>\n"
                        "#include <zorbi2/Face.h>\n"
@@ -134,7 +140,9 @@ class IncludeRules(unittest.TestCase):
             "host/commands": {"include/zorbi2", "host/problems", "host/system", "host/console",
                               "host/recipes", "host/control_files", "host/handover"},
             "examples": {"include/zorbi2"},
-            "tests/fuzz": {"include/zorbi2", "platform", "results"},
+            "tests/fuzz": {"include/zorbi2", "platform", "results", "cmi", "host/problems",
+                           "host/system", "host/control_files", "host/handover",
+                           "host/commands"},
             "bench": {"include/zorbi2", "platform"},
         }
         lines = "".join(f'#include "{target}"\n' for target in targets.values())

@@ -1,0 +1,99 @@
+#include "recipes/UnfitToml.h"
+
+#include <algorithm>
+#include <string>
+
+namespace host {
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+constexpr std::string_view skipped = " \t\r\n#";
+
+/// What is looked at next, and where in it something is unfit, if so.
+struct Part {
+    std::size_t length;
+    std::size_t unfit = 0;
+    const char* reason = nullptr;
+};
+
+bool IsAmong(std::string_view characters, char character) {
+    return characters.find(character) != std::string_view::npos;
+}
+
+/// The opening bracket of a section, or two of them.
+Part SectionAt(std::string_view text) {
+    constexpr std::string_view starts =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-\"']";
+    const std::size_t bracket = text.starts_with("[[") ? 2 : 1;
+    const std::size_t name = std::min(text.find_first_not_of(blanks, bracket), text.size());
+    return name < text.size() && IsAmong(starts, text[name])
+               ? Part{name}
+               : Part{name, name,
+                      R"(a section's name has the characters a to z, A to Z, 0 to 9, "_" and )"
+                      R"("-", or stands in quotes)"};
+}
+
+/// Bytes of a string with its quotes.
+std::size_t LengthOfString(std::string_view text) {
+    const std::string quotes(3, text[0]);
+    const bool hasLines = text.starts_with(quotes);
+    const std::string_view end = std::string_view(quotes).substr(0, hasLines ? 3 : 1);
+    std::size_t at = end.size();
+    while (at < text.size() && !text.substr(at).starts_with(end)) {
+        if (text[at] == '\n' && !hasLines) {
+            return at;  // the library refuses it there
+        }
+        at += text[0] == '"' && text[at] == '\\' ? 2 : 1;
+    }
+    at = std::min(at + end.size(), text.size());
+    const std::size_t ownQuotes = hasLines ? 2 : 0;  // may be its last characters
+    return std::min({text.find_first_not_of(text[0], at), at + ownQuotes, text.size()});
+}
+
+/// @param before what stands before it, without blanks, line ends and comments
+Part PartAt(std::string_view text, bool startsLine, char before) {
+    const bool isInList = before == '[' || before == ',';
+    switch (text[0]) {
+        case '[':
+            return startsLine && !isInList ? SectionAt(text) : Part{1};
+        case '"':
+        case '\'':
+            return {LengthOfString(text)};
+        case '#':
+            return {std::min(text.find('\n'), text.size())};
+        case '}':
+            return isInList ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
+        default:
+            return {1};
+    }
+}
+
+UnfitToml PlaceIn(std::string_view text, std::size_t position, const char* reason) {
+    const std::string_view before = text.substr(0, position);
+    const std::string_view line = before.substr(before.rfind('\n') + 1);
+    const auto isFirstByte = [](char byte) { return (byte & 0xC0) != 0x80; };
+    return {static_cast<std::uint32_t>(std::ranges::count(before, '\n') + 1),
+            static_cast<std::uint32_t>(std::ranges::count_if(line, isFirstByte) + 1), reason};
+}
+
+}  // namespace
+
+std::optional<UnfitToml> FindUnfitToml(std::string_view text) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    text.remove_prefix(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
+    bool startsLine = true;
+    char before = '\n';
+    for (std::size_t at = 0; at < text.size();) {
+        const Part part = PartAt(text.substr(at), startsLine, before);
+        if (part.reason != nullptr) {
+            return PlaceIn(text, at + part.unfit, part.reason);
+        }
+        startsLine = text[at] == '\n' || (startsLine && IsAmong(blanks, text[at]));
+        before = IsAmong(skipped, text[at]) ? before : text[at];
+        at += part.length;
+    }
+    return std::nullopt;
+}
+
+}  // namespace host
