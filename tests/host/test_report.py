@@ -9,7 +9,7 @@ import re
 import shutil
 import unittest
 
-from program import EXAMPLE, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest
+from program import EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest, own_path
 
 TEMPLATES = ROOT / "host" / "commands" / "report"
 
@@ -121,6 +121,40 @@ class Report(ProgramTest):
         self.assertIn("Something else", self.report("bad.cmi", code=1, stderr=None))
 
     # ---- The page -------------------------------------------------------------------------------
+
+    def assert_like(self, page, name):
+        """Compares with a committed file what readers see, without style and script."""
+        text = re.search("<main>.*</footer>\n", page, re.S)[0]
+        text = text.replace(own_path(self.folder), "FOLDER").replace("FOLDER\\", "FOLDER/")
+        self.assertEqual(re.sub(r"zorbi2 \d+\.\d+\.\d+", "zorbi2 VERSION", text),
+                         (EXPECTED / name).read_text(encoding="utf-8"))
+
+    def test_the_page_of_one_recipe(self):
+        self.run_program("write", "cover.toml")
+        self.make_recipe(PROJECT + TARGET + "[choices]\nthermal-stress = true\n[weld_lines]\n"
+                         "angles = [10, 20.5, 170]\nreduction_rates = [0.125, 0.5, 1]\n")
+        self.assert_like(self.report("cover.toml"), "report_one.html")
+
+    def test_the_page_of_several(self):
+        """What the page of one recipe shows just so is left out."""
+        self.make_run("Lid03", files=[".k5f"])
+        self.make_recipe(PROJECT.replace("Cover", "Lid").replace("run = 2", "run = 3") +
+                         TARGET.replace("ANSYS", "LSDYNA").replace("original", "deformed") +
+                         '[output]\nfolder = "none"\n', "new.toml")
+        self.make_recipe(PROJECT + TARGET + '[control_file]\nname = "Other"\n'
+                         "[choices]\nrunner = 1\n", "refused.toml")
+        self.make_recipe("[project]\n", "bad.toml")
+        self.run_program("write", "cover.toml")
+        text = (self.folder / "Cover02.cmi").read_bytes()
+        for name, old, new in (("missing.cmi", b"IDCompositeModel = 2", b"IDCompositeModel = -2"),
+                               ("faulty.cmi", b"SegmentY = 80", b"SegmentY = 101")):
+            (self.folder / name).write_bytes(text.replace(old, new))
+        page = self.report("cover.toml", "bad.toml", "new.toml", "Cover02.cmi", "refused.toml",
+                           "missing.cmi", "faulty.cmi", code=2, stderr=None)
+        for element in ("table", "grid"), ("ol", "text"), ("dl", "meanings"), ("div", "weld"):
+            page = re.sub('<{} class="{}">.*?</{}>'.format(*element, element[0]),
+                          "({})".format(element[1]), page, flags=re.S)
+        self.assert_like(page, "report_several.html")
 
     def test_nothing_but_the_page_is_written(self):
         before = self.files()
