@@ -401,11 +401,16 @@ class Replace(ProgramTest):
             path = self.folder / "Run02" / name
             path.unlink(missing_ok=True)
             os.mkfifo(path)
-            for command in ("write", "items"):
-                done = self.run_program(command, "cover.toml", timeout=20)
-                self.check(done, 3, "", "cover.toml:4:10: project.folder: "
-                           f"{path}: a pipe or a device, and no file\n")
+            told = f"project.folder: {path}: a pipe or a device, and no file\n"
+            for command in (["write"], ["items"], ["report", "--json"],
+                            ["check", FILE, "--against"]):
+                done = self.run_program(*command, "cover.toml", timeout=20)
+                self.check(done, 3, None, "" if "--json" in command else
+                           f"cover.toml:4:10: {told}")
+            self.check(self.run_program("init", "Run02", "-o", "new.toml", timeout=20), 3, "",
+                       f"zorbi2: {told}")
             path.unlink()
+        self.assertNotIn("new.toml", self.files())
 
     def test_a_folder_or_a_large_file_as_shot_file_is_refused(self):
         path = self.folder / "Run02" / "Cover02.cmx"
