@@ -112,6 +112,13 @@ class Report(ProgramTest):
         self.assertEqual(entry["states"]["thermal-stress"], "on")
         self.assertEqual(entry["states"]["annealing-stress"], "not offered")
         self.assertNotIn("change", entry)
+        items = {item["name"]: item for item in entry["items"]}
+        self.assertNotIn("annealing-stress", items)
+        self.assertEqual((items["runner"]["available"], items["runner"]["on"]), (True, True))
+        self.assertEqual(items["digimat-stress"]["on"], False)
+        self.assertEqual(items["micro-mechanics"], {
+            "id": 15, "name": "micro-mechanics", "title": "Mirco mechanics model",
+            "description": "", "available": True, "model": "Mori-Tanaka"})
 
     def test_a_faulty_control_file_is_shown_with_its_faults(self):
         (self.folder / "bad.cmi").write_text("Something else\n")
