@@ -226,6 +226,11 @@ class Report(ProgramTest):
         done = self.run_program("report", "cover.toml")
         self.check(done, 2, "", "zorbi2: -o FILE is missing: the page to write\n")
 
+    def test_the_result_is_told(self):
+        self.make_recipe("[project]\n", "bad.toml")
+        done = self.run_program("report", "cover.toml", "bad.toml", "-o", "page.html")
+        self.check(done, 2, f"wrote    {own_path(self.page)}\n1 shown, 1 failed\n", None)
+
     def test_a_report_is_replaced_and_nothing_else(self):
         self.report("cover.toml")
         self.make_recipe(PROJECT + TARGET.replace("ANSYS", "ABAQUS"))
