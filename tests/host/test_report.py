@@ -104,6 +104,13 @@ class Report(ProgramTest):
         self.assertEqual(entry["problems"][0]["line"], 10)
         self.assertNotIn("text", entry)
 
+    def test_a_recipe_without_its_run_still_tells_its_target(self):
+        self.make_recipe(PROJECT.replace("Run02", "none") + TARGET)
+        entry = self.data("cover.toml", code=3)["entries"][0]
+        self.assertEqual({key: entry[key] for key in ("project", "run", "folder", "solver", "mesh")},
+                         {"project": "Cover", "run": 2, "folder": own_path(self.folder / "none"),
+                          "solver": "ANSYS", "mesh": "original"})
+
     def test_a_control_file_tells_what_it_can(self):
         shutil.copy(EXAMPLE / "expected" / "Cover02.cmi", self.folder / "mail.txt")
         entry = self.data("mail.txt")["entries"][0]
