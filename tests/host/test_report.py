@@ -111,6 +111,14 @@ class Report(ProgramTest):
                          {"project": "Cover", "run": 2, "folder": own_path(self.folder / "none"),
                           "solver": "ANSYS", "mesh": "original"})
 
+    def test_a_recipe_from_standard_input_whatever_file_has_that_name(self):
+        shutil.copy(EXAMPLE / "expected" / "Cover02.cmi", self.folder / "-")
+        done = self.run_program("report", "-", "--json", input=(PROJECT + TARGET).encode())
+        self.check(done, 0)
+        entry = json.loads(done.stdout)["entries"][0]
+        self.assertEqual((entry["recipe"], entry["status"], entry["change"]),
+                         ("-", "compared", "new"))
+
     def test_a_control_file_tells_what_it_can(self):
         shutil.copy(EXAMPLE / "expected" / "Cover02.cmi", self.folder / "mail.txt")
         entry = self.data("mail.txt")["entries"][0]
