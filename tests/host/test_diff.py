@@ -88,6 +88,12 @@ class Diff(ProgramTest):
         self.file.write_bytes(b"I2-Output Control Parameter File\n\x1b[31m\x07red\n")
         self.assertIn("-?[31m?red\n", self.write("--diff"))
 
+    def test_of_an_old_file_no_more_than_64_kib_are_compared(self):
+        title = b"I2-Output Control Parameter File\n"  # 33 bytes
+        self.file.write_bytes(title + (b"y" * 99 + b"\n") * 1000)
+        removed = self.lines_of(self.write("--diff"), "-")
+        self.assertEqual((len(removed), removed[-2:]), (656, ["-" + "y" * 99, "-yyy"]))
+
     def test_check_ends_with_1_when_anything_would_change(self):
         self.write("--check", code=1, stdout="new      FILE\n")
         self.assertNotIn(FILE, self.files())
