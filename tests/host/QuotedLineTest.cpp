@@ -69,6 +69,7 @@ TEST(QuotedLine, OfALongLineShowsWholeCharacters) {
     EXPECT_EQ(QuotedLine(line + "bc"), '"' + line + "b...\"");
     EXPECT_EQ(QuotedLine(line + "\u00FC"), '"' + line + "...\"");
     EXPECT_EQ(QuotedLine(Repeated("\u20AC", 54)), '"' + Repeated("\u20AC", 53) + "...\"");
+    EXPECT_EQ(QuotedLine(Repeated("\x80", 161)), "\"...\"");
     EXPECT_EQ(QuotedLine(Repeated(" ", 161)), '"' + Repeated(" ", 160) + "...\"");
 }
 

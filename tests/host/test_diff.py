@@ -71,6 +71,12 @@ class Diff(ProgramTest):
         self.assertEqual([line for line in text.splitlines() if line.startswith("@@")], [
             "@@ -3,7 +3,6 @@", f"@@ -{len(lines) - 2},4 +{len(lines) - 3},4 @@"])
 
+    def test_of_a_file_that_lacks_its_first_line_nothing_else_changes(self):
+        self.write()
+        self.file.write_bytes(self.file.read_bytes().split(b"\n", 1)[1])
+        self.assertEqual(self.lines_of(self.write("--diff", "--force"), "-+"),
+                         ["+I2-Output Control Parameter File"])
+
     @unittest.skipIf(ON_WINDOWS, "patch is a program of POSIX")
     def test_patch_makes_the_new_file_of_it(self):
         self.write()
