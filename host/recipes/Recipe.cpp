@@ -317,7 +317,6 @@ void ReadChoices(const Reader& reader, const toml::table& table) {
             }
         }
     }
-    std::ranges::sort(choices, {}, [](const Choice& choice) { return choice.place.line; });
 }
 
 void ReadRequired(const Reader& reader) {

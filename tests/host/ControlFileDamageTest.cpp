@@ -475,6 +475,19 @@ TEST(ControlFile, SampleHasNoFaults) {
     EXPECT_EQ(Faults{}, FaultsOf(Joined(SampleLines())));
 }
 
+TEST(ControlFile, OfALineThatTheFileEndsWithinNothingElseIsTold) {
+    Lines lines = SampleLines();
+    *Find(lines, "ReductionRate3") = "ReductionRate3 = high";
+    const std::string text = Joined(lines);
+    const Faults expected = {
+        At("ReductionRate3",
+           "expected a line like \"ReductionRate3 = 0.000\", found "
+           "\"ReductionRate3 = high\""),
+        At("[\\REDUCTION RATE]", "the file ends within this line: it has no line end")};
+    EXPECT_EQ(expected, FaultsOf(text.substr(0, text.size() - 1)));
+    EXPECT_EQ(expected, FaultsOf(text.substr(0, text.size() - 3)));
+}
+
 TEST(ControlFile, WholeFileTwiceHasNothingOfTheSecondOne) {
     Faults messages = SampleLines();
     messages.resize(20);

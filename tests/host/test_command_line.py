@@ -1,8 +1,9 @@
 """Command lines, good and bad; help, version, exit codes and the streams they go to."""
 
+import re
 import unittest
 
-from program import ROOT, ProgramTest
+from program import EXPECTED, ROOT, ProgramTest
 
 BAD = [
     # arguments, the first line on standard error, the command whose help is named
@@ -53,11 +54,13 @@ class CommandLine(ProgramTest):
                 self.assertIn("Example", done.stdout)
                 self.assertIn("zorbi2 " + (command[0] if command else "init"), done.stdout)
 
-    def test_help_tells_the_exit_codes(self):
-        text = self.run_program("--help").stdout
-        for line in ("0  done", "1  something asked for is not available", "2  wrong usage",
-                     "3  file or folder trouble"):
-            self.assertIn(line, text)
+    def test_help_of_the_program_and_of_each_command(self):
+        screens = [self.run_program(*command, "--help").stdout
+                   for command in ([], *([name] for name in self.commands()))]
+        # Flags that exclude one are listed in any order.
+        text = re.sub("(?<=Excludes: )--[a-z-]+(?: --[a-z-]+)*",
+                      lambda flags: " ".join(sorted(flags[0].split())), "\n".join(screens))
+        self.assertEqual(text, (EXPECTED / "help.txt").read_text(encoding="utf-8"))
 
     def test_the_version_is_the_projects(self):
         version = (ROOT / "VERSION").read_text().strip()

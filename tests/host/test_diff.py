@@ -71,6 +71,12 @@ class Diff(ProgramTest):
         self.assertEqual([line for line in text.splitlines() if line.startswith("@@")], [
             "@@ -3,7 +3,6 @@", f"@@ -{len(lines) - 2},4 +{len(lines) - 3},4 @@"])
 
+    def test_of_a_file_that_lacks_its_first_line_nothing_else_changes(self):
+        self.write()
+        self.file.write_bytes(self.file.read_bytes().split(b"\n", 1)[1])
+        self.assertEqual(self.lines_of(self.write("--diff", "--force"), "-+"),
+                         ["+I2-Output Control Parameter File"])
+
     @unittest.skipIf(ON_WINDOWS, "patch is a program of POSIX")
     def test_patch_makes_the_new_file_of_it(self):
         self.write()
@@ -87,6 +93,12 @@ class Diff(ProgramTest):
     def test_control_characters_of_an_old_file_do_not_reach_the_terminal(self):
         self.file.write_bytes(b"I2-Output Control Parameter File\n\x1b[31m\x07red\n")
         self.assertIn("-?[31m?red\n", self.write("--diff"))
+
+    def test_of_an_old_file_no_more_than_64_kib_are_compared(self):
+        title = b"I2-Output Control Parameter File\n"  # 33 bytes
+        self.file.write_bytes(title + (b"y" * 99 + b"\n") * 1000)
+        removed = self.lines_of(self.write("--diff"), "-")
+        self.assertEqual((len(removed), removed[-2:]), (656, ["-" + "y" * 99, "-yyy"]))
 
     def test_check_ends_with_1_when_anything_would_change(self):
         self.write("--check", code=1, stdout="new      FILE\n")

@@ -24,9 +24,9 @@ class Replace(ProgramTest):
         self.make_recipe()
         self.file = self.folder / FILE
 
-    def write(self, *arguments, word="changed", code=0):
+    def write(self, *arguments, word="changed", code=0, **others):
         """Writes, and looks whether the file is whole then."""
-        done = self.run_program("write", "cover.toml", *arguments)
+        done = self.run_program("write", "cover.toml", *arguments, **others)
         self.check(done, code, f"{word:8} {own_path(self.file)}\n")
         self.assert_whole()
 
@@ -186,6 +186,19 @@ class Replace(ProgramTest):
         os.chown(self.file, 1234, 2345)
         self.write()
         self.assertEqual((self.file.stat().st_uid, self.file.stat().st_gid), (1234, 2345))
+
+    @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root gives files away")
+    def test_rights_of_an_owner_or_group_that_the_file_loses_are_not_handed_on(self):
+        self.as_another_user()
+        for owner, group, old, new in ((65534, 65534, 0o6664, 0o6664), (0, 0, 0o6666, 0o606),
+                                       (65534, 0, 0o6664, 0o4604), (0, 65534, 0o6664, 0o2664)):
+            self.file.write_text(OLD)
+            os.chown(self.file, owner, group)
+            self.file.chmod(old)
+            self.write(**self.as_nobody())
+            status = self.file.stat()
+            self.assertEqual((status.st_uid, status.st_gid, stat.S_IMODE(status.st_mode)),
+                             (65534, 65534, new), (owner, group))
 
     @NOT_ON_WINDOWS
     def test_a_file_without_write_permission_is_not_replaced(self):
@@ -401,11 +414,16 @@ class Replace(ProgramTest):
             path = self.folder / "Run02" / name
             path.unlink(missing_ok=True)
             os.mkfifo(path)
-            for command in ("write", "items"):
-                done = self.run_program(command, "cover.toml", timeout=20)
-                self.check(done, 3, "", "cover.toml:4:10: project.folder: "
-                           f"{path}: a pipe or a device, and no file\n")
+            told = f"project.folder: {path}: a pipe or a device, and no file\n"
+            for command in (["write"], ["items"], ["report", "--json"],
+                            ["check", FILE, "--against"]):
+                done = self.run_program(*command, "cover.toml", timeout=20)
+                self.check(done, 3, None, "" if "--json" in command else
+                           f"cover.toml:4:10: {told}")
+            self.check(self.run_program("init", "Run02", "-o", "new.toml", timeout=20), 3, "",
+                       f"zorbi2: {told}")
             path.unlink()
+        self.assertNotIn("new.toml", self.files())
 
     def test_a_folder_or_a_large_file_as_shot_file_is_refused(self):
         path = self.folder / "Run02" / "Cover02.cmx"

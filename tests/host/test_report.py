@@ -9,7 +9,7 @@ import re
 import shutil
 import unittest
 
-from program import EXAMPLE, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest
+from program import EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest, own_path
 
 TEMPLATES = ROOT / "host" / "commands" / "report"
 
@@ -104,6 +104,21 @@ class Report(ProgramTest):
         self.assertEqual(entry["problems"][0]["line"], 10)
         self.assertNotIn("text", entry)
 
+    def test_a_recipe_without_its_run_still_tells_its_target(self):
+        self.make_recipe(PROJECT.replace("Run02", "none") + TARGET)
+        entry = self.data("cover.toml", code=3)["entries"][0]
+        self.assertEqual({key: entry[key] for key in ("project", "run", "folder", "solver", "mesh")},
+                         {"project": "Cover", "run": 2, "folder": own_path(self.folder / "none"),
+                          "solver": "ANSYS", "mesh": "original"})
+
+    def test_a_recipe_from_standard_input_whatever_file_has_that_name(self):
+        shutil.copy(EXAMPLE / "expected" / "Cover02.cmi", self.folder / "-")
+        done = self.run_program("report", "-", "--json", input=(PROJECT + TARGET).encode())
+        self.check(done, 0)
+        entry = json.loads(done.stdout)["entries"][0]
+        self.assertEqual((entry["recipe"], entry["status"], entry["change"]),
+                         ("-", "compared", "new"))
+
     def test_a_control_file_tells_what_it_can(self):
         shutil.copy(EXAMPLE / "expected" / "Cover02.cmi", self.folder / "mail.txt")
         entry = self.data("mail.txt")["entries"][0]
@@ -112,6 +127,13 @@ class Report(ProgramTest):
         self.assertEqual(entry["states"]["thermal-stress"], "on")
         self.assertEqual(entry["states"]["annealing-stress"], "not offered")
         self.assertNotIn("change", entry)
+        items = {item["name"]: item for item in entry["items"]}
+        self.assertNotIn("annealing-stress", items)
+        self.assertEqual((items["runner"]["available"], items["runner"]["on"]), (True, True))
+        self.assertEqual(items["digimat-stress"]["on"], False)
+        self.assertEqual(items["micro-mechanics"], {
+            "id": 15, "name": "micro-mechanics", "title": "Mirco mechanics model",
+            "description": "", "available": True, "model": "Mori-Tanaka"})
 
     def test_a_faulty_control_file_is_shown_with_its_faults(self):
         (self.folder / "bad.cmi").write_text("Something else\n")
@@ -129,6 +151,40 @@ class Report(ProgramTest):
             self.assertIn("none.cmi", entry["problems"][0]["file"])
 
     # ---- The page -------------------------------------------------------------------------------
+
+    def assert_like(self, page, name):
+        """Compares with a committed file what readers see, without style and script."""
+        text = re.search("<main>.*</footer>\n", page, re.S)[0]
+        text = text.replace(own_path(self.folder), "FOLDER").replace("FOLDER\\", "FOLDER/")
+        self.assertEqual(re.sub(r"zorbi2 \d+\.\d+\.\d+", "zorbi2 VERSION", text),
+                         (EXPECTED / name).read_text(encoding="utf-8"))
+
+    def test_the_page_of_one_recipe(self):
+        self.run_program("write", "cover.toml")
+        self.make_recipe(PROJECT + TARGET + "[choices]\nthermal-stress = true\n[weld_lines]\n"
+                         "angles = [10, 20.5, 170]\nreduction_rates = [0.125, 0.5, 1]\n")
+        self.assert_like(self.report("cover.toml"), "report_one.html")
+
+    def test_the_page_of_several(self):
+        """What the page of one recipe shows just so is left out."""
+        self.make_run("Lid03", files=[".k5f"])
+        self.make_recipe(PROJECT.replace("Cover", "Lid").replace("run = 2", "run = 3") +
+                         TARGET.replace("ANSYS", "LSDYNA").replace("original", "deformed") +
+                         '[output]\nfolder = "none"\n', "new.toml")
+        self.make_recipe(PROJECT + TARGET + '[control_file]\nname = "Other"\n'
+                         "[choices]\nrunner = 1\n", "refused.toml")
+        self.make_recipe("[project]\n", "bad.toml")
+        self.run_program("write", "cover.toml")
+        text = (self.folder / "Cover02.cmi").read_bytes()
+        for name, old, new in (("missing.cmi", b"IDCompositeModel = 2", b"IDCompositeModel = -2"),
+                               ("faulty.cmi", b"SegmentY = 80", b"SegmentY = 101")):
+            (self.folder / name).write_bytes(text.replace(old, new))
+        page = self.report("cover.toml", "bad.toml", "new.toml", "Cover02.cmi", "refused.toml",
+                           "missing.cmi", "faulty.cmi", code=2, stderr=None)
+        for element in ("table", "grid"), ("ol", "text"), ("dl", "meanings"), ("div", "weld"):
+            page = re.sub('<{} class="{}">.*?</{}>'.format(*element, element[0]),
+                          "({})".format(element[1]), page, flags=re.S)
+        self.assert_like(page, "report_several.html")
 
     def test_nothing_but_the_page_is_written(self):
         before = self.files()
@@ -208,6 +264,11 @@ class Report(ProgramTest):
     def test_a_page_is_needed_unless_data_are(self):
         done = self.run_program("report", "cover.toml")
         self.check(done, 2, "", "zorbi2: -o FILE is missing: the page to write\n")
+
+    def test_the_result_is_told(self):
+        self.make_recipe("[project]\n", "bad.toml")
+        done = self.run_program("report", "cover.toml", "bad.toml", "-o", "page.html")
+        self.check(done, 2, f"wrote    {own_path(self.page)}\n1 shown, 1 failed\n", None)
 
     def test_a_report_is_replaced_and_nothing_else(self):
         self.report("cover.toml")

@@ -76,6 +76,22 @@ class SystemCalls(ProgramTest):
                 self.assertRegex(self.calls.read_text(), rf'{moved}\(.*"{re.escape(name)}"')
                 self.remove_made()
 
+    def test_where_a_file_system_has_no_links_a_new_file_replaces_none_either(self):
+        for error in ("EPERM", "EOPNOTSUPP", "ENOSYS"):
+            done = self.traced("init", "Run02", "-o", "new.toml",
+                               options=["-e", f"inject=linkat:error={error}"])
+            self.assertEqual((done.returncode, done.stderr), (0, ""))
+            self.assertIn("[project]", (self.folder / "new.toml").read_text(encoding="utf-8"))
+            (self.folder / "new.toml").write_text("mine", encoding="utf-8")
+            done = self.traced("init", "Run02", "-o", "new.toml",
+                               options=["-e", f"inject=linkat:error={error}"])
+            self.assertEqual((done.returncode, done.stderr),
+                             (3, f"{self.folder / 'new.toml'}: already exists; --force replaces it\n"))
+            self.assertEqual((self.folder / "new.toml").read_text(encoding="utf-8"), "mine")
+            self.assertFalse([path for path in self.folder.iterdir()
+                              if path.name.startswith("zorbi2-")])
+            (self.folder / "new.toml").unlink()
+
     def check_after_fault(self, command, number, done, new, is_mute, may_leave):
         text = self.list_of_calls()[number][1]
         what = f"{command[0]}: {text}\n{done.stdout}{done.stderr}"

@@ -177,6 +177,7 @@ TEST(ControlFileFormat, DescribesEachLine) {
         EXPECT_EQ(RangeOf(line), row.range);
         EXPECT_EQ(line.presence, row.presence);
         EXPECT_EQ(line.itemId, row.itemId);
+        EXPECT_TRUE(line.decimals != nullptr || line.element == 0);
     }
 }
 

@@ -20,6 +20,7 @@
 #include <zorbi2/SolverSlot.h>
 #include <zorbi2/ZorbI2Engine.h>
 
+#include "tests/support/CMIDataFields.h"
 #include "tests/support/SampleProject.h"
 
 using testing::Each;
@@ -283,6 +284,13 @@ TEST(Records, SelectorIsDeclaredInOrder) {
          &selector.solverType, &selector.voxelFlag, &selector.partCount, &selector.partInsertCount,
          &selector.moldbaseCount, &selector.partPopItems, &selector.partInsertPopItems,
          &selector.moldbasePopItems}));
+}
+
+TEST(Records, DataBlockStartsZeroedAndEmpty) {
+    for (const auto& [name, value] : support::FieldsOf(Data())) {
+        const bool isText = name == "SolverName" || name == "MapFile" || name == "OutFolder";
+        EXPECT_EQ(value, isText ? "" : "0") << name;
+    }
 }
 
 TEST(Records, DataBlockIsDeclaredInOrder) {

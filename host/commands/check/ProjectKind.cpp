@@ -9,6 +9,7 @@
 #include <zorbi2/ZorbI2Types.h>
 
 #include "handover/Engine.h"
+#include "handover/Offers.h"
 #include "recipes/Names.h"
 
 namespace host {
@@ -35,10 +36,7 @@ const SolverSlot* SlotOf(const CZorbI2EngineManager& manager, std::int32_t solve
 
 bool OffersMesh(const CZorbI2EngineManager& manager, std::int32_t solver, std::int32_t meshKind) {
     const SolverSlot* slot = SlotOf(manager, solver);
-    return slot != nullptr &&
-           std::ranges::any_of(slot->meshTypes, [meshKind](const std::string& label) {
-               return Find(label, meshKinds) == meshKind;
-           });
+    return slot != nullptr && Offers(*slot, meshKind);
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ constexpr Row explanations[] = {
     {"SolverType",               "Kind of analysis of the project: 0 solid, 1 shell."},
     {"ProjectType",              "Type of the project: 3 annealing, 4 and 6 to 11 injection compression."},
     {"QuadraticElement",         "1: the second of the solver's element types; 0: the first."},
-    {"IDCompositeModel",         "Micro-mechanics model: 0 traditional, 1 Halpin-Tsai, 2 Mori-Tanaka; -1 results missing."},
+    {"IDCompositeModel",         "Micro-mechanics model: 0 traditional, 1 Halpin-Tsai, 2 Mori-Tanaka; -2 results missing."},
     {"[%s] ",                    "The solver; its part of the header starts here."},
     {"IsOriginalMesh",           "1: the results go onto the original mesh."},
     {"IsDeformedMesh",           "1: the results go onto the deformed mesh."},
@@ -95,9 +95,14 @@ constexpr bool ExplainsEach() {
 }
 static_assert(ExplainsEach());
 
+/// With a full stop, which only some of the engine's texts have, and a space.
+std::string Sentence(const std::string& text) {
+    return text + (text.ends_with('.') ? " " : ". ");
+}
+
 std::string MeaningOf(const CZorbI2Item& item) {
-    const std::string title = item.title.empty() ? std::string() : item.title + ". ";
-    return "1: " + title + (item.description.empty() ? "" : item.description + " ") +
+    const std::string title = Sentence(item.title.empty() ? "handed over" : item.title);
+    return "1: " + title + (item.description.empty() ? "" : Sentence(item.description)) +
            "0: not handed over.";
 }
 

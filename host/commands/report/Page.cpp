@@ -110,7 +110,7 @@ Json GroupsOf(const Json& entry) {
     for (Json item : Part(entry, "items")) {
         const std::string group = item.value("group", "In the file");
         if (groups.empty() || groups.back()["group"] != group) {
-            groups.push_back({{"group", group}, {"items", Json::array()}});
+            groups.push_back({{"group", group}});
         }
         const std::string state = entry["states"][item["name"].get<std::string>()];
         item["state"] = state;
