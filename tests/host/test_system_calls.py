@@ -72,6 +72,11 @@ class SystemCalls(ProgramTest):
                 self.assertRegex(self.calls.read_text(), rf'{moved}\(.*"{re.escape(name)}"')
                 (self.folder / "new.toml").unlink(missing_ok=True)
 
+    def test_output_of_which_a_part_is_lost_is_an_error(self):
+        done = self.traced("--version", options=["-e", "inject=write:error=EIO:when=1"])
+        self.assertEqual((done.returncode, done.stderr), (
+            3, "zorbi2: standard output cannot be written: a part of it is lost\n"))
+
     def test_where_a_file_system_has_no_links_a_new_file_replaces_none_either(self):
         for error in ("EPERM", "EOPNOTSUPP", "ENOSYS"):
             done = self.traced("init", "Run02", "-o", "new.toml",
