@@ -77,6 +77,13 @@ class SystemCalls(ProgramTest):
         self.assertEqual((done.returncode, done.stderr), (
             3, "zorbi2: standard output cannot be written: a part of it is lost\n"))
 
+    def test_a_closed_stream_whose_number_cannot_be_kept_ends_the_program(self):
+        done = subprocess.run([STRACE, "-o", self.calls, "-P", "/dev/null", "-e", "trace=openat",
+                               "-e", "inject=openat:error=ENOENT", PROGRAM, "--version"],
+                              check=False, capture_output=True, text=True,
+                              preexec_fn=lambda: os.close(0))
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (3, "", ""))
+
     def test_where_a_file_system_has_no_links_a_new_file_replaces_none_either(self):
         for error in ("EPERM", "EOPNOTSUPP", "ENOSYS"):
             done = self.traced("init", "Run02", "-o", "new.toml",
