@@ -3,6 +3,7 @@
 import os
 import re
 import shutil
+import signal
 import subprocess
 import unittest
 
@@ -76,6 +77,13 @@ class SystemCalls(ProgramTest):
         done = self.traced("--version", options=["-e", "inject=write:error=EIO:when=1"])
         self.assertEqual((done.returncode, done.stderr), (
             3, "zorbi2: standard output cannot be written: a part of it is lost\n"))
+
+    def test_a_signal_behind_the_last_file_leaves_nothing_undone(self):
+        done = self.traced("write", "cover.toml",
+                           options=["-e", "inject=fsync:signal=SIGTERM:when=2"])  # of the folder
+        self.assertEqual((done.returncode, done.stderr),
+                         (-signal.SIGTERM, "zorbi2: interrupted: 1 written, 0 failed\n"))
+        self.assertTrue((self.folder / FILE).read_text().endswith("[\\REDUCTION RATE]\n"))
 
     def test_a_closed_stream_whose_number_cannot_be_kept_ends_the_program(self):
         done = subprocess.run([STRACE, "-o", self.calls, "-P", "/dev/null", "-e", "trace=openat",
