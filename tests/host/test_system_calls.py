@@ -78,18 +78,23 @@ class SystemCalls(ProgramTest):
         self.assertEqual((done.returncode, done.stderr), (
             3, "zorbi2: standard output cannot be written: a part of it is lost\n"))
 
+    def injected(self, fault, *command, **others):
+        """One fault, in all calls of a kind or in a certain one."""
+        return subprocess.run([STRACE, "-o", self.calls, "-e", "trace=" + fault.split(":")[0],
+                               "-e", "inject=" + fault, *command], cwd=self.folder, check=False,
+                              capture_output=True, text=True,
+                              env={**os.environ, "TMPDIR": str(self.scratch)}, **others)
+
     def test_a_signal_behind_the_last_file_leaves_nothing_undone(self):
-        done = self.traced("write", "cover.toml",
-                           options=["-e", "inject=fsync:signal=SIGTERM:when=2"])  # of the folder
+        of_the_folder = "fsync:signal=SIGTERM:when=2"
+        done = self.injected(of_the_folder, PROGRAM, "write", "cover.toml")
         self.assertEqual((done.returncode, done.stderr),
                          (-signal.SIGTERM, "zorbi2: interrupted: 1 written, 0 failed\n"))
         self.assertTrue((self.folder / FILE).read_text().endswith("[\\REDUCTION RATE]\n"))
 
     def test_a_closed_stream_whose_number_cannot_be_kept_ends_the_program(self):
-        done = subprocess.run([STRACE, "-o", self.calls, "-P", "/dev/null", "-e", "trace=openat",
-                               "-e", "inject=openat:error=ENOENT", PROGRAM, "--version"],
-                              check=False, capture_output=True, text=True,
-                              preexec_fn=lambda: os.close(0))
+        done = self.injected("openat:error=ENOENT", "-P", "/dev/null", PROGRAM, "--version",
+                             preexec_fn=lambda: os.close(0))
         self.assertEqual((done.returncode, done.stdout, done.stderr), (3, "", ""))
 
     def test_where_a_file_system_has_no_links_a_new_file_replaces_none_either(self):
