@@ -37,16 +37,18 @@ ExitCode Main(int argc, char** argv) {
         Tell({{}, "out of memory", ExitCode::fileTrouble});  // a text may be cut off
         return ExitCode::fileTrouble;
     }
+    errno = 0;
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
         return code;
     }
-    errno = 0;
-    std::putchar(' ');  // once more, for the system's reason
-    std::fflush(stdout);
+    if (errno == 0) {  // an earlier part was lost: once more, for the system's reason
+        std::putchar(' ');
+        std::fflush(stdout);
+    }
     if (errno == EPIPE) {  // its reader has enough, as "head" has
         return code;
     }
-    const std::string reason = std::strerror(errno);
+    const std::string reason = errno != 0 ? std::strerror(errno) : "a part of it is lost";
     Tell({{}, "standard output cannot be written: " + reason, ExitCode::fileTrouble});
     return ExitCode::fileTrouble;
 }

@@ -6,7 +6,7 @@ import sys
 import time
 import unittest
 
-from program import ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, own_path
+from program import ON_WINDOWS, PROGRAM, PROJECT, TARGET, ProgramTest, all_from, own_path
 
 if os.name == "posix":
     import pty
@@ -132,8 +132,7 @@ class Batch(ProgramTest):
                               stderr=subprocess.PIPE, check=False,
                               env={**os.environ, "TERM": "xterm"})
         os.close(slave)
-        text = os.read(master, 10000).decode()
-        os.close(master)
+        text = all_from(master).decode()
         self.assertEqual(done.returncode, 0)
         self.assertEqual(text, "\r[1/3]\r[2/3]\r[3/3]"
                                "\r\x1b[K3 written, 0 failed\r\n")

@@ -165,6 +165,10 @@ class Check(ProgramTest):
         done = self.run_program("check", "-", input=text.replace(b"[HEADER]", b"[HEADER"))
         self.check(done, 1, "", '-:3: expected "[HEADER]", found "[HEADER"\n')
 
+    def test_standard_input_that_has_no_end(self):
+        done = self.run_program("check", "-", input=b"\n" * 300_000)
+        self.check(done, 3, "", "-: cannot be read: File too large\n")
+
     def test_a_file_against_its_recipe(self):
         self.make_run()
         self.make_recipe()

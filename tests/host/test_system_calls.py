@@ -4,6 +4,7 @@ import itertools
 import os
 import re
 import shutil
+import signal
 import subprocess
 import unittest
 
@@ -75,6 +76,30 @@ class SystemCalls(ProgramTest):
                 self.assertEqual(steps, ["write", "fsync", moved, "fsync"])
                 self.assertRegex(self.calls.read_text(), rf'{moved}\(.*"{re.escape(name)}"')
                 self.remove_made()
+
+    def test_output_of_which_a_part_is_lost_is_an_error(self):
+        done = self.traced("--version", options=["-e", "inject=write:error=EIO:when=1"])
+        self.assertEqual((done.returncode, done.stderr), (
+            3, "zorbi2: standard output cannot be written: a part of it is lost\n"))
+
+    def injected(self, fault, *command, **others):
+        """One fault, in all calls of a kind or in a certain one."""
+        return subprocess.run([STRACE, "-o", self.calls, "-e", "trace=" + fault.split(":")[0],
+                               "-e", "inject=" + fault, *command], cwd=self.folder, check=False,
+                              capture_output=True, text=True,
+                              env={**os.environ, "TMPDIR": str(self.scratch)}, **others)
+
+    def test_a_signal_behind_the_last_file_leaves_nothing_undone(self):
+        of_the_folder = "fsync:signal=SIGTERM:when=2"
+        done = self.injected(of_the_folder, PROGRAM, "write", "cover.toml")
+        self.assertEqual((done.returncode, done.stderr),
+                         (-signal.SIGTERM, "zorbi2: interrupted: 1 written, 0 failed\n"))
+        self.assertTrue((self.folder / FILE).read_text().endswith("[\\REDUCTION RATE]\n"))
+
+    def test_a_closed_stream_whose_number_cannot_be_kept_ends_the_program(self):
+        done = self.injected("openat:error=ENOENT", "-P", "/dev/null", PROGRAM, "--version",
+                             preexec_fn=lambda: os.close(0))
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (3, "", ""))
 
     def test_where_a_file_system_has_no_links_a_new_file_replaces_none_either(self):
         for error in ("EPERM", "EOPNOTSUPP", "ENOSYS"):

@@ -261,6 +261,12 @@ class Write(ProgramTest):
         encoding = "cp1252" if ON_WINDOWS else "utf-8"
         self.assertIn("Gehäuse", path.read_bytes().decode(encoding).splitlines()[3])
 
+    def test_a_byte_of_a_character_is_no_control_character(self):
+        self.make_run(name="À02")  # bytes c3 80
+        self.make_recipe(PROJECT.replace("Cover", "À") + TARGET)
+        self.check(self.run_program("write", "cover.toml"), 0,
+                   f"new      {own_path(self.folder / 'À02.cmi')}\n")
+
     @unittest.skipUnless(ON_WINDOWS, "only Windows has a code page without some characters")
     def test_characters_outside_the_code_page_are_refused(self):
         self.write(recipe=PROJECT + TARGET + '[output]\nfolder = "D:/漢字"\n', code=3,
