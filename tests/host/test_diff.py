@@ -97,7 +97,7 @@ class Diff(ProgramTest):
     def test_of_an_old_file_no_more_than_64_kib_are_compared(self):
         title = b"I2-Output Control Parameter File\n"  # 33 bytes
         self.file.write_bytes(title + (b"y" * 99 + b"\n") * 1000)
-        removed = self.lines_of(self.write("--diff"), "-y")
+        removed = [line for line in self.lines_of(self.write("--diff"), "-") if line[1] == "y"]
         self.assertEqual((len(removed), removed[-2:]), (656, ["-" + "y" * 99, "-yyy"]))
 
     def test_check_ends_with_1_when_anything_would_change(self):
