@@ -51,19 +51,37 @@ std::size_t LengthOfString(std::string_view text) {
     return std::min({text.find_first_not_of(text[0], at), at + ownQuotes, text.size()});
 }
 
-/// @param before what stands before it, without blanks, line ends and comments
-Part PartAt(std::string_view text, bool startsLine, char before) {
-    const bool isInList = before == '[' || before == ',';
+/// What is known from the text before, without strings' insides and comments.
+struct Context {
+    bool startsLine = true;  ///< but for blanks
+    char before = '\n';      ///< the last character but for blanks and line ends
+    char first = '\n';       ///< of the key or the value at hand
+
+    bool IsInList() const { return before == '[' || before == ','; }
+
+    void Pass(char character) {
+        const bool startsWord = startsLine || IsAmong("=[,{", before);
+        first = startsWord && !IsAmong(blanks, character) ? character : first;
+        startsLine = character == '\n' || (startsLine && IsAmong(blanks, character));
+        before = IsAmong(skipped, character) ? before : character;
+    }
+};
+
+Part PartAt(std::string_view text, const Context& context) {
     switch (text[0]) {
         case '[':
-            return startsLine && !isInList ? SectionAt(text) : Part{1};
+            return context.startsLine && !context.IsInList() ? SectionAt(text) : Part{1};
         case '"':
         case '\'':
             return {LengthOfString(text)};
         case '#':
             return {std::min(text.find('\n'), text.size())};
+        case ':':
+            return IsAmong("0123456789", context.first)
+                       ? Part{1, 0, "no value is a time; a text stands in quotes"}
+                       : Part{1};
         case '}':
-            return isInList ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
+            return context.IsInList() ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
         default:
             return {1};
     }
@@ -82,15 +100,13 @@ UnfitToml PlaceIn(std::string_view text, std::size_t position, const char* reaso
 std::optional<UnfitToml> FindUnfitToml(std::string_view text) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     text.remove_prefix(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
-    bool startsLine = true;
-    char before = '\n';
+    Context context;
     for (std::size_t at = 0; at < text.size();) {
-        const Part part = PartAt(text.substr(at), startsLine, before);
+        const Part part = PartAt(text.substr(at), context);
         if (part.reason != nullptr) {
             return PlaceIn(text, at + part.unfit, part.reason);
         }
-        startsLine = text[at] == '\n' || (startsLine && IsAmong(blanks, text[at]));
-        before = IsAmong(skipped, text[at]) ? before : text[at];
+        context.Pass(text[at]);
         at += part.length;
     }
     return std::nullopt;
