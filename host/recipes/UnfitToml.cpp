@@ -21,6 +21,14 @@ bool IsAmong(std::string_view characters, char character) {
     return characters.find(character) != std::string_view::npos;
 }
 
+bool IsDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+bool IsBeyondAscii(char byte) {
+    return static_cast<unsigned char>(byte) >= 0x80;
+}
+
 /// The opening bracket of a section, or two of them.
 Part SectionAt(std::string_view text) {
     constexpr std::string_view starts =
@@ -51,23 +59,35 @@ std::size_t LengthOfString(std::string_view text) {
     return std::min({text.find_first_not_of(text[0], at), at + ownQuotes, text.size()});
 }
 
+/// A number, or a date, which a time may follow.
+Part NumberAt(std::string_view text) {
+    const std::size_t end = std::min(text.find_first_not_of("0123456789-_"), text.size());
+    const bool isDate = IsAmong(text.substr(0, end), '-');
+    const std::string_view behind = text.substr(end, 2);
+    const bool hasTime = behind.starts_with('T') || behind.starts_with('t') ||
+                         (behind.starts_with(' ') && IsDigit(behind.back()));
+    return isDate && hasTime ? Part{end, end, "no value is a time; a text stands in quotes"}
+                             : Part{end};
+}
+
 /// What is known from the text before, without strings' insides and comments.
 struct Context {
     bool startsLine = true;  ///< but for blanks
     char before = '\n';      ///< the last character but for blanks and line ends
-    char first = '\n';       ///< of the key or the value at hand
 
     bool IsInList() const { return before == '[' || before == ','; }
+    bool StartsWord() const { return startsLine || IsAmong("=[,{", before); }
 
     void Pass(char character) {
-        const bool startsWord = startsLine || IsAmong("=[,{", before);
-        first = startsWord && !IsAmong(blanks, character) ? character : first;
         startsLine = character == '\n' || (startsLine && IsAmong(blanks, character));
         before = IsAmong(skipped, character) ? before : character;
     }
 };
 
 Part PartAt(std::string_view text, const Context& context) {
+    if (IsDigit(text[0]) && context.StartsWord()) {
+        return NumberAt(text);
+    }
     switch (text[0]) {
         case '[':
             return context.startsLine && !context.IsInList() ? SectionAt(text) : Part{1};
@@ -76,14 +96,12 @@ Part PartAt(std::string_view text, const Context& context) {
             return {LengthOfString(text)};
         case '#':
             return {std::min(text.find('\n'), text.size())};
-        case ':':
-            return IsAmong("0123456789", context.first)
-                       ? Part{1, 0, "no value is a time; a text stands in quotes"}
-                       : Part{1};
         case '}':
             return context.IsInList() ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
         default:
-            return {1};
+            return context.IsInList() && IsBeyondAscii(text[0])
+                       ? Part{1, 0, "characters beyond ASCII stand in quotes or in comments"}
+                       : Part{1};
     }
 }
 
