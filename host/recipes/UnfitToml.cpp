@@ -8,6 +8,7 @@ namespace host {
 namespace {
 
 constexpr std::string_view blanks = " \t";
+constexpr std::string_view digits = "0123456789";
 constexpr std::string_view skipped = " \t\r\n#";
 
 /// What is looked at next, and where in it something is unfit, if so.
@@ -19,10 +20,6 @@ struct Part {
 
 bool IsAmong(std::string_view characters, char character) {
     return characters.find(character) != std::string_view::npos;
-}
-
-bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
 }
 
 bool IsBeyondAscii(char byte) {
@@ -65,7 +62,7 @@ Part NumberAt(std::string_view text) {
     const bool isDate = IsAmong(text.substr(0, end), '-');
     const std::string_view behind = text.substr(end, 2);
     const bool hasTime = behind.starts_with('T') || behind.starts_with('t') ||
-                         (behind.starts_with(' ') && IsDigit(behind.back()));
+                         (behind.starts_with(' ') && IsAmong(digits, behind.back()));
     return isDate && hasTime ? Part{end, end, "no value is a time; a text stands in quotes"}
                              : Part{end};
 }
@@ -85,7 +82,7 @@ struct Context {
 };
 
 Part PartAt(std::string_view text, const Context& context) {
-    if (IsDigit(text[0]) && context.StartsWord()) {
+    if (IsAmong(digits, text[0]) && context.StartsWord()) {
         return NumberAt(text);
     }
     switch (text[0]) {
