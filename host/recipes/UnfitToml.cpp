@@ -8,7 +8,7 @@ namespace host {
 namespace {
 
 constexpr std::string_view blanks = " \t";
-constexpr std::string_view digits = "0123456789";
+constexpr std::string_view decimalDigits = "0123456789";
 constexpr std::string_view skipped = " \t\r\n#";
 
 /// What is looked at next, and where in it something is unfit, if so.
@@ -62,7 +62,7 @@ Part NumberAt(std::string_view text) {
     const bool isDate = IsAmong(text.substr(0, end), '-');
     const std::string_view behind = text.substr(end, 2);
     const bool hasTime = behind.starts_with('T') || behind.starts_with('t') ||
-                         (behind.starts_with(' ') && IsAmong(digits, behind.back()));
+                         (behind.starts_with(' ') && IsAmong(decimalDigits, behind.back()));
     return isDate && hasTime ? Part{end, end, "no value is a time; a text stands in quotes"}
                              : Part{end};
 }
@@ -82,7 +82,7 @@ struct Context {
 };
 
 Part PartAt(std::string_view text, const Context& context) {
-    if (IsAmong(digits, text[0]) && context.StartsWord()) {
+    if (IsAmong(decimalDigits, text[0]) && context.StartsWord()) {
         return NumberAt(text);
     }
     switch (text[0]) {
