@@ -93,9 +93,10 @@ struct Reader {
     /// The value as a type; refused unless it is of that type and fits.
     template <class Type, class Fits>
     Type Take(const std::string& wanted, const Fits& fits) const {
-        const std::optional<Type> value = node->value<Type>();
         const bool isOfType = std::is_same_v<Type, double> ? node->is_number() : node->is<Type>();
-        if (!value || !isOfType || !fits(*value)) {
+        // The library converts numbers that do not fit, too.
+        const std::optional<Type> value = isOfType ? node->value<Type>() : std::nullopt;
+        if (!value || !fits(*value)) {
             RefuseFor(wanted);
             return {};
         }

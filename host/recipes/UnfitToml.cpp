@@ -8,6 +8,7 @@ namespace host {
 namespace {
 
 constexpr std::string_view blanks = " \t";
+constexpr std::string_view decimalDigits = "0123456789";
 constexpr std::string_view skipped = " \t\r\n#";
 
 /// What is looked at next, and where in it something is unfit, if so.
@@ -19,6 +20,10 @@ struct Part {
 
 bool IsAmong(std::string_view characters, char character) {
     return characters.find(character) != std::string_view::npos;
+}
+
+bool IsBeyondAscii(char byte) {
+    return static_cast<unsigned char>(byte) >= 0x80;
 }
 
 /// The opening bracket of a section, or two of them.
@@ -51,21 +56,49 @@ std::size_t LengthOfString(std::string_view text) {
     return std::min({text.find_first_not_of(text[0], at), at + ownQuotes, text.size()});
 }
 
-/// @param before what stands before it, without blanks, line ends and comments
-Part PartAt(std::string_view text, bool startsLine, char before) {
-    const bool isInList = before == '[' || before == ',';
+/// A number, or a date, which a time may follow.
+Part NumberAt(std::string_view text) {
+    const std::size_t end = std::min(text.find_first_not_of("0123456789-_"), text.size());
+    const bool isDate = IsAmong(text.substr(0, end), '-');
+    const std::string_view behind = text.substr(end, 2);
+    const bool hasTime = behind.starts_with('T') || behind.starts_with('t') ||
+                         (behind.starts_with(' ') && IsAmong(decimalDigits, behind.back()));
+    return isDate && hasTime ? Part{end, end, "no value is a time; a text stands in quotes"}
+                             : Part{end};
+}
+
+/// What is known from the text before, without strings' insides and comments.
+struct Context {
+    bool startsLine = true;  ///< but for blanks
+    char before = '\n';      ///< the last character but for blanks and line ends
+
+    bool IsInList() const { return before == '[' || before == ','; }
+    bool StartsWord() const { return startsLine || IsAmong("=[,{", before); }
+
+    void Pass(char character) {
+        startsLine = character == '\n' || (startsLine && IsAmong(blanks, character));
+        before = IsAmong(skipped, character) ? before : character;
+    }
+};
+
+Part PartAt(std::string_view text, const Context& context) {
+    if (IsAmong(decimalDigits, text[0]) && context.StartsWord()) {
+        return NumberAt(text);
+    }
     switch (text[0]) {
         case '[':
-            return startsLine && !isInList ? SectionAt(text) : Part{1};
+            return context.startsLine && !context.IsInList() ? SectionAt(text) : Part{1};
         case '"':
         case '\'':
             return {LengthOfString(text)};
         case '#':
             return {std::min(text.find('\n'), text.size())};
         case '}':
-            return isInList ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
+            return context.IsInList() ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
         default:
-            return {1};
+            return context.IsInList() && IsBeyondAscii(text[0])
+                       ? Part{1, 0, "characters beyond ASCII stand in quotes or in comments"}
+                       : Part{1};
     }
 }
 
@@ -82,15 +115,13 @@ UnfitToml PlaceIn(std::string_view text, std::size_t position, const char* reaso
 std::optional<UnfitToml> FindUnfitToml(std::string_view text) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     text.remove_prefix(text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
-    bool startsLine = true;
-    char before = '\n';
+    Context context;
     for (std::size_t at = 0; at < text.size();) {
-        const Part part = PartAt(text.substr(at), startsLine, before);
+        const Part part = PartAt(text.substr(at), context);
         if (part.reason != nullptr) {
             return PlaceIn(text, at + part.unfit, part.reason);
         }
-        startsLine = text[at] == '\n' || (startsLine && IsAmong(blanks, text[at]));
-        before = IsAmong(skipped, text[at]) ? before : text[at];
+        context.Pass(text[at]);
         at += part.length;
     }
     return std::nullopt;

@@ -14,7 +14,8 @@ struct UnfitToml {
     const char* reason;
 };
 
-/// The first such place; none of them is valid TOML.
+/// The first such place. None of them is valid TOML, but for dates with a time, which no recipe
+/// has.
 std::optional<UnfitToml> FindUnfitToml(std::string_view text);
 
 }  // namespace host
