@@ -7,7 +7,7 @@ namespace host {
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
+constexpr std::string_view spaces = " \t";
 constexpr std::string_view decimalDigits = "0123456789";
 constexpr std::string_view skipped = " \t\r\n#";
 
@@ -31,7 +31,7 @@ Part SectionAt(std::string_view text) {
     constexpr std::string_view starts =
         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-\"']";
     const std::size_t bracket = text.starts_with("[[") ? 2 : 1;
-    const std::size_t name = std::min(text.find_first_not_of(blanks, bracket), text.size());
+    const std::size_t name = std::min(text.find_first_not_of(spaces, bracket), text.size());
     return name < text.size() && IsAmong(starts, text[name])
                ? Part{name}
                : Part{name, name,
@@ -69,14 +69,14 @@ Part NumberAt(std::string_view text) {
 
 /// What is known from the text before, without strings' insides and comments.
 struct Context {
-    bool startsLine = true;  ///< but for blanks
-    char before = '\n';      ///< the last character but for blanks and line ends
+    bool startsLine = true;  ///< but for spaces
+    char before = '\n';      ///< the last character but for spaces and line ends
 
     bool IsInList() const { return before == '[' || before == ','; }
     bool StartsWord() const { return startsLine || IsAmong("=[,{", before); }
 
     void Pass(char character) {
-        startsLine = character == '\n' || (startsLine && IsAmong(blanks, character));
+        startsLine = character == '\n' || (startsLine && IsAmong(spaces, character));
         before = IsAmong(skipped, character) ? before : character;
     }
 };
