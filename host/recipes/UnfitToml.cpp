@@ -56,15 +56,20 @@ std::size_t LengthOfString(std::string_view text) {
     return std::min({text.find_first_not_of(text[0], at), at + ownQuotes, text.size()});
 }
 
-/// A number, or a date, which a time may follow.
+/// Whether a date has its ten characters and no time behind it.
+bool IsPlainDate(std::string_view date, std::string_view behind) {
+    const bool hasTime = behind.starts_with(' ') && IsAmong(decimalDigits, behind.back());
+    return date.size() == 10 && date[4] == '-' && date[7] == '-' && !IsAmong(date, '_') &&
+           (behind.empty() || IsAmong(" \t\r\n,]}#", behind[0])) && !hasTime;
+}
+
+/// A number, or a date: digits and dashes.
 Part NumberAt(std::string_view text) {
     const std::size_t end = std::min(text.find_first_not_of("0123456789-_"), text.size());
-    const bool isDate = IsAmong(text.substr(0, end), '-');
-    const std::string_view behind = text.substr(end, 2);
-    const bool hasTime = behind.starts_with('T') || behind.starts_with('t') ||
-                         (behind.starts_with(' ') && IsAmong(decimalDigits, behind.back()));
-    return isDate && hasTime ? Part{end, end, "no value is a time; a text stands in quotes"}
-                             : Part{end};
+    const std::string_view number = text.substr(0, end);
+    return IsAmong(number, '-') && !IsPlainDate(number, text.substr(end, 2))
+               ? Part{end, 0, "no value is such a date or time; a text stands in quotes"}
+               : Part{end};
 }
 
 /// What is known from the text before, without strings' insides and comments.

@@ -15,7 +15,7 @@ struct UnfitToml {
 };
 
 /// The first such place. None of them is valid TOML, but for dates with a time, which no recipe
-/// has.
+/// has, and for keys that start like one.
 std::optional<UnfitToml> FindUnfitToml(std::string_view text);
 
 }  // namespace host
