@@ -68,7 +68,7 @@ Part NumberAt(std::string_view text) {
     const std::size_t end = std::min(text.find_first_not_of("0123456789-_"), text.size());
     const std::string_view number = text.substr(0, end);
     return IsAmong(number, '-') && !IsPlainDate(number, text.substr(end, 2))
-               ? Part{end, 0, "no value is such a date or time; a text stands in quotes"}
+               ? Part{end, 0, "no value of a recipe is a date or a time; a text stands in quotes"}
                : Part{end};
 }
 
