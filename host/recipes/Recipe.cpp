@@ -73,15 +73,14 @@ struct Reader {
     }
 
     /// The value as the user wrote it, or its kind when it is a long one.
-    std::string Shown() const {
-        if (node->is_table() || node->is_array()) {
+    std::string Shown() const { return node->is_string() ? Quoted(Word()) : Word(); }
+
+    /// A text or a number as the text that it is. The library's formatter is kept from arrays: it
+    /// measures a fraction in one by its logarithm, which may be negative.
+    std::string Word() const {
+        if (!node->is_value()) {
             return node->is_table() ? "a table" : "an array";
         }
-        return node->is_string() ? Quoted(Word()) : Word();
-    }
-
-    /// A text or a number as the text that it is.
-    std::string Word() const {
         if (node->is_floating_point()) {
             return Shortest(node->value_or(0.0));
         }
@@ -326,6 +325,10 @@ void ReadRequired(const Reader& reader) {
     }
     for (const toml::node& element : *reader.node->as_array()) {
         const Reader value = reader.At(element, "require");
+        if (!element.is_value()) {
+            value.RefuseFor("an item");
+            continue;
+        }
         const std::optional<std::int32_t> itemId = FindItem(reader, value.place, value.Word());
         if (itemId && ControlFileLineOfItem(*itemId) == nullptr) {
             value.RefuseFor("an item with an on/off line in the file");
