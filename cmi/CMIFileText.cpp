@@ -6,6 +6,7 @@
 #include <iterator>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include <zorbi2/ControlFileFormat.h>
 
@@ -55,11 +56,41 @@ constexpr auto fixedTexts = [] {
     return texts;
 }();
 
-void AppendNumber(std::string& text, std::int32_t number) {
-    std::array<char, std::numeric_limits<std::int32_t>::digits10 + 2> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    text.append(digits.data(), end.ptr);
-}
+/// The file's text as it grows. Room is made for a whole line, so that its pieces need no check.
+class GrowingText {
+public:
+    void MakeRoom(std::size_t size) {
+        if (bytes_.size() - size_ < size) {
+            bytes_.resize(size_ + size + usualSize);
+        }
+    }
+
+    void Append(std::string_view piece) {
+        piece.copy(End(), piece.size());
+        size_ += piece.size();
+    }
+    void Append(char character) { bytes_[size_++] = character; }
+    void Append(std::int32_t number) {
+        size_ = std::to_chars(End(), End() + longestNumber, number).ptr - bytes_.data();
+    }
+    void Append(double decimal) {
+        size_ = platform::PrintThreeDecimals(End(), decimal) - bytes_.data();
+    }
+
+    std::string Text() && {
+        bytes_.resize(size_);
+        return std::move(bytes_);
+    }
+
+    static constexpr std::size_t longestNumber = std::numeric_limits<std::int32_t>::digits10 + 2;
+
+private:
+    char* End() { return bytes_.data() + size_; }
+
+    static constexpr std::size_t usualSize = 3500;  // one allocation
+    std::string bytes_ = std::string(usualSize, '\0');
+    std::size_t size_ = 0;
+};
 
 bool IsMapped(const Data& data) {
     return data.IsMappedMesh == 1 || data.Is3DMappingShell == 1;
@@ -70,24 +101,37 @@ std::string_view UpToNul(const std::string& text) {
     return text.c_str();
 }
 
-void AppendValue(std::string& text, const ControlFileLine& line, const Data& data) {
+/// Of what is printed around a value, with the line end.
+constexpr std::size_t longestFixedTexts = 100;
+static_assert(std::ranges::all_of(fixedTexts, [](const FixedTexts& texts) {
+    return texts.before.size() + texts.after.size() < longestFixedTexts;
+}));
+
+/// Room for a line with any value but a text, which makes its own.
+constexpr std::size_t roomForLine = longestFixedTexts + platform::kLongestDecimal;
+static_assert(platform::kLongestDecimal > GrowingText::longestNumber);
+
+void AppendText(GrowingText& text, std::string_view value) {
+    text.MakeRoom(value.size() + roomForLine);
+    text.Append(value);
+}
+
+void AppendValue(GrowingText& text, const ControlFileLine& line, const Data& data) {
     switch (line.value) {
         case ControlFileValue::none:
             break;
         case ControlFileValue::number:
-            AppendNumber(text,
-                         line.itemId >= 0 ? data.OutputFlags[line.itemId] : data.*line.number);
+            text.Append(line.itemId >= 0 ? data.OutputFlags[line.itemId] : data.*line.number);
             break;
         case ControlFileValue::decimal:
-            text += platform::WithThreeDecimals(line.decimals != nullptr
-                                                    ? (data.*line.decimals)[line.element]
-                                                    : data.*line.decimal);
+            text.Append(line.decimals != nullptr ? (data.*line.decimals)[line.element]
+                                                 : data.*line.decimal);
             break;
         case ControlFileValue::textIfMapped:
-            text += IsMapped(data) ? UpToNul(data.*line.words) : " ";
+            AppendText(text, IsMapped(data) ? UpToNul(data.*line.words) : " ");
             break;
         case ControlFileValue::text:
-            text += UpToNul(data.*line.words);
+            AppendText(text, UpToNul(data.*line.words));
             break;
     }
 }
@@ -95,11 +139,13 @@ void AppendValue(std::string& text, const ControlFileLine& line, const Data& dat
 /// By item: in how many groups it is offered, for each of which its line is printed.
 using Offers = std::array<std::int32_t, kItemCount>;
 
-Offers CountOffers(const std::vector<std::int32_t>& itemIds) {
+Offers CountOffers(std::initializer_list<ItemGroup> groups) {
     Offers offers{};
-    for (const std::int32_t itemId : itemIds) {
-        if (static_cast<std::uint32_t>(itemId) < offers.size()) {
-            ++offers[itemId];
+    for (const ItemGroup group : groups) {
+        for (const std::int32_t itemId : group) {
+            if (static_cast<std::uint32_t>(itemId) < offers.size()) {
+                ++offers[itemId];
+            }
         }
     }
     return offers;
@@ -119,21 +165,22 @@ std::int32_t CountOf(const ControlFileLine& line, const Data& data, const Offers
 
 }  // namespace
 
-std::string CMIFileText(const CZorbI2CMIData& data, const std::vector<std::int32_t>& itemIds) {
-    constexpr std::size_t usualSize = 4000;  // one allocation
-    const Offers offers = CountOffers(itemIds);
-    std::string text;
-    text.reserve(usualSize);
+std::string CMIFileText(const CZorbI2CMIData& data, std::initializer_list<ItemGroup> groups) {
+    const Offers offers = CountOffers(groups);
+    GrowingText text;
     for (std::size_t row = 0; row < fixedTexts.size(); ++row) {
         const ControlFileLine& line = kControlFileLines[row];
         for (std::int32_t copies = CountOf(line, data, offers); copies > 0; --copies) {
-            text += fixedTexts[row].before;
-            AppendValue(text, line, data);
-            text += fixedTexts[row].after;
-            text += '\n';
+            text.MakeRoom(roomForLine);
+            text.Append(fixedTexts[row].before);
+            if (line.value != ControlFileValue::none) {
+                AppendValue(text, line, data);
+                text.Append(fixedTexts[row].after);
+            }
+            text.Append('\n');
         }
     }
-    return text;
+    return std::move(text).Text();
 }
 
 }  // namespace cmi

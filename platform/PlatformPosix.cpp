@@ -2,7 +2,6 @@
 // where the host process provides one.
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <array>
 #include <climits>
 #include <cstdio>
@@ -16,12 +15,13 @@ extern "C" [[gnu::weak]] void OutputDebugStringW(const wchar_t* line);
 
 namespace platform {
 
-std::string NativePath(std::string path) {
-    std::replace(path.begin(), path.end(), '\\', '/');
-    return path;
-}
-
 namespace {
+
+void UseSlashes(char* path) {
+    while ((path = std::strchr(path, '\\')) != nullptr) {
+        *path = '/';
+    }
+}
 
 /// A path with slashes, on the stack: an engine tests many.
 class PathWithSlashes {
@@ -31,9 +31,7 @@ public:
         fits_ = size <= text_.size();
         if (fits_) {
             std::memcpy(text_.data(), path, size);
-            for (char* next = text_.data(); (next = std::strchr(next, '\\')) != nullptr;) {
-                *next = '/';
-            }
+            UseSlashes(text_.data());
         }
     }
 
@@ -57,6 +55,11 @@ std::FILE* OpenFilePosix(const char* path, const char* mode) {
 }
 
 }  // namespace
+
+std::string NativePath(std::string path) {
+    UseSlashes(path.data());
+    return path;
+}
 
 Calls SystemCalls() {
     return {PathExistsPosix, OpenFilePosix, std::fputs, std::fclose, OutputDebugStringW};

@@ -1,25 +1,16 @@
 #include "platform/Text.h"
 
-#include <algorithm>
-#include <array>
 #include <charconv>
-#include <limits>
+#include <cmath>
+#include <cstdint>
+#include <optional>
 
 namespace platform {
-
-namespace {
-
-// toupper would depend on the host's locale.
-char UpperCased(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
-}  // namespace
 
 std::string UpperCased(std::string_view text) {
     std::string upper(text);
     for (char& letter : upper) {
-        letter = UpperCased(letter);
+        letter = UpperCasedLetter(letter);
     }
     return upper;
 }
@@ -28,13 +19,46 @@ bool EqualIgnoringCase(const std::string& left, const std::string& right) {
     return UpperCased(left) == UpperCased(right);
 }
 
-std::string WithThreeDecimals(double number) {
-    // Sign, all digits of the largest double, point and decimals; printf would depend on the
-    // locale.
-    std::array<char, std::numeric_limits<double>::max_exponent10 + 8> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                   std::chars_format::fixed, 3);
-    return {digits.data(), end.ptr};
+namespace {
+
+/// The thousandths to which a number that is not negative is rounded. Nothing for a large number,
+/// and where the product may itself have been rounded to the middle between two.
+std::optional<std::int64_t> Thousandths(double number) {
+    constexpr double large = 1e12;
+    const double product = number * 1000.0;
+    if (!(product < large)) {
+        return {};
+    }
+    const auto below = static_cast<std::int64_t>(product);
+    const double rest = product - static_cast<double>(below);
+    if (rest == 0.5) {
+        return {};
+    }
+    return rest < 0.5 ? below : below + 1;
+}
+
+char* PrintWithPoint(char* to, std::int64_t thousandths) {
+    constexpr std::ptrdiff_t longest = std::numeric_limits<std::int64_t>::digits10 + 1;
+    to = std::to_chars(to, to + longest, thousandths / 1000).ptr;
+    *to++ = '.';
+    for (const std::int64_t unit : {100, 10, 1}) {
+        *to++ = static_cast<char>('0' + thousandths / unit % 10);
+    }
+    return to;
+}
+
+}  // namespace
+
+// printf would depend on the locale.
+char* PrintThreeDecimals(char* to, double number) {
+    const std::optional<std::int64_t> thousandths = Thousandths(std::abs(number));
+    if (!thousandths) {
+        return std::to_chars(to, to + kLongestDecimal, number, std::chars_format::fixed, 3).ptr;
+    }
+    if (std::signbit(number)) {
+        *to++ = '-';
+    }
+    return PrintWithPoint(to, *thousandths);
 }
 
 }  // namespace platform

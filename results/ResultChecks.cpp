@@ -17,7 +17,7 @@ namespace {
 
 using Info = CZorbFEAInformation;
 
-bool LookFor(Run& run, const char* extension) {
+bool LookFor(Run& run, const ResultExtension& extension) {
     return run.files.LookFor(extension);
 }
 
@@ -37,7 +37,8 @@ ResultCode AvailableOr(bool available, ResultCode missing) {
 /// plain name, never at the "_vox" variant.
 bool ResultVersionSuffices(Run& run) {
     constexpr long long firstSufficientVersion = 1004;
-    const std::string path = platform::NativePath(run.files.PathOf("", ".k5o"));
+    constexpr ResultExtension k5o = ".k5o";
+    const std::string path = platform::NativePath(run.files.PathOf({}, k5o.text));
     CQuentaResultReader_Manipulator reader;
     const int failure = reader.BeginReading(path.c_str(), nullptr);
     const long long version = reader.GetResultVersion();
@@ -199,7 +200,7 @@ ResultCode CheckPackingTemperature(Run& run) {
 
 ResultCode CheckEndOfCoolingTemperature(Run& run) {
     const bool isSolid = run.info.solverType == kSolidProject;
-    return AvailableOr(LookFor(run, isSolid ? ".k5c" : ".rsc"), kResultNoK5c);
+    return AvailableOr(isSolid ? LookFor(run, ".k5c") : LookFor(run, ".rsc"), kResultNoK5c);
 }
 
 ResultCode CheckDigimatExport(Run& run) {

@@ -7,23 +7,6 @@
 
 namespace results {
 
-namespace {
-
-constexpr std::int32_t voxelResults = 1;
-
-/// The part of a result file's name between run tag and extension.
-std::string_view NameSuffix(const CZorbFEAInformation& info, std::string_view upperExtension) {
-    if (upperExtension == ".CRP") {
-        return "_medi";
-    }
-    if (upperExtension == ".K5O" && info.voxelFlag == voxelResults) {
-        return "_vox";
-    }
-    return {};
-}
-
-}  // namespace
-
 std::string RunTag(std::int32_t runNumber) {
     std::string tag;
     if (runNumber < 10) {  // a negative run too, which becomes "0-1": deliberate
@@ -55,22 +38,28 @@ std::string ResultBasePath(const CZorbFEAInformation& info) {
     return path.append(info.projectFolder).append(info.projectName).append(RunTag(info.runNumber));
 }
 
-bool ResultFiles::LookFor(std::string_view extension) {
-    const std::string upperExtension = platform::UpperCased(extension);
-    const bool exists = platform::PathExists(PathOf(NameSuffix(info_, upperExtension), extension));
+bool ResultFiles::LookFor(const ResultExtension& extension) {
+    constexpr std::int32_t voxelResults = 1;
+    const std::string_view suffix =
+        info_.voxelFlag == voxelResults ? extension.voxelSuffix : extension.suffix;
+    const bool exists = platform::PathExists(PathOf(suffix, extension.text));
     // Looked for although the answer does not count: deliberate.
-    platform::PathExists(PathOf("", upperExtension));
+    platform::PathExists(PathOf({}, extension.upper));
     return exists;
 }
 
-const std::string& ResultFiles::PathOf(std::string_view suffix, std::string_view extension) {
+const std::string& ResultFiles::PathOf(std::string_view suffix,
+                                       const ResultExtension::Characters& extension) {
     if (baseSize_ == 0) {
         EndInBackslash(info_.projectFolder);  // the change stays in the record
         path_ = ResultBasePath(info_);
         baseSize_ = path_.size();
     }
     path_.resize(baseSize_);
-    return path_.append(suffix).append(extension);
+    if (!suffix.empty()) {
+        path_ += suffix;
+    }
+    return path_.append(extension.data(), extension.size());
 }
 
 bool PreviousShotFileExists(const CZorbFEAInformation& info, std::int32_t previousRun,

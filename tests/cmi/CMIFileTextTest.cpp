@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <numeric>
@@ -25,7 +26,7 @@ std::string LineOf(const CZorbI2CMIData& data, const std::string& key) {
 }
 
 std::string ItemLines(const CZorbI2CMIData& data, const std::vector<std::int32_t>& itemIds) {
-    return support::ItemLinesOf(cmi::CMIFileText(data, itemIds));
+    return support::ItemLinesOf(cmi::CMIFileText(data, {itemIds}));
 }
 
 }  // namespace
@@ -116,7 +117,7 @@ TEST(CMIFileText, PrintsEveryFieldInItsLine) {
     std::vector<std::int32_t> allItems(kItemCount);
     std::iota(allItems.begin(), allItems.end(), 0);
 
-    EXPECT_EQ(cmi::CMIFileText(data, allItems), expected);
+    EXPECT_EQ(cmi::CMIFileText(data, {allItems}), expected);
 }
 
 TEST(CMIFileText, WithoutItemsGoesFromTheMeshLinesStraightToTheDensitySwitch) {
@@ -328,16 +329,52 @@ TEST(CMIFileText, AnEmptyKeywordGivesEmptyBrackets) {
 }
 
 TEST(CMIFileText, NeverPrintsTheDigimatOption) {
+    constexpr std::int32_t items[] = {kItemFiberOrientation, kItemDigimatExport,
+                                      kItemDigimatWeldLine};
     CZorbI2CMIData data;
-    const std::string text =
-        cmi::CMIFileText(data, {kItemFiberOrientation, kItemDigimatExport, kItemDigimatWeldLine});
+    const std::string text = cmi::CMIFileText(data, {items});
     data.DigimatOption = 1;
-    EXPECT_EQ(
-        cmi::CMIFileText(data, {kItemFiberOrientation, kItemDigimatExport, kItemDigimatWeldLine}),
-        text);
+    EXPECT_EQ(cmi::CMIFileText(data, {items}), text);
+}
+
+TEST(CMIFileText, TakesTheItemsOfAllGroups) {
+    constexpr std::int32_t part[] = {kItemDensity, kItemRunner};
+    constexpr std::int32_t insert[] = {kItemInsertFlowPressure, kItemRunner};
+    constexpr std::int32_t moldbase[] = {kItemMoldbaseMesh};
+    EXPECT_EQ(support::ItemLinesOf(cmi::CMIFileText(CZorbI2CMIData(), {part, insert, moldbase})),
+              "IsRunnerOutput =                0   (0:off,1:on)\n"
+              "IsRunnerOutput =                0   (0:off,1:on)\n"
+              "IsMoldbaseOutput =              0   (0:off,1:on)\n"
+              "IsFlowPressureOutput =          0   (0:off,1:on)\n"
+              "IsDensityOutput =               0   (0:off,1:on)\n");
+}
+
+TEST(CMIFileText, RepeatsALineAsOftenAsItsItemIsOffered) {
+    const std::vector<std::int32_t> items(1000, kItemDensity);
+    const std::string line = "IsDensityOutput =               0   (0:off,1:on)\n";
+    std::string expected;
+    for (std::size_t copies = 0; copies < items.size(); ++copies) {
+        expected += line;
+    }
+    EXPECT_EQ(ItemLines(CZorbI2CMIData(), items), expected);
 }
 
 // ---- Texts ------------------------------------------------------------------------------------
+
+TEST(CMIFileText, IsWholeWhereverItsMemoryGrows) {
+    // A longer text near the top moves all that follows.
+    CZorbI2CMIData data;
+    data.OutFolder = "folder";
+    std::fill_n(data.WeldlineAngles, 3, -std::numeric_limits<double>::max());
+    const std::string text = cmi::CMIFileText(data, {});
+    const std::size_t end = text.find("folder\n") + data.OutFolder.size();
+    while (data.OutFolder.size() < 10'000) {
+        data.OutFolder += "abcdefg";
+        const std::string expected =
+            std::string(text).insert(end, data.OutFolder, 6, std::string::npos);
+        ASSERT_EQ(cmi::CMIFileText(data, {}), expected);
+    }
+}
 
 TEST(CMIFileText, LeavesPercentSignsAndBackslashesInPathsAsTheyAre) {
     CZorbI2CMIData data;

@@ -47,7 +47,7 @@ std::string WrittenAnew(const host::ControlFile& file) {
             }
         }
     }
-    return cmi::CMIFileText(data, items);
+    return cmi::CMIFileText(data, {items});
 }
 
 std::string WithoutReturns(const std::string& text) {

