@@ -1,6 +1,7 @@
 #include "engine/OfferedItemTables.h"
 
 #include <array>
+#include <initializer_list>
 #include <span>
 
 namespace engine {
@@ -9,8 +10,59 @@ namespace {
 
 using Ids = std::span<const std::int32_t>;
 
+/// Two items of the part belong to one project type alone.
+constexpr bool HasItem(std::int32_t projectType, std::int32_t itemId) {
+    switch (itemId) {
+        case kItemDigimatMucell:
+            return projectType == kProjectTypeMucell;
+        case kItemAnnealingStress:
+            return projectType == kProjectTypeAnnealing;
+        default:
+            return true;
+    }
+}
+
+/// Those of the items that a project type has.
+struct ItemsOfType {
+    consteval ItemsOfType(std::initializer_list<std::int32_t> items, std::int32_t projectType) {
+        for (const std::int32_t itemId : items) {
+            if (HasItem(projectType, itemId)) {
+                ids[count++] = itemId;
+            }
+        }
+    }
+
+    constexpr operator Ids() const { return {ids.data(), count}; }
+
+    std::array<std::int32_t, kItemCount> ids{};
+    std::size_t count = 0;
+};
+
+/// Items of the part, listed for each project type by the compiler.
+struct PartItems {
+    consteval PartItems(std::initializer_list<std::int32_t> items)
+        : ofMucell(items, kProjectTypeMucell),
+          ofAnnealing(items, kProjectTypeAnnealing),
+          ofOtherTypes(items, -1) {}
+
+    constexpr Ids For(std::int32_t projectType) const {
+        switch (projectType) {
+            case kProjectTypeMucell:
+                return ofMucell;
+            case kProjectTypeAnnealing:
+                return ofAnnealing;
+            default:
+                return ofOtherTypes;
+        }
+    }
+
+    ItemsOfType ofMucell;
+    ItemsOfType ofAnnealing;
+    ItemsOfType ofOtherTypes;
+};
+
 struct OfferTable {
-    Ids part;
+    const PartItems& part;
     Ids partInsert;
     Ids moldbase;
 };
@@ -38,21 +90,22 @@ constexpr std::int32_t annealing = kItemAnnealingStress;
 
 // Thermal before flow-induced stress, and the model before all: deliberate.
 // clang-format off
-constexpr std::int32_t fullPart[]                = {model, fiber, runner, thermal, flow, strain, packing, cooling, digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
-constexpr std::int32_t partWithoutStress[]       = {model, fiber, runner,                strain, packing, cooling, digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
-constexpr std::int32_t partWithoutStressAndDigimat[] = {model, fiber, runner,            strain, packing, cooling,                                                               density, weld};
-constexpr std::int32_t partWithoutDigimat[]      = {model, fiber, runner, thermal, flow, strain, packing, cooling,                                                               density, weld};
-constexpr std::int32_t deformedPart[]            = {model, fiber, runner,                                          digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
-constexpr std::int32_t annealedPart[]            = {model, fiber, runner,                                          digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld, annealing};
-constexpr std::int32_t deformedPartWithoutDigimat[] = {model, fiber, runner,                                                                                                     density, weld};
+constexpr PartItems fullPart                = {model, fiber, runner, thermal, flow, strain, packing, cooling, digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
+constexpr PartItems partWithoutStress       = {model, fiber, runner,                strain, packing, cooling, digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
+constexpr PartItems partWithoutStressAndDigimat = {model, fiber, runner,            strain, packing, cooling,                                                               density, weld};
+constexpr PartItems partWithoutDigimat      = {model, fiber, runner, thermal, flow, strain, packing, cooling,                                                               density, weld};
+constexpr PartItems deformedPart            = {model, fiber, runner,                                          digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld};
+constexpr PartItems annealedPart            = {model, fiber, runner,                                          digimat, digiWeld, mucell, digiFiber, digiStress, digiTemp, density, weld, annealing};
+constexpr PartItems deformedPartWithoutDigimat = {model, fiber, runner,                                                                                                     density, weld};
 
-constexpr std::int32_t mappedToShell[]           = {strain, packing, cooling};
+constexpr PartItems noPart                  = {};
+constexpr PartItems mappedToShell           = {strain, packing, cooling};
 
-constexpr std::int32_t fiberAlone[]              = {fiber};
-constexpr std::int32_t fiberAndDigimat[]         = {fiber,                           digimat};
-constexpr std::int32_t fiberAndStrain[]          = {fiber, strain, packing};
-constexpr std::int32_t fiberStrainAndDigimat[]   = {fiber, strain, packing,          digimat};
-constexpr std::int32_t fullShell[]               = {fiber, strain, packing, cooling, digimat};
+constexpr PartItems fiberAlone              = {fiber};
+constexpr PartItems fiberAndDigimat         = {fiber,                           digimat};
+constexpr PartItems fiberAndStrain          = {fiber, strain, packing};
+constexpr PartItems fiberStrainAndDigimat   = {fiber, strain, packing,          digimat};
+constexpr PartItems fullShell               = {fiber, strain, packing, cooling, digimat};
 
 constexpr std::int32_t fullInsert[]              = {kItemInsertFlowPressure, kItemInsertFiberMaterial};
 constexpr std::int32_t insertFiber[]             = {kItemInsertFiberMaterial};
@@ -61,7 +114,7 @@ constexpr std::int32_t fullMoldbase[]            = {kItemMoldbaseMesh, kItemMold
 
 // ---- What is offered together -------------------------------------------------------------------
 
-constexpr OfferTable nothing                {{},                          {},          {}};
+constexpr OfferTable nothing                {noPart,                      {},          {}};
 constexpr OfferTable everything             {fullPart,                    fullInsert,  fullMoldbase};
 constexpr OfferTable withoutStress          {partWithoutStress,           fullInsert,  fullMoldbase};
 constexpr OfferTable withoutStressAndDigimat{partWithoutStressAndDigimat, fullInsert,  fullMoldbase};
@@ -162,17 +215,6 @@ constexpr bool EachSolverHasItsRow(const OffersBySolver& offers) {
 static_assert(EachSolverHasItsRow(solidOffers) && EachSolverHasItsRow(solidVoxelOffers) &&
               EachSolverHasItsRow(shellOffers));
 
-/// The items of the part that belong to one project type alone.
-struct ItemOfOneProjectType {
-    std::int32_t itemId;
-    std::int32_t projectType;
-};
-
-constexpr auto itemsOfOneProjectType = std::to_array<ItemOfOneProjectType>({
-    {kItemDigimatMucell, kProjectTypeMucell},
-    {kItemAnnealingStress, kProjectTypeAnnealing},
-});
-
 // ---- The walk through the tables ----------------------------------------------------------------
 
 /// Null for a project that is neither solid nor shell.
@@ -220,14 +262,6 @@ const OfferTable& TableFor(const OffersBySolver& offers, const OfferStatus& stat
     return TableForMode(OfferForMesh(offers[status.solver], status.meshKind), status.annealingMode);
 }
 
-void EraseItemsOfOtherTypes(std::vector<std::int32_t>& part, std::int32_t projectType) {
-    for (const ItemOfOneProjectType& row : itemsOfOneProjectType) {
-        if (row.projectType != projectType) {
-            std::erase(part, row.itemId);
-        }
-    }
-}
-
 }  // namespace
 
 void ListOfferedItems(const OfferProject& project, const OfferStatus& status,
@@ -240,8 +274,8 @@ void ListOfferedItems(const OfferProject& project, const OfferStatus& status,
     lists.partInsert.clear();
     lists.moldbase.clear();
     const OfferTable& table = TableFor(*offers, status);
-    lists.part.assign(table.part.begin(), table.part.end());
-    EraseItemsOfOtherTypes(lists.part, project.projectType);
+    const Ids part = table.part.For(project.projectType);
+    lists.part.assign(part.begin(), part.end());
     lists.partInsert.assign(table.partInsert.begin(), table.partInsert.end());
     lists.moldbase.assign(table.moldbase.begin(), table.moldbase.end());
 }
