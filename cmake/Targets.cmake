@@ -79,6 +79,7 @@ function(zorbi2_harden target)
     else()
         list(APPEND protections -fstack-clash-protection
              $<$<STREQUAL:${CMAKE_SYSTEM_PROCESSOR},x86_64>:-fcf-protection>)
+        list(APPEND protections -fno-plt)
         target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now,-z,noexecstack)
     endif()
     target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${protections}>)
