@@ -173,10 +173,8 @@ std::string CMIFileText(const CZorbI2CMIData& data, std::initializer_list<ItemGr
         for (std::int32_t copies = CountOf(line, data, offers); copies > 0; --copies) {
             text.MakeRoom(roomForLine);
             text.Append(fixedTexts[row].before);
-            if (line.value != ControlFileValue::none) {
-                AppendValue(text, line, data);
-                text.Append(fixedTexts[row].after);
-            }
+            AppendValue(text, line, data);
+            text.Append(fixedTexts[row].after);
             text.Append('\n');
         }
     }
