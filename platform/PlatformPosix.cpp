@@ -15,13 +15,14 @@ extern "C" [[gnu::weak]] void OutputDebugStringW(const wchar_t* line);
 
 namespace platform {
 
-namespace {
-
-void UseSlashes(char* path) {
-    while ((path = std::strchr(path, '\\')) != nullptr) {
-        *path = '/';
+std::string NativePath(std::string path) {
+    for (std::size_t at = 0; (at = path.find('\\', at)) != std::string::npos; ++at) {
+        path[at] = '/';
     }
+    return path;
 }
+
+namespace {
 
 /// A path with slashes, on the stack: an engine tests many.
 class PathWithSlashes {
@@ -31,7 +32,10 @@ public:
         fits_ = size <= text_.size();
         if (fits_) {
             std::memcpy(text_.data(), path, size);
-            UseSlashes(text_.data());
+            // Looked for in the original: a processor waits when it reads what it just wrote.
+            for (const char* next = path; (next = std::strchr(next, '\\')) != nullptr; ++next) {
+                text_[next - path] = '/';
+            }
         }
     }
 
@@ -55,11 +59,6 @@ std::FILE* OpenFilePosix(const char* path, const char* mode) {
 }
 
 }  // namespace
-
-std::string NativePath(std::string path) {
-    UseSlashes(path.data());
-    return path;
-}
 
 Calls SystemCalls() {
     return {PathExistsPosix, OpenFilePosix, std::fputs, std::fclose, OutputDebugStringW};

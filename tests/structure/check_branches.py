@@ -40,7 +40,7 @@ NEVER_TAKEN = [
     ("items/SolverSlots.cpp", "Listed(voxelResults ? meshes.ofVoxelResults : meshes.ofOtherResults),", 1, CLEAN_UP),
     ("items/SolverSlots.cpp", "Listed(isShell ? row.shellElements : row.solidElements)));", 3, CLEAN_UP),
     ("platform/PlatformCalls.cpp", "static Calls calls = SystemCalls();", 1, GUARD),
-    ("platform/PlatformPosix.cpp", "while ((path = std::strchr(path, '\\\\')) != nullptr) {", 1, SANITIZER),
+    ("platform/PlatformPosix.cpp", "for (const char* next = path; (next = std::strchr(next, '\\\\')) != nullptr; ++next) {", 1, SANITIZER),
     ("platform/PlatformPosix.cpp", "const std::size_t size = std::strlen(path) + 1;", 1, SANITIZER),
     ("platform/PlatformPosix.cpp", "if (fits_) {", 1, SANITIZER),
     ("platform/PlatformPosix.cpp", "std::memcpy(text_.data(), path, size);", 2, SANITIZER),
