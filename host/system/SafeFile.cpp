@@ -23,7 +23,8 @@ const std::string& TemporaryStart() {
     return start;
 }
 
-/// Whether the process that a temporary name tells of is gone.
+/// Whether the process that a temporary name tells of is gone. One with this process's own number
+/// is: numbers are given again, and nothing of this process is there while it looks.
 bool IsLeftOver(std::string_view name) {
     const std::string& start = TemporaryStart();
     if (!name.starts_with(start)) {
@@ -32,7 +33,8 @@ bool IsLeftOver(std::string_view name) {
     name.remove_prefix(start.size());
     unsigned long process = 0;
     const auto end = std::from_chars(name.data(), name.data() + name.size(), process);
-    return end.ec == std::errc() && process > 0 && !IsRunning(process);
+    return end.ec == std::errc() && process > 0 &&
+           (process == ProcessNumber() || !IsRunning(process));
 }
 
 /// Why a folder takes no new file, if so.

@@ -395,6 +395,22 @@ class Replace(ProgramTest):
         self.assertTrue((self.folder / "Run02" / "Cover02.k5f").exists())
 
     @NOT_ON_WINDOWS
+    def test_what_is_left_of_a_process_that_had_the_same_number_is_removed(self):
+        scratch = self.folder / "tmp"
+        scratch.mkdir()
+        self.leftover_name(1)  # finds out what names look like, before the process is there
+
+        def leave():
+            name = self.leftover_name(os.getpid())
+            (self.folder / name).write_text("half")
+            (scratch / name).mkdir()
+
+        self.check(self.run_program("write", "cover.toml", "--set", "flow-stress=on",
+                                    environment={"TMPDIR": str(scratch)}, preexec_fn=leave), 0)
+        self.assertEqual([name for name in os.listdir(self.folder) if "zorbi2-" in name], [])
+        self.assertEqual(os.listdir(scratch), [])
+
+    @NOT_ON_WINDOWS
     def test_what_a_killed_init_left_is_removed_by_the_next(self):
         with subprocess.Popen(["true"]) as gone:
             pass
