@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <string_view>
+#include <iterator>
 
 #include "control_files/ControlFile.h"
 #include "control_files/QuotedLine.h"
@@ -26,7 +26,7 @@ std::vector<std::string> TagsOf(const LayoutRow& row) {
 /// The row of a line in a section; the header's values go by their keys alone.
 LayoutRow RowOf(const ControlFileLine& line, const std::string& section) {
     const std::string text = line.text;
-    LayoutRow row{&line, ControlFileKey(text), {}, {}, text, {}};
+    LayoutRow row{&line, ControlFileKey(text), {}, text, {}, {}, {}};
     row.name = row.IsSolverTag()       ? "SolverName"
                : section == "[HEADER]" ? row.key
                                        : section + " " + row.key;
@@ -39,23 +39,31 @@ LayoutRow RowOf(const ControlFileLine& line, const std::string& section) {
         row.before = row.With(std::to_string(kControlFileVersion));
         row.after.clear();
     }
-    row.keys = row.IsSolverTag() ? TagsOf(row) : std::vector{row.key};
+    if (ControlFileRange range{}; GetControlFileRange(line, &range)) {
+        row.range = range;
+    }
+    if (row.IsSolverTag()) {
+        row.tags = TagsOf(row);
+    }
     return row;
 }
 
-bool IsOfKind(ControlFileValue kind, const std::string& value) {
-    const auto read = [&value](auto number) {
-        std::from_chars(value.data(), value.data() + value.size(), number);
-        return number;
-    };
+template <class Number>
+Number NumberIn(std::string_view value) {
+    Number number = 0;
+    std::from_chars(value.data(), value.data() + value.size(), number);
+    return number;
+}
+
+bool IsOfKind(ControlFileValue kind, std::string_view value) {
     switch (kind) {
         case ControlFileValue::number:
-            return value == std::to_string(read(std::int32_t{0}));
+            return value == std::to_string(NumberIn<std::int32_t>(value));
         case ControlFileValue::decimal:
-            return value.find_first_not_of("-.0123456789") == std::string::npos &&
-                   value == Printed(read(0.0));
+            return value.find_first_not_of("-.0123456789") == std::string_view::npos &&
+                   value == Printed(NumberIn<double>(value));
         default:
-            return value.find('\0') == std::string::npos;
+            return value.find('\0') == std::string_view::npos;
     }
 }
 
@@ -70,15 +78,15 @@ bool LayoutRow::IsSolverTag() const {
 }
 
 bool LayoutRow::IsOf(const std::string& keyOfLine) const {
-    return std::ranges::find(keys, keyOfLine) != keys.end();
+    return IsSolverTag() ? std::ranges::find(tags, keyOfLine) != tags.end() : keyOfLine == key;
 }
 
-std::optional<std::string> LayoutRow::ValueIn(const std::string& text) const {
+std::optional<std::string_view> LayoutRow::ValueIn(std::string_view text) const {
     const std::size_t around = before.size() + after.size();
     if (text.size() < around || !text.starts_with(before) || !text.ends_with(after)) {
         return std::nullopt;
     }
-    const std::string value = text.substr(before.size(), text.size() - around);
+    const std::string_view value = text.substr(before.size(), text.size() - around);
     const bool fits = IsFixed() ? value.empty() : IsOfKind(line->value, value);
     return fits ? std::optional(value) : std::nullopt;
 }
@@ -91,31 +99,28 @@ std::string LayoutRow::InWords() const {
     if (IsFixed()) {
         return QuotedLine(before);
     }
-    ControlFileRange range{};
-    GetControlFileRange(*line, &range);
+    const std::int32_t lowest = range ? range->lowest : 0;
     return "a line like " +
            QuotedLine(With(IsSolverTag()                              ? kSolverKeywords[0].keyword
-                           : line->value == ControlFileValue::number  ? std::to_string(range.lowest)
+                           : line->value == ControlFileValue::number  ? std::to_string(lowest)
                            : line->value == ControlFileValue::decimal ? Printed(0.0)
                                                                       : "D:\\Path"));
 }
 
-std::string LayoutRow::RangeAgainst(const std::string& value) const {
-    ControlFileRange range{};
+std::string LayoutRow::RangeAgainst(std::string_view value) const {
     const bool isNoReduction = line->number == &Data::DensityReduction && value == "0";
-    if (isNoReduction || !GetControlFileRange(*line, &range)) {
+    const auto number = NumberIn<std::int32_t>(value);
+    if (isNoReduction || !range || (number >= range->lowest && number <= range->highest)) {
         return {};
     }
-    const int number = std::stoi(value);
     const std::size_t start = after.find('(') + 1;
-    return number < range.lowest || number > range.highest
-               ? after.substr(start, after.find(')') - start)
-               : "";
+    return after.substr(start, after.find(')') - start);
 }
 
 const std::vector<LayoutRow>& Layout() {
     static const std::vector<LayoutRow> rows = [] {
         std::vector<LayoutRow> all;
+        all.reserve(std::size(kControlFileLines));
         std::string section = "[HEADER]";
         for (const ControlFileLine& line : kControlFileLines) {
             all.push_back(RowOf(line, section));

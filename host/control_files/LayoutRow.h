@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <zorbi2/ControlFileFormat.h>
@@ -11,11 +12,12 @@ namespace host {
 
 struct LayoutRow {
     const ControlFileLine* line;
-    std::string key;                ///< ControlFileKey of the line
-    std::vector<std::string> keys;  ///< likewise, of all that it can be: a tag of each solver
-    std::string name;               ///< of its value in a ControlFile
-    std::string before;             ///< text before the value; all of a fixed text
-    std::string after;              ///< text behind the value
+    std::string key;                        ///< ControlFileKey of the line
+    std::string name;                       ///< of its value in a ControlFile
+    std::string before;                     ///< text before the value; all of a fixed text
+    std::string after;                      ///< text behind the value
+    std::optional<ControlFileRange> range;  ///< that the row prints
+    std::vector<std::string> tags;          ///< keys of a solver tag: of each solver's, or none
 
     bool IsFixed() const;  ///< without a value
     bool IsSolverTag() const;
@@ -24,7 +26,7 @@ struct LayoutRow {
     bool IsOf(const std::string& keyOfLine) const;
 
     /// The value in a line that is this row with a value of its kind.
-    std::optional<std::string> ValueIn(const std::string& text) const;
+    std::optional<std::string_view> ValueIn(std::string_view text) const;
 
     /// The row with a value in its place.
     std::string With(const std::string& value) const;
@@ -33,7 +35,7 @@ struct LayoutRow {
     std::string InWords() const;
 
     /// The range that the row prints, "1~100", when a value is outside it; otherwise empty.
-    std::string RangeAgainst(const std::string& value) const;
+    std::string RangeAgainst(std::string_view value) const;
 };
 
 /// All rows, in the order of the file.

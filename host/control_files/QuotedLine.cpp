@@ -72,7 +72,7 @@ std::string_view StartOf(std::string_view line, std::size_t longest) {
 
 }  // namespace
 
-std::string QuotedLine(const std::string& line) {
+std::string QuotedLine(std::string_view line) {
     constexpr std::size_t longest = 160;
     const bool isLong = line.size() > longest;
     std::string quoted = "\"";

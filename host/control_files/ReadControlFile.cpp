@@ -20,7 +20,7 @@ constexpr std::size_t none = std::string_view::npos;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 struct Line {
-    std::string text;
+    std::string_view text;
     std::string key;
     bool hasReturn;  ///< it ends in CR LF
 };
@@ -30,30 +30,32 @@ struct Line {
 std::vector<Line> SplitLines(std::string_view text) {
     constexpr std::size_t mostLines = 1000;
     std::vector<Line> lines;
+    lines.reserve(std::size(kControlFileLines));
     do {
         const std::size_t length = std::min(text.find('\n'), text.size());
-        std::string line(text.substr(0, length));
+        std::string_view line = text.substr(0, length);
         const bool hasReturn = line.ends_with('\r');
-        if (hasReturn) {
-            line.pop_back();
-        }
-        lines.push_back({line, ControlFileKey(line), hasReturn});
+        line.remove_suffix(hasReturn ? 1 : 0);
+        lines.push_back({line, ControlFileKey(std::string(line)), hasReturn});
         text.remove_prefix(std::min(length + 1, text.size()));
     } while (!text.empty() && lines.size() < mostLines);
     return lines;
 }
 
 /// The rows that must have a line in the file, or have one.
-std::vector<LayoutRow> RowsFor(const std::vector<Line>& lines) {
-    std::vector<LayoutRow> rows;
-    std::ranges::copy_if(Layout(), std::back_inserter(rows), [&lines](const LayoutRow& row) {
-        return row.line->presence == ControlFilePresence::always ||
-               std::ranges::count(lines, row.key, &Line::key) > 0;
-    });
+std::vector<const LayoutRow*> RowsFor(const std::vector<Line>& lines) {
+    std::vector<const LayoutRow*> rows;
+    rows.reserve(Layout().size());
+    for (const LayoutRow& row : Layout()) {
+        if (row.line->presence == ControlFilePresence::always ||
+            std::ranges::find(lines, row.key, &Line::key) != lines.end()) {
+            rows.push_back(&row);
+        }
+    }
     return rows;
 }
 
-std::string Expected(const std::string& words, const std::string& found) {
+std::string Expected(const std::string& words, std::string_view found) {
     return "expected " + words + ", found " + QuotedLine(found);
 }
 
@@ -88,9 +90,9 @@ public:
           rows_(RowsFor(lines_)) {}
 
     ControlFile Read() {
-        if (!rows_.front().IsOf(lines_.front().key) && !rows_.back().IsOf(lines_.back().key)) {
+        if (!rows_.front()->IsOf(lines_.front().key) && !rows_.back()->IsOf(lines_.back().key)) {
             Add(0, "not a control parameter file: " +
-                       Expected(rows_.front().InWords(), lines_.front().text));
+                       Expected(rows_.front()->InWords(), lines_.front().text));
         } else {
             ReadLines();
             CheckEnds();
@@ -124,11 +126,11 @@ private:
     void ReadLines() {
         while (line_ < lines_.size() || row_ < rows_.size()) {
             if (line_ == lines_.size()) {
-                AddUnlessCut(line_ - 1, "the file ends here, before " + rows_[row_].InWords());
+                AddUnlessCut(line_ - 1, "the file ends here, before " + rows_[row_]->InWords());
                 return;
             }
             if (RowsBefore(line_, row_) == 0) {
-                ReadLine(rows_[row_++]);
+                ReadLine(*rows_[row_++]);
                 ++line_;
             } else {
                 TellDifference();
@@ -137,18 +139,18 @@ private:
     }
 
     void ReadLine(const LayoutRow& row) {
-        const std::string& text = lines_[line_].text;
-        const std::optional<std::string> value = row.ValueIn(text);
+        const std::string_view text = lines_[line_].text;
+        const std::optional<std::string_view> value = row.ValueIn(text);
         if (!value) {
             AddUnlessCut(line_, Expected(row.InWords(), text));
         } else if (const std::string range = row.RangeAgainst(*value); !range.empty()) {
-            Add(line_, Quoted(row.key) + " is " + *value + "; allowed is " + range);
+            Add(line_, Quoted(row.key) + " is " + std::string(*value) + "; allowed is " + range);
         } else {
             Keep(row, *value);
         }
     }
 
-    void Keep(const LayoutRow& row, const std::string& value) {
+    void Keep(const LayoutRow& row, std::string_view value) {
         if (!row.IsFixed()) {
             const std::string& kept = file_.emplace(row.name, value).first->second;
             if (kept != value) {  // the solver's second tag
@@ -164,11 +166,11 @@ private:
     void TellDifference() {
         const std::size_t missing = RowsBefore(line_, row_);
         const std::size_t extra = LinesBefore(line_, row_);
-        const std::string& text = lines_[line_].text;
+        const std::string_view text = lines_[line_].text;
         if (row_ < rows_.size() && (missing == extra || RowsBefore(line_ + 1, row_ + 1) == 0)) {
-            AddUnlessCut(line_++, Expected(rows_[row_++].InWords(), text));
+            AddUnlessCut(line_++, Expected(rows_[row_++]->InWords(), text));
         } else if (missing < extra) {
-            AddUnlessCut(line_, rows_[row_++].InWords() + " is missing here");
+            AddUnlessCut(line_, rows_[row_++]->InWords() + " is missing here");
         } else {
             AddUnlessCut(line_++, (text.empty() ? "an empty line" : QuotedLine(text)) +
                                       " does not belong here");
@@ -178,7 +180,7 @@ private:
     /// How many rows stand before the one of a line; none if there is none below.
     std::size_t RowsBefore(std::size_t line, std::size_t row) const {
         for (std::size_t i = row; line < lines_.size() && i < rows_.size(); ++i) {
-            if (rows_[i].IsOf(lines_[line].key)) {
+            if (rows_[i]->IsOf(lines_[line].key)) {
                 return i - row;
             }
         }
@@ -187,7 +189,7 @@ private:
 
     std::size_t LinesBefore(std::size_t line, std::size_t row) const {
         for (std::size_t i = line; row < rows_.size() && i < lines_.size(); ++i) {
-            if (rows_[row].IsOf(lines_[i].key)) {
+            if (rows_[row]->IsOf(lines_[i].key)) {
                 return i - line;
             }
         }
@@ -236,7 +238,7 @@ private:
     std::string name_;
     std::string_view text_;
     std::vector<Line> lines_;
-    std::vector<LayoutRow> rows_;
+    std::vector<const LayoutRow*> rows_;
     std::size_t line_ = 0;
     std::size_t row_ = 0;
     Problems faults_;
