@@ -146,7 +146,7 @@ ControlFile AskedFor(const Recipe& recipe, const std::vector<OfferedItem>& offer
     asker.AskReduction(kItemInsertFiberMaterial, "[PARTINSERT MATERIAL REDUCTION]");
     asker.AskDensity();
     asker.AskWeldLines();
-    return asker.asked;
+    return std::move(asker.asked);
 }
 
 }  // namespace host

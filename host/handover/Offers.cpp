@@ -14,12 +14,13 @@ std::vector<OfferedItem> AskOfferedItems(CZorbI2EngineManager& manager) {
     manager.SetPopItems();
     manager.HasPopItem();
     std::vector<OfferedItem> items;
-    OfferedItem next;
+    items.reserve(kItemCount);
+    ItemCategory group = kCategoryPart;
     for (const auto getItem : groups) {
+        OfferedItem next{group++, {}, {}};
         for (int position = 0; (manager.*getItem)(position, &next.item, &next.status); ++position) {
             items.push_back(next);
         }
-        ++next.group;
     }
     return items;
 }

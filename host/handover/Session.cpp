@@ -117,7 +117,8 @@ Problems Session::ApplyRecipe() {
     return problems;
 }
 
-ControlFile Session::Write(const std::filesystem::path& folder, const std::string& extension) {
+const ControlFile& Session::Write(const std::filesystem::path& folder,
+                                  const std::string& extension) {
     manager_.SetOutFolder(ForEngine(recipe_.outFolder));
     manager_.SetMappedMeshFilePath(ForEngine(recipe_.mappedMesh));
     SetControlFile(manager_, recipe_, Utf8Of(folder), extension);

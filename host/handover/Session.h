@@ -37,7 +37,7 @@ public:
     const ControlFile& Asked() const { return asked_; }
 
     /// Has the engine write the control file, and returns what must stand in it.
-    ControlFile Write(const std::filesystem::path& folder, const std::string& extension);
+    const ControlFile& Write(const std::filesystem::path& folder, const std::string& extension);
 
 private:
     void Choose(const Choice& choice, Problems& problems);

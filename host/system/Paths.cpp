@@ -51,6 +51,15 @@ void CheckFolder(const std::string& folder, const Place& place) {
 
 constexpr std::size_t largestFile = 1 << 18;  // a file may have no end
 
+std::string ReadBytes(std::istream& stream, std::size_t enough) {
+    std::string bytes;
+    char block[4096];
+    while (bytes.size() < enough && (stream.read(block, sizeof block), stream.gcount() > 0)) {
+        bytes.append(block, static_cast<std::size_t>(stream.gcount()));
+    }
+    return bytes;
+}
+
 std::string ReadFile(const fs::path& file, const Place& place) {
     std::error_code unknown;
     const fs::file_status status = fs::status(file, unknown);
@@ -60,11 +69,7 @@ std::string ReadFile(const fs::path& file, const Place& place) {
     }
     errno = 0;
     std::ifstream stream(file, std::ios::binary);
-    std::string bytes;
-    char block[4096];
-    while (bytes.size() <= largestFile && (stream.read(block, sizeof block), stream.gcount() > 0)) {
-        bytes.append(block, static_cast<std::size_t>(stream.gcount()));
-    }
+    std::string bytes = ReadBytes(stream, largestFile + 1);
     if (!stream.eof() || isFolder) {
         const int reason = isFolder ? EISDIR : bytes.size() > largestFile ? EFBIG : errno;
         FailFor(reason, place, "cannot be read");

@@ -1,7 +1,9 @@
 // Paths and files as the host has them: UTF-8 texts on the outside, std::filesystem inside.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <istream>
 #include <string>
 
 #include "problems/Problem.h"
@@ -28,6 +30,8 @@ void CheckFolder(const std::string& folder, const Place& place);
 
 /// The whole file as bytes, up to 256 KiB. Throws a Failure, of a place.
 std::string ReadFile(const std::filesystem::path& file, const Place& place);
+/// What a stream still has, in blocks of 4 KiB until that is enough.
+std::string ReadBytes(std::istream& stream, std::size_t enough);
 std::string ReadStandardInput(const Place& place);
 
 /// The text for the engine. Throws a Failure when the system's character set lacks a character.

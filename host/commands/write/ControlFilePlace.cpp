@@ -28,14 +28,11 @@ bool IsOfRun(const fs::path& file, const Recipe& recipe) {
 
 std::string StartOf(const fs::path& file) {
     constexpr std::size_t moreThanAControlFile = 1 << 16;
-    std::string text(moreThanAControlFile, '\0');
     std::ifstream stream(file, std::ios::binary);
     if (!stream) {
         FailFor(errno, {}, Utf8Of(file) + ": cannot be read");
     }
-    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-    return text;
+    return ReadBytes(stream, moreThanAControlFile);
 }
 
 bool IsControlFile(const std::string& text) {

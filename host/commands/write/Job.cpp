@@ -46,6 +46,9 @@ std::string DifferenceFrom(const ControlFile& asked, const std::string& text) {
         const Problem& fault = failure.List().front();
         return "line " + std::to_string(fault.place.line) + ": " + fault.message;
     }
+    if (found == asked) {
+        return {};
+    }
     for (const auto& [key, value] : asked) {
         const auto line = found.find(key);
         if (line == found.end() || line->second != value) {
@@ -151,8 +154,7 @@ void MakeText(Job& job, Session& session, const GeneralOptions& options) {
     job.problems.insert(job.problems.end(), problems.begin(), problems.end());
     SortByLine(job.problems);
     const TemporaryFile file{job.controlFile.filename()};  // in the scratch folder
-    const ControlFile asked = session.Write(".", job.recipe.controlExtension);
-    ReadBack(job, file.path, asked);
+    ReadBack(job, file.path, session.Write(".", job.recipe.controlExtension));
 }
 
 FilesRead FilesReadBy(const std::vector<Job>& jobs, const fs::path& start) {
