@@ -30,8 +30,12 @@ void AddGeneralOptions(CLI::App& app, GeneralOptions& options) {
     app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION);
 }
 
-void AddCommand(CLI::App& app, const Command& row, CommandCall& call) {
+/// A command that no word names needs no more than its line in the help.
+void AddCommand(CLI::App& app, const Command& row, bool isNamed, CommandCall& call) {
     CLI::App& command = *app.add_subcommand(row.name, row.purpose);
+    if (!isNamed) {
+        return;
+    }
     command.footer(
         std::string("--json, --trace, --quiet, --strict: see zorbi2 --help\n\nExample:\n  ") +
         row.example);
@@ -118,7 +122,7 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Com
     app.footer(exitCodes);
     AddGeneralOptions(app, call.options);
     for (const Command& row : Commands()) {
-        AddCommand(app, row, call);
+        AddCommand(app, row, std::ranges::count(arguments, row.name) > 0, call);
     }
     if (!arguments.empty() && arguments[0] == "complete") {  // not in the help: for shells
         for (const std::string& word : Completions(app, {arguments.begin() + 1, arguments.end()})) {

@@ -10,8 +10,7 @@
 namespace host {
 
 /// Makes the process fit for the host: streams that take bytes as they are, failed writes as
-/// errors and not as signals, UTF-8 as the character set. Returns the command line in UTF-8,
-/// without the program's name.
+/// errors and not as signals. Returns the command line in UTF-8, without the program's name.
 std::vector<std::string> PrepareProcess(int argc, char** argv);
 
 /// The folder that this program lies in.

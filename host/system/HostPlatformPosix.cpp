@@ -37,7 +37,6 @@ std::vector<std::string> PrepareProcess(int argc, char** argv) {
     }
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-    std::setlocale(LC_CTYPE, "C.UTF-8");
     return {argv + std::min(argc, 1), argv + argc};
 }
 
@@ -96,6 +95,7 @@ std::size_t TerminalColumns(Stream stream) {
 }
 
 void ShowTraceLines() {
+    std::setlocale(LC_CTYPE, "C.UTF-8");  // in which the engine widens them
     showsTraceLines = true;
 }
 
