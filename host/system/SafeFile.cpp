@@ -104,7 +104,7 @@ std::string MakeFile(const fs::path& file, const std::string& bytes) {
 }
 
 std::string TemporaryName() {
-    std::random_device random;
+    static std::random_device random;  // one: to find out what the processor has takes long
     std::ostringstream name;
     name << TemporaryStart() << ProcessNumber() << '-' << std::hex << random() << random();
     return name.str();
