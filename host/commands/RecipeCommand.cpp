@@ -22,10 +22,10 @@ void CheckFilesOfRun(const Recipe& recipe) {
     };
     constexpr std::uintmax_t any = std::numeric_limits<std::uintmax_t>::max();
     constexpr Row opened[] = {{".cmx", 1 << 20}, {".k5o", any}, {"_vox.k5o", any}};
-    const CZorbFEAInformation& project = recipe.project;
+    const std::filesystem::path start = StartOfPaths(recipe.project);
     for (const auto& [ending, largest] : opened) {
-        CheckRegularFile(PathOf(project.projectFolder) / PathOf(StartOfNames(project) + ending),
-                         largest, recipe.PlaceOf("project.folder"));
+        CheckRegularFile(std::filesystem::path(start) += ending, largest,
+                         recipe.PlaceOf("project.folder"));
     }
 }
 

@@ -101,13 +101,18 @@ struct Asker {
         return isOn && !item.IsMissing();
     }
 
+    void AskMapDomain() {
+        for (const char* const axis : {"X", "Y", "Z"}) {
+            asked[std::string("[MAP DOMAIN] Segment") + axis] = mapDomainSegments;
+        }
+    }
+
     void AskReduction(std::int32_t itemId, const std::string& section) {
         const auto option = static_cast<std::size_t>(OptionOf(itemId));
         const Segments segments =
             option < std::size(segmentsByOption) ? segmentsByOption[option] : usualSegments;
         for (const char* const axis : {"X", "Y", "Z"}) {
             asked[section + " FiberTheta" + axis + "Segment"] = std::to_string(segments.angle);
-            asked[std::string("[MAP DOMAIN] Segment") + axis] = mapDomainSegments;
         }
         asked[section + " FiberStrengthXSegment"] = std::to_string(segments.strengthX);
         asked[section + " FiberStrengthYSegment"] = std::to_string(segments.strengthY);
@@ -142,6 +147,7 @@ ControlFile AskedFor(const Recipe& recipe, const std::vector<OfferedItem>& offer
     asker.AskProject();
     asker.AskMesh();
     asker.AskItems();
+    asker.AskMapDomain();
     asker.AskReduction(kItemFiberOrientation, "[MATERIAL REDUCTION]");
     asker.AskReduction(kItemInsertFiberMaterial, "[PARTINSERT MATERIAL REDUCTION]");
     asker.AskDensity();

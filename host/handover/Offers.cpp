@@ -17,7 +17,8 @@ std::vector<OfferedItem> AskOfferedItems(CZorbI2EngineManager& manager) {
     items.reserve(kItemCount);
     ItemCategory group = kCategoryPart;
     for (const auto getItem : groups) {
-        OfferedItem next{group++, {}, {}};
+        OfferedItem next;
+        next.group = group++;
         for (int position = 0; (manager.*getItem)(position, &next.item, &next.status); ++position) {
             items.push_back(next);
         }

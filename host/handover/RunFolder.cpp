@@ -96,13 +96,15 @@ std::string InLowerCase(std::string text) {
     return text;
 }
 
-bool HasFileOf(const Recipe& recipe, const Place& place) {
+bool HasFileOf(const CZorbFEAInformation& project, const Place& place) {
+    const fs::path start = StartOfPaths(project);
     return std::ranges::any_of(knownEndings, [&](std::string_view ending) {
-        const std::string file = StartOfNames(recipe.project) + std::string(ending);
         std::error_code error;
-        const bool exists = fs::exists(PathOf(recipe.project.projectFolder) / PathOf(file), error);
+        const bool exists = fs::exists(fs::path(start) += ending, error);
         if (error) {
-            Fail(place, recipe.project.projectFolder + ": " + file + ": " + ReasonOf(error),
+            Fail(place,
+                 project.projectFolder + ": " + StartOfNames(project) + std::string(ending) + ": " +
+                     ReasonOf(error),
                  ExitCode::fileTrouble);
         }
         return exists;
@@ -161,6 +163,10 @@ std::string StartOfNames(const CZorbFEAInformation& project) {
            std::to_string(project.runNumber);
 }
 
+fs::path StartOfPaths(const CZorbFEAInformation& project) {
+    return PathOf(project.projectFolder) / PathOf(StartOfNames(project));
+}
+
 void CheckRun(const Recipe& recipe) {
     const CZorbFEAInformation& project = recipe.project;
     const Place place = recipe.PlaceOf("project.folder");
@@ -170,7 +176,7 @@ void CheckRun(const Recipe& recipe) {
     if (fs::directory_iterator(folder, error); error) {
         Fail(place, project.projectFolder + ": " + ReasonOf(error), ExitCode::fileTrouble);
     }
-    if (!recipe.emptyRun && !HasFileOf(recipe, place)) {
+    if (!recipe.emptyRun && !HasFileOf(project, place)) {
         Fail(place,
              project.projectFolder + " has no result file of " + StartOfNames(project) +
                  "; runs there: " + Listed(RunsAmong(EntriesOf(folder, place))) +
@@ -181,20 +187,17 @@ void CheckRun(const Recipe& recipe) {
 
 void WarnOfCase(const Recipe& recipe, Problems& problems) {
     const fs::path folder = PathOf(recipe.project.projectFolder);
-    std::map<std::string, std::string> names;  // those of the run, by what they are in lower case
-    for (const std::string_view ending : knownEndings) {
-        const std::string name = StartOfNames(recipe.project) + std::string(ending);
-        names[InLowerCase(name)] = name;
-    }
+    const std::string start = StartOfNames(recipe.project);
     const Place place = recipe.PlaceOf("project.folder");
     std::map<std::string, std::string> notFound;  // with the names that they would need
     ForEachEntry(folder, place, [&](const fs::path& entry) {
         const std::string file = Utf8Of(entry.filename());
-        const auto name = names.find(InLowerCase(file));
+        const std::optional<std::string> ending = EndingOf(InLowerCase(file));
+        const std::string name = start + ending.value_or("");
         std::error_code error;
-        if (name != names.end() && name->second != file &&
-            !fs::exists(folder / PathOf(name->second), error)) {
-            notFound[file] = name->second;
+        if (ending && file != name && InLowerCase(file) == InLowerCase(name) &&
+            !fs::exists(folder / PathOf(name), error)) {
+            notFound[file] = name;
         }
     });
     for (const auto& [file, name] : notFound) {

@@ -32,6 +32,8 @@ std::string Listed(const std::vector<Run>& runs);
 
 /// What the names of a run's files start with: "Cover02".
 std::string StartOfNames(const CZorbFEAInformation& project);
+/// The same with the run's folder.
+std::filesystem::path StartOfPaths(const CZorbFEAInformation& project);
 
 /// Throws a Failure unless the recipe's folder can be listed and has a file of the recipe's run, or
 /// the recipe says that there need be none.

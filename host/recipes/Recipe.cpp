@@ -48,7 +48,7 @@ std::string Shortest(double number) {
 /// What is read, and into what. A value that does not fit is refused, and read as nothing.
 struct Reader {
     Recipe& recipe;
-    fs::path folder;  ///< relative paths start here
+    const fs::path& folder;  ///< relative paths start here
     const Names& names;
     Problems& problems;
     const toml::node* node = nullptr;  ///< the value at hand
@@ -400,10 +400,10 @@ void RefuseMissing(const Reader& reader, const toml::table& document, Purpose pu
     const Recipe& recipe = reader.recipe;
     for (const Key& key : keys) {
         const std::string name(key.is.name);
-        const toml::node* section = document.get(SectionOf(name));
         const bool isForTarget = name.starts_with("target.");
         if (key.is.isNeeded && !recipe.places.contains(name) &&
             !(isForTarget && purpose == Purpose::listing)) {
+            const toml::node* section = document.get(SectionOf(name));
             reader.Refuse(section != nullptr ? reader.PlaceOf(section->source(), name)
                                              : Place{recipe.file, 1, 1, name},
                           "missing: " + std::string(key.is.description));
@@ -499,7 +499,8 @@ Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Nam
     recipe.file = file;
     const bool isStream = file == "-";
     const fs::path path = PathOf(AbsolutePath(file, folder));
-    const Reader reader{recipe, isStream ? folder : path.parent_path(), names, recipe.problems};
+    const fs::path start = isStream ? folder : path.parent_path();
+    const Reader reader{recipe, start, names, recipe.problems};
     const std::string text = isStream ? ReadStandardInput({file}) : ReadFile(path, {file});
     if (const auto document = Parse(reader, text)) {
         ReadDocument(reader, *document);
@@ -513,7 +514,7 @@ Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Nam
     if (purpose == Purpose::writing) {
         WarnOfMissingOutput(reader);
     }
-    SetDefault(recipe.controlFolder, Utf8Of(reader.folder));
+    SetDefault(recipe.controlFolder, Utf8Of(start));
     SetDefault(recipe.controlName, recipe.project.projectName);
     SetDefault(recipe.outFolder, recipe.controlFolder);
     return recipe;

@@ -181,9 +181,11 @@ Json EntryOf(Job& job, Surroundings& host, const FilesRead& recipesRead) {
         Session session(job.recipe);
         Attempt(job, options, [&] {
             MakeText(job, session, options);
-            CompareWithPlace(job,
-                             LookAtControlFile(job.controlFile, job.recipe, recipesRead, false),
-                             false, true);
+            CompareWithPlace(
+                job,
+                LookAtControlFile(job.controlFile, job.recipe,
+                                  recipesRead.contains(job.controlFileIdentity), false),
+                false, true);
         });
         offer.update(OfferOf(job.recipe, session));
         if (job.IsDone()) {

@@ -40,19 +40,20 @@ bool IsControlFile(const std::string& text) {
     return text.starts_with(first + "\n") || text.starts_with(first + "\r\n");
 }
 
-ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe,
-                                   const FilesRead& filesRead, bool isForced) {
+ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, bool isRead,
+                                   bool isForced) {
     const std::string name = Utf8Of(file) + ": ";
     const FilePlace place = LookAtPlace(file);
     if (!place.reason.empty()) {
         Fail({}, name + "cannot be written: " + place.reason, ExitCode::fileTrouble);
     }
-    if (filesRead.contains(FileIdentity(file))) {
+    if (isRead) {
         Fail({},
              name + "is a recipe or a file that a recipe of this call reads, and is not replaced",
              ExitCode::fileTrouble);
     }
-    ControlFilePlace there{place.isTaken, place.isTaken ? StartOf(place.file) : std::string()};
+    ControlFilePlace there{place.file.parent_path(), place.isTaken,
+                           place.isTaken ? StartOf(place.file) : std::string()};
     if (!there.isTaken || IsControlFile(there.text)) {
         return there;
     }

@@ -16,6 +16,7 @@ enum class Change { none, isNew, isChanged, isKept };
 using FilesRead = std::set<std::string>;
 
 struct ControlFilePlace {
+    std::filesystem::path folder;  ///< of the file, or of the one that a link there leads to
     bool isTaken = false;
     std::string text;  ///< of the file that is there
 };
@@ -29,6 +30,6 @@ bool IsControlFile(const std::string& text);
 /// Throws a Failure for what may not be replaced: what is no control file, unless forced, and what
 /// the call reads always.
 ControlFilePlace LookAtControlFile(const std::filesystem::path& file, const Recipe& recipe,
-                                   const FilesRead& filesRead, bool isForced);
+                                   bool isRead, bool isForced);
 
 }  // namespace host

@@ -114,6 +114,7 @@ std::vector<Job> ReadJobs(Surroundings& host, const std::vector<std::string>& re
             job.problems = std::exchange(job.recipe.problems, {});
             job.controlFile = SetControlFile(host.bareEngine, job.recipe, job.recipe.controlFolder,
                                              job.recipe.controlExtension);
+            job.controlFileIdentity = FileIdentity(job.controlFile);
         });
     }
     return jobs;
@@ -123,7 +124,7 @@ void RefuseSameFile(std::vector<Job>& jobs) {
     std::map<std::string, std::vector<Job*>> writers;
     for (Job& job : jobs) {
         if (job.IsDone()) {
-            writers[FileIdentity(job.controlFile)].push_back(&job);
+            writers[job.controlFileIdentity].push_back(&job);
         }
     }
     for (const auto& [file, same] : writers) {

@@ -16,6 +16,7 @@ namespace host {
 struct Job {
     Recipe recipe;
     std::filesystem::path controlFile;
+    std::string controlFileIdentity;  ///< its FileIdentity
     Problems problems;
     std::string text;              ///< of the file
     Change change = Change::none;  ///< that the text makes to the file

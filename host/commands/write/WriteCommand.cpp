@@ -44,7 +44,7 @@ public:
 
 private:
     void WriteControlFile(Job& job);
-    void PutInPlace(Job& job);
+    void PutInPlace(Job& job, const fs::path& folder);
     void WriteJobs();
     void Show(const Job& job);
     void ShowSummary();
@@ -62,8 +62,7 @@ private:
 };
 
 /// Puts the text in its place, unless a file that is to be kept has come there meanwhile.
-void Writer::PutInPlace(Job& job) {
-    const fs::path folder = LookAtPlace(job.controlFile).file.parent_path();
+void Writer::PutInPlace(Job& job, const fs::path& folder) {
     if (cleanFolders_.insert(folder).second) {
         RemoveLeftOvers(folder, fs::file_type::regular);
     }
@@ -78,15 +77,15 @@ void Writer::PutInPlace(Job& job) {
 
 void Writer::WriteControlFile(Job& job) {
     MakeText(job, host_.terminal.options);
-    CompareWithPlace(
-        job,
-        LookAtControlFile(job.controlFile, job.recipe, filesRead_, options_.force || options_.keep),
-        options_.keep, options_.diff);
+    const ControlFilePlace there =
+        LookAtControlFile(job.controlFile, job.recipe, filesRead_.contains(job.controlFileIdentity),
+                          options_.force || options_.keep);
+    CompareWithPlace(job, there, options_.keep, options_.diff);
     if (IsInterrupted()) {
         return;  // a signal may have ended a call of the engine
     }
     if (job.WouldChange() && !options_.WritesNothing()) {
-        PutInPlace(job);
+        PutInPlace(job, there.folder);
     }
     job.isFinished = true;
 }
