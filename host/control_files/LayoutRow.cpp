@@ -77,7 +77,7 @@ bool LayoutRow::IsSolverTag() const {
     return line->words == &Data::SolverName;
 }
 
-bool LayoutRow::IsOf(const std::string& keyOfLine) const {
+bool LayoutRow::IsOf(std::string_view keyOfLine) const {
     return IsSolverTag() ? std::ranges::find(tags, keyOfLine) != tags.end() : keyOfLine == key;
 }
 

@@ -23,7 +23,7 @@ struct LayoutRow {
     bool IsSolverTag() const;
 
     /// Whether a line of a file is this row's, be it right or wrong behind its key.
-    bool IsOf(const std::string& keyOfLine) const;
+    bool IsOf(std::string_view keyOfLine) const;
 
     /// The value in a line that is this row with a value of its kind.
     std::optional<std::string_view> ValueIn(std::string_view text) const;

@@ -21,7 +21,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 struct Line {
     std::string_view text;
-    std::string key;
+    std::string_view key;
     bool hasReturn;  ///< it ends in CR LF
 };
 
@@ -36,7 +36,8 @@ std::vector<Line> SplitLines(std::string_view text) {
         std::string_view line = text.substr(0, length);
         const bool hasReturn = line.ends_with('\r');
         line.remove_suffix(hasReturn ? 1 : 0);
-        lines.push_back({line, ControlFileKey(std::string(line)), hasReturn});
+        const std::size_t keyLength = ControlFileKey(std::string(line)).size();
+        lines.push_back({line, line.substr(0, keyLength), hasReturn});
         text.remove_prefix(std::min(length + 1, text.size()));
     } while (!text.empty() && lines.size() < mostLines);
     return lines;
