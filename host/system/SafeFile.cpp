@@ -26,11 +26,7 @@ const std::string& TemporaryStart() {
 /// Whether the process that a temporary name tells of is gone. One with this process's own number
 /// is: numbers are given again, and nothing of this process is there while it looks.
 bool IsLeftOver(std::string_view name) {
-    const std::string& start = TemporaryStart();
-    if (!name.starts_with(start)) {
-        return false;
-    }
-    name.remove_prefix(start.size());
+    name.remove_prefix(TemporaryStart().size());
     unsigned long process = 0;
     const auto end = std::from_chars(name.data(), name.data() + name.size(), process);
     return end.ec == std::errc() && process > 0 &&
@@ -111,13 +107,10 @@ std::string TemporaryName() {
 }
 
 void RemoveLeftOvers(const fs::path& folder, fs::file_type type) {
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const fs::path& path = entry->path();
+    for (const std::string& name : NamesIn(folder, TemporaryStart())) {
+        const fs::path path = folder / PathOf(name);
         std::error_code ignored;
-        if (IsLeftOver(Utf8Of(path.filename())) && IsOwn(path) &&
-            fs::symlink_status(path, ignored).type() == type) {
+        if (IsLeftOver(name) && IsOwn(path) && fs::symlink_status(path, ignored).type() == type) {
             fs::remove_all(path, ignored);
         }
     }

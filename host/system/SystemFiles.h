@@ -3,7 +3,9 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace host {
 
@@ -19,6 +21,9 @@ bool IsOwn(const std::filesystem::path& path);
 
 /// Whether this user may write the file, or put files into the folder.
 std::error_code CheckWritable(const std::filesystem::path& path);
+
+/// The names in a folder that start like this, in UTF-8 and any order; none when it cannot be read.
+std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::string_view start);
 
 /// Makes a folder that only this user can enter. An error when there is one of that name.
 std::error_code MakePrivateFolder(const std::filesystem::path& folder);

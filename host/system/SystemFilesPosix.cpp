@@ -1,5 +1,6 @@
 // POSIX: all steps of a replacement work in one open folder, whatever happens to its path
 // meanwhile.
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,7 +10,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <functional>
-#include <string_view>
+#include <memory>
 
 #include "system/SystemFiles.h"
 
@@ -120,6 +121,19 @@ bool IsOwn(const std::filesystem::path& path) {
 std::error_code CheckWritable(const std::filesystem::path& path) {
     const bool isWritable = faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
     return isWritable ? std::error_code() : LastError();
+}
+
+std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::string_view start) {
+    std::vector<std::string> names;
+    // A path for each entry takes long where a folder has many of others.
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+    const dirent* entry = nullptr;
+    while (entries && (entry = readdir(entries.get())) != nullptr) {
+        if (std::string_view(entry->d_name).starts_with(start)) {
+            names.emplace_back(entry->d_name);
+        }
+    }
+    return names;
 }
 
 std::error_code MakePrivateFolder(const std::filesystem::path& folder) {

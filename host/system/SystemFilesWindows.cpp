@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <functional>
-#include <string_view>
 
 #include "system/SystemFiles.h"
 
@@ -75,6 +74,19 @@ std::error_code CheckWritable(const std::filesystem::path& path) {
                                 (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
                                 (attributes & FILE_ATTRIBUTE_READONLY) != 0;
     return isReadOnlyFile ? std::error_code(EACCES, std::generic_category()) : std::error_code();
+}
+
+std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::string_view start) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::u8string name = entry->path().filename().u8string();
+        if (std::u8string_view(name).starts_with(std::u8string(start.begin(), start.end()))) {
+            names.emplace_back(name.begin(), name.end());
+        }
+    }
+    return names;
 }
 
 std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
