@@ -56,18 +56,28 @@ std::size_t LengthOfString(std::string_view text) {
     return std::min({text.find_first_not_of(text[0], at), at + ownQuotes, text.size()});
 }
 
+/// Whether there is a dash that belongs to no exponent.
+bool IsLikeADate(std::string_view number) {
+    for (std::size_t dash = 1; (dash = number.find('-', dash)) != std::string_view::npos; ++dash) {
+        if (!IsAmong("eE", number[dash - 1])) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Whether a date has its ten characters and no time behind it.
 bool IsPlainDate(std::string_view date, std::string_view behind) {
     const bool hasTime = behind.starts_with(' ') && IsAmong(decimalDigits, behind.back());
-    return date.size() == 10 && date[4] == '-' && date[7] == '-' && !IsAmong(date, '_') &&
-           (behind.empty() || IsAmong(" \t\r\n,]}#", behind[0])) && !hasTime;
+    return date.size() == 10 && date[4] == '-' && date[7] == '-' &&
+           date.find_first_not_of("0123456789-") == std::string_view::npos && !hasTime;
 }
 
-/// A number, or a date: digits and dashes.
+/// A number, or a date.
 Part NumberAt(std::string_view text) {
-    const std::size_t end = std::min(text.find_first_not_of("0123456789-_"), text.size());
+    const std::size_t end = std::min(text.find_first_of(" \t\r\n,]}#="), text.size());
     const std::string_view number = text.substr(0, end);
-    return IsAmong(number, '-') && !IsPlainDate(number, text.substr(end, 2))
+    return IsLikeADate(number) && !IsPlainDate(number, text.substr(end, 2))
                ? Part{end, 0, "no value of a recipe is a date or a time; a text stands in quotes"}
                : Part{end};
 }
@@ -78,7 +88,7 @@ struct Context {
     char before = '\n';      ///< the last character but for spaces and line ends
 
     bool IsInList() const { return before == '[' || before == ','; }
-    bool StartsWord() const { return startsLine || IsAmong("=[,{", before); }
+    bool StartsValue() const { return before == '=' || IsInList(); }
 
     void Pass(char character) {
         startsLine = character == '\n' || (startsLine && IsAmong(spaces, character));
@@ -87,7 +97,7 @@ struct Context {
 };
 
 Part PartAt(std::string_view text, const Context& context) {
-    if (IsAmong(decimalDigits, text[0]) && context.StartsWord()) {
+    if (IsAmong(decimalDigits, text[0]) && context.StartsValue()) {
         return NumberAt(text);
     }
     switch (text[0]) {
