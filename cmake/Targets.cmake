@@ -103,7 +103,7 @@ endfunction()
 function(zorbi2_count_lines target)
     if(ZORBI2_COVERAGE)
         # Not those of other libraries' headers, whose counts make each run of a program longer.
-        target_compile_options(${target} PRIVATE --coverage -fprofile-abs-path
+        target_compile_options(${target} PRIVATE --coverage -fprofile-abs-path -fprofile-update=atomic
                                -fprofile-exclude-files=/usr/.*|.*/host-libraries/.*)
         target_link_options(${target} PUBLIC --coverage)
     endif()
