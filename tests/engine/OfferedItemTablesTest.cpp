@@ -181,6 +181,15 @@ void Offer(OpenProject& project, int solver, int meshKind, int annealing) {
 
 }  // namespace
 
+TEST(OfferedItems, OfAVoxelProjectAreThoseOfOtherSolidProjectsOrNone) {
+    // `zorbi2 check` asks about other projects alone.
+    for (const auto& [solver, row] : solidVoxelOffers) {
+        for (std::size_t mesh = 0; mesh < row.size(); ++mesh) {
+            EXPECT_THAT(row[mesh], testing::AnyOf("-", solidOffers.at(solver)[mesh])) << solver;
+        }
+    }
+}
+
 TEST(OfferedItems, OfSolidProjectsForEveryStatus) {
     for (const int voxelFlag : {0, 2, 256}) {
         for (const int projectType : projectTypes) {

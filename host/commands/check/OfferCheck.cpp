@@ -108,8 +108,8 @@ private:
 
     void CheckItems() {
         const ItemIds found = ItemsIn(file_);
-        const std::vector<ItemIds> offers = kind_.OffersFor(status_);
-        if (std::ranges::find(offers, found) != offers.end()) {
+        const ItemIds offered = kind_.OfferedFor(status_);
+        if (found == offered) {
             return;
         }
         if (found.empty()) {
@@ -119,9 +119,7 @@ private:
             return Warn("SolverName", "the item lines are those of " + TargetInWords(*other) +
                                           ", not those of " + Offer());
         }
-        const auto nearest = std::ranges::min_element(
-            offers, {}, [&found](const ItemIds& offer) { return Difference(offer, found).size(); });
-        TellDifference(found, *nearest);
+        TellDifference(found, offered);
     }
 
     void TellDifference(const ItemIds& found, const ItemIds& offer) {

@@ -1,14 +1,13 @@
 // What the engine offers to all projects of a kind. A control file tells its kind by two numbers.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <set>
-#include <vector>
 
 #include <zorbi2/CZorbI2EngineManager.h>
+#include <zorbi2/SolverSlot.h>
 
 namespace host {
 
@@ -22,15 +21,14 @@ using ItemIds = std::set<std::int32_t>;
 
 class ProjectKind {
 public:
-    /// Creates engines for projects without results: the offer does not depend on them.
+    /// Creates an engine for a project without results: the offer does not depend on them.
     ProjectKind(std::int32_t solverType, std::int32_t projectType);
 
     bool OffersSolver(std::int32_t solver) const;
     bool OffersMesh(std::int32_t solver, std::int32_t meshKind) const;
 
-    /// The items with a line that are offered for a status: one set for each engine that offers the
-    /// mesh kind, or for each when none does.
-    std::vector<ItemIds> OffersFor(const Status& status);
+    /// The items with a line that are offered for a status.
+    ItemIds OfferedFor(const Status& status);
 
     /// A status for which exactly these items are offered, if there is one.
     std::optional<Status> StatusWith(const ItemIds& items);
@@ -43,9 +41,11 @@ private:
     const std::map<ItemIds, Status>& Statuses();
     void AddStatusesOf(std::int32_t solver);
 
-    /// Two engines: voxel projects offer less, and a control file does not tell whether it is of
-    /// one.
-    std::array<CZorbI2EngineManager, 2> managers_;
+    /// Null when the solver is not offered.
+    const SolverSlot* SlotOf(std::int32_t solver) const;
+
+    /// Not of a voxel project: such a one offers nothing else, and a file does not tell.
+    CZorbI2EngineManager manager_;
     std::map<ItemIds, Status> statuses_;  ///< empty until they are asked for
 };
 
