@@ -71,6 +71,16 @@ class Diff(ProgramTest):
         self.assertEqual([line for line in text.splitlines() if line.startswith("@@")], [
             "@@ -3,7 +3,6 @@", f"@@ -{len(lines) - 2},4 +{len(lines) - 3},4 @@"])
 
+    def test_parts_that_touch_are_one(self):
+        self.write()
+        lines = self.file.read_bytes().splitlines(keepends=True)
+        for between, parts in ((6, ["@@ -3,14 +3,12 @@"]),
+                               (7, ["@@ -3,7 +3,6 @@", "@@ -11,7 +10,6 @@"])):
+            self.file.write_bytes(b"".join(lines[:5] + [b"more\n"] + lines[5:5 + between] +
+                                           [b"and more\n"] + lines[5 + between:]))
+            self.assertEqual([line for line in self.write("--diff").splitlines()
+                              if line.startswith("@@")], parts)
+
     def test_of_a_file_that_lacks_its_first_line_nothing_else_changes(self):
         self.write()
         self.file.write_bytes(self.file.read_bytes().split(b"\n", 1)[1])

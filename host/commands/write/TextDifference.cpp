@@ -107,7 +107,8 @@ std::string TextDifference(const std::string& oldName, const std::string& oldTex
     for (std::size_t change = nextChange(0); change < lines.size();) {
         const std::size_t start = change - std::min(change, context);
         std::size_t last = change;
-        while (change < lines.size() && change <= last + 2 * context) {  // parts that touch are one
+        while (change < lines.size() &&
+               change <= last + 2 * context + 1) {  // parts that touch are one
             last = change;
             change = nextChange(change + 1);
         }
