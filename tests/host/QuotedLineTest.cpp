@@ -23,8 +23,8 @@ std::string Repeated(const std::string& text, int times) {
 
 TEST(QuotedLine, ShowsCharactersBesideTheInvisibleOnesAsTheyAre) {
     for (const std::string visible :
-         {" .", "~", "\u00A1", "\u00AC", "\u00AE", "\u1FFE", "\u2010", "\u2027", "\u2030", "\u205E",
-          "\u2070", "\u2FFB", "\u3001", "\uFE70", "\uFF01", "\U00010000", "\U0010FFFD"}) {
+         {" .", "~", "\u00A1", "\u00AC", "\u00AE", "\u0905", "\u1FFE", "\u2010", "\u2027", "\u2030",
+          "\u205E", "\u2070", "\u2FFB", "\u3001", "\uFE70", "\uFF01", "\U00010000", "\U0010FFFD"}) {
         EXPECT_EQ(QuotedLine(visible), '"' + visible + '"');
     }
 }

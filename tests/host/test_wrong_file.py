@@ -43,6 +43,21 @@ class WrongFile(ProgramTest):
                                   done.stderr)
                     self.assertEqual(file.read_text(encoding="utf-8"), right)
 
+    def test_what_differs_is_told(self):
+        self.make_run()
+        self.make_recipe(PROJECT + 'type = 0\n[target]\nsolver = "ANSYS"\nmesh = "original"\n')
+        runner = "IsRunnerOutput =                {}   (0:off,1:on)"
+        last = "DigimatTemperatureOutput =\t0   (0:off,1:on)"
+        more = "IsAnnealingstressOutput =\t0   (0:off,1:on)"
+        rows = (
+            (runner.format(0), runner.format(1) + "\n", 'IsRunnerOutput is "1", but should be "0"'),
+            (runner.format(0), "", 'IsRunnerOutput is missing, but should be "0"'),
+            (last, f"{last}\n{more}\n", "IsAnnealingstressOutput is there, but should not be"))
+        for line, instead, told in rows:
+            done = self.write("cover.toml", line, instead)
+            self.check(done, 3, "", f"cover.toml: {self.folder / 'Cover02.cmi'}: cannot be "
+                                    f"written: not what was asked for: {told}\n")
+
     def test_every_line_of_the_example(self):
         recipe = (EXAMPLE / "cover.toml").read_text(encoding="utf-8")
         recipe = recipe.replace('"Run02"', f"'{EXAMPLE / 'Run02'}'")
