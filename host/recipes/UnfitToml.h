@@ -14,8 +14,8 @@ struct UnfitToml {
     const char* reason;
 };
 
-/// The first such place. None of them is valid TOML, but for dates with a time, which no recipe
-/// has, and for keys that start like one.
+/// The first such place. None of them is valid TOML, but for what no recipe has: dates with a time,
+/// and keys like dates behind the comma of an inline table.
 std::optional<UnfitToml> FindUnfitToml(std::string_view text);
 
 }  // namespace host

@@ -67,7 +67,6 @@ std::string ReadFile(const fs::path& file, const Place& place) {
     if (fs::exists(status) && !isFolder && !fs::is_regular_file(status)) {
         Fail(place, "cannot be read: a pipe or a device, and no file", ExitCode::fileTrouble);
     }
-    errno = 0;
     std::ifstream stream(file, std::ios::binary);
     std::string bytes = ReadBytes(stream, largestFile + 1);
     if (!stream.eof() || isFolder) {
@@ -79,7 +78,6 @@ std::string ReadFile(const fs::path& file, const Place& place) {
 
 std::string ReadStandardInput(const Place& place) {
     std::string bytes(largestFile + 1, '\0');
-    errno = 0;
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stdin));  // std::cin hides errors
     if (std::ferror(stdin) != 0 || bytes.size() > largestFile) {
         FailFor(bytes.size() > largestFile ? EFBIG : errno, place, "cannot be read");
