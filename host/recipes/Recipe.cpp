@@ -142,8 +142,7 @@ struct Reader {
     }
 
     std::string Path() const {
-        const bool hasControl = node->is_string() && std::ranges::any_of(Word(), IsControl);
-        const std::string path = Text(hasControl ? singleQuotesHint : "");
+        const std::string path = Text(node->is_string() ? singleQuotesHint : "");
         if (path.starts_with('~')) {
             Refuse(place, Quoted(path) + R"( starts with "~", which is not expanded; write the )" +
                               "whole path");
