@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <iterator>
 #include <limits>
 #include <string_view>
@@ -33,20 +34,36 @@ constexpr bool EachItemHasItsLine() {
 }
 static_assert(EachItemHasItsLine());
 
-/// The texts of a line before and after its value.
+/// What a line prints before or after its value. All have the same number of bytes, so that copying
+/// one takes a few moves and no call.
+struct Piece {
+    std::array<char, 48> bytes{};
+    std::size_t size = 0;
+};
+
+constexpr Piece PieceOf(std::string_view text, std::string_view end = {}) {
+    Piece piece;
+    for (const std::string_view part : {text, end}) {
+        for (const char character : part) {
+            piece.bytes.at(piece.size++) = character;
+        }
+    }
+    return piece;
+}
+
 struct FixedTexts {
-    std::string_view before;
-    std::string_view after;
+    Piece before;
+    Piece after;  ///< with the line end
 };
 
 constexpr FixedTexts FixedTextsOf(const ControlFileLine& line) {
     const std::string_view format = line.text;
     if (line.value == ControlFileValue::none) {
-        return {format, {}};
+        return {PieceOf(format), PieceOf("\n")};
     }
     const std::size_t conversion = format.find('%');
-    return {format.substr(0, conversion),
-            format.substr(format.find_first_of("dsf", conversion) + 1)};
+    return {PieceOf(format.substr(0, conversion)),
+            PieceOf(format.substr(format.find_first_of("dsf", conversion) + 1), "\n")};
 }
 
 /// By line.
@@ -65,11 +82,14 @@ public:
         }
     }
 
-    void Append(std::string_view piece) {
-        piece.copy(End(), piece.size());
-        size_ += piece.size();
+    void Append(const Piece& piece) {
+        std::memcpy(End(), piece.bytes.data(), sizeof piece.bytes);
+        size_ += piece.size;
     }
-    void Append(char character) { bytes_[size_++] = character; }
+    void Append(std::string_view text) {
+        text.copy(End(), text.size());
+        size_ += text.size();
+    }
     void Append(std::int32_t number) {
         size_ = std::to_chars(End(), End() + longestNumber, number).ptr - bytes_.data();
     }
@@ -101,14 +121,8 @@ std::string_view UpToNul(const std::string& text) {
     return text.c_str();
 }
 
-/// Of what is printed around a value, with the line end.
-constexpr std::size_t longestFixedTexts = 100;
-static_assert(std::ranges::all_of(fixedTexts, [](const FixedTexts& texts) {
-    return texts.before.size() + texts.after.size() < longestFixedTexts;
-}));
-
 /// Room for a line with any value but a text, which makes its own.
-constexpr std::size_t roomForLine = longestFixedTexts + platform::kLongestDecimal;
+constexpr std::size_t roomForLine = sizeof(FixedTexts) + platform::kLongestDecimal;
 static_assert(platform::kLongestDecimal > GrowingText::longestNumber);
 
 void AppendText(GrowingText& text, std::string_view value) {
@@ -175,7 +189,6 @@ std::string CMIFileText(const CZorbI2CMIData& data, std::initializer_list<ItemGr
             text.Append(fixedTexts[row].before);
             AppendValue(text, line, data);
             text.Append(fixedTexts[row].after);
-            text.Append('\n');
         }
     }
     return std::move(text).Text();
