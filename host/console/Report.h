@@ -8,6 +8,8 @@
 
 namespace host {
 
+/// A list or object is made before anything is put into it: when memory runs out while a null value
+/// becomes one by itself, its destructor ends the program.
 using Json = nlohmann::ordered_json;
 
 Json JsonOf(const Problems& problems);

@@ -160,6 +160,7 @@ void AddWhatTheFileSays(Json& entry, const ControlFile& file, const CZorbI2Engin
     entry["solver"] = file.at("SolverName");
     entry["mesh"] = MeshOf(file);
     entry["items"] = ItemsOf(file, engine);
+    entry["states"] = Json::object();
     for (const auto& [itemId, name] : shortNames) {
         entry["states"][name] = StateOf(itemId, file);
     }
@@ -170,11 +171,8 @@ void AddWhatTheFileSays(Json& entry, const ControlFile& file, const CZorbI2Engin
 
 Json EntryOf(Job& job, Surroundings& host, const FilesRead& recipesRead) {
     const GeneralOptions& options = host.terminal.options;
-    Json offer = Json::object();
     const bool isRead = !job.controlFile.empty();
-    if (isRead) {
-        offer = TargetOf(job.recipe, host.names);
-    }
+    Json offer = Json::object();  // stays empty unless all of it is there
     Attempt(job, options, [&] {
         CheckRun(job.recipe);
         CheckFilesOfRun(job.recipe);
@@ -187,12 +185,16 @@ Json EntryOf(Job& job, Surroundings& host, const FilesRead& recipesRead) {
                                   recipesRead.contains(job.controlFileIdentity), false),
                 false, true);
         });
-        offer.update(OfferOf(job.recipe, session));
+        Json found = OfferOf(job.recipe, session);
         if (job.IsDone()) {
-            AddWhatIsAskedFor(offer, session.Asked());
+            AddWhatIsAskedFor(found, session.Asked());
         }
+        offer = std::move(found);
     });
     Json entry = JsonOf(job, "compared", true, true);
+    if (isRead) {
+        entry.update(TargetOf(job.recipe, host.names));
+    }
     entry.update(offer);
     return entry;
 }

@@ -110,7 +110,7 @@ Json GroupsOf(const Json& entry) {
     for (Json item : Part(entry, "items")) {
         const std::string group = item.value("group", "In the file");
         if (groups.empty() || groups.back()["group"] != group) {
-            groups.push_back({{"group", group}});
+            groups.push_back({{"group", group}, {"items", Json::array()}});
         }
         const std::string state = entry["states"][item["name"].get<std::string>()];
         item["state"] = state;
@@ -187,6 +187,7 @@ Json MatrixOf(const Json& entry, const CZorbI2Engine& engine) {
         return false;
     }
     Json matrix = MatrixHeads(entry);
+    matrix["rows"] = Json::array();
     for (const auto& [itemId, name] : shortNames) {
         Json cells = Json::array();
         for (const Json& column : entry["matrix"]) {
@@ -324,6 +325,7 @@ std::string Page::Text(const Json& summary) const {
     view["itemHeads"] = ItemHeads(engine_);
     view["rows"] = failedRows_ + rows_;
     view["details"] = details_;
+    view["meanings"] = Json::array();
     for (const auto& [key, meaning] : LineMeanings(engine_)) {
         view["meanings"].push_back(
             {{"number", view["meanings"].size()}, {"key", key}, {"meaning", meaning}});
