@@ -1,6 +1,7 @@
-// The least that a program does which writes a control parameter file and sees it reach the disk:
-// `zorbi2 write` is measured beside it. Uses the C library alone.
-//   zorbi2_bare_write FILE
+// The least that a program does which makes a control parameter file and sees it reach the disk, its
+// folder included: `zorbi2 write` is measured beside it. Uses the C library alone.
+//   zorbi2_bare_write FILE    into the current folder
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -16,5 +17,6 @@ int main(int count, char** arguments) {
     std::fputs(text, file);
     std::fflush(file);
     fsync(fileno(file));
+    fsync(open(".", O_RDONLY | O_DIRECTORY));
     return std::fclose(file);
 }

@@ -142,12 +142,13 @@ def seconds(command, folder):
 def print_one_recipe(build, folder):
     with tempfile.TemporaryDirectory(dir=folder) as temporary:
         recipes = make_recipes(Path(temporary), 1)
-        commands = {"bare": [build / "bin/zorbi2_bare_write", "out.cmi"],
-                    "write": [build / "bin/zorbi2", "write", "--force", *recipes]}
+        commands = {"bare": [build / "bin/zorbi2_bare_write", "Cover00.cmi"],
+                    "write": [build / "bin/zorbi2", "write", *recipes]}
         times = {name: [] for name in commands}
         for _ in range(100):
             for name, command in commands.items():
                 times[name].append(seconds(command, temporary))
+                (Path(temporary) / "Cover00.cmi").unlink()
     bare, write = (statistics.median(times[name]) for name in commands)
     print(f"    one recipe              {write * 1000:10.2f} ms"
           f"{write / bare:10.2f} times a bare program that writes one file")
