@@ -1,5 +1,5 @@
-// The least that a program does which makes a control parameter file and sees it reach the disk, its
-// folder included: `zorbi2 write` is measured beside it. Uses the C library alone.
+// The least that a program does which makes a control parameter file and sees it reach the disk,
+// its folder included: `zorbi2 write` is measured beside it. Uses the C library alone.
 //   zorbi2_bare_write FILE    into the current folder
 #include <fcntl.h>
 #include <unistd.h>
