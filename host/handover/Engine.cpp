@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdio>
 #include <new>
 
 #include "handover/Offers.h"
@@ -22,6 +23,14 @@ bool IsWhole(const CZorbI2Engine& engine) {
     return std::ranges::none_of(engine.items, [](const auto& item) { return item == nullptr; });
 }
 
+/// The engine's debug files, which it leaves in the scratch folder. If the next engine wrote them
+/// anew, file systems would bring them to the disk each time, as what replaces something.
+void RemoveDebugFiles() {
+    for (const char* const file : {"ThermalTest.txt", "ShellIniStrain.txt"}) {
+        std::remove(file);
+    }
+}
+
 }  // namespace
 
 void CreateEngine(CZorbI2EngineManager& manager, CZorbFEAInformation project) {
@@ -32,6 +41,7 @@ void CreateEngine(CZorbI2EngineManager& manager, CZorbFEAInformation project) {
         !manager.CreateCMIAccess() || !IsWhole(*manager.engine)) {
         throw std::bad_alloc();
     }
+    RemoveDebugFiles();
 }
 
 Names AskNames(const CZorbI2Engine& engine) {
