@@ -24,20 +24,21 @@ std::vector<std::string> TagsOf(const LayoutRow& row) {
 }
 
 /// The row of a line in a section; the header's values go by their keys alone.
-LayoutRow RowOf(const ControlFileLine& line, const std::string& section) {
-    const std::string text = line.text;
-    LayoutRow row{&line, ControlFileKey(text), {}, text, {}, {}, {}};
+LayoutRow RowOf(const ControlFileLine& line, std::string_view section) {
+    const std::string_view text = line.text;
+    LayoutRow row{&line, ControlFileKeyOf(text), {}, text, {}, {}, {}};
     row.name = row.IsSolverTag()       ? "SolverName"
                : section == "[HEADER]" ? row.key
-                                       : section + " " + row.key;
+                                       : std::string(section).append(" ").append(row.key);
     if (line.value != ControlFileValue::none) {
         const std::size_t value = text.find('%');
         row.before = text.substr(0, value);
         row.after = text.substr(text.find_first_of("dfs", value) + 1);
     }
     if (line.number == &Data::FileVersion) {
-        row.before = row.With(std::to_string(kControlFileVersion));
-        row.after.clear();
+        static const std::string version = row.With(std::to_string(kControlFileVersion));
+        row.before = version;
+        row.after = {};
     }
     if (ControlFileRange range{}; GetControlFileRange(line, &range)) {
         row.range = range;
@@ -91,8 +92,8 @@ std::optional<std::string_view> LayoutRow::ValueIn(std::string_view text) const 
     return fits ? std::optional(value) : std::nullopt;
 }
 
-std::string LayoutRow::With(const std::string& value) const {
-    return before + value + after;
+std::string LayoutRow::With(std::string_view value) const {
+    return std::string(before).append(value).append(after);
 }
 
 std::string LayoutRow::InWords() const {
@@ -114,14 +115,14 @@ std::string LayoutRow::RangeAgainst(std::string_view value) const {
         return {};
     }
     const std::size_t start = after.find('(') + 1;
-    return after.substr(start, after.find(')') - start);
+    return std::string(after.substr(start, after.find(')') - start));
 }
 
 const std::vector<LayoutRow>& Layout() {
     static const std::vector<LayoutRow> rows = [] {
         std::vector<LayoutRow> all;
         all.reserve(std::size(kControlFileLines));
-        std::string section = "[HEADER]";
+        std::string_view section = "[HEADER]";
         for (const ControlFileLine& line : kControlFileLines) {
             all.push_back(RowOf(line, section));
             const LayoutRow& row = all.back();

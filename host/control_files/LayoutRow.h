@@ -12,10 +12,10 @@ namespace host {
 
 struct LayoutRow {
     const ControlFileLine* line;
-    std::string key;                        ///< ControlFileKey of the line
+    std::string_view key;                   ///< of the line
     std::string name;                       ///< of its value in a ControlFile
-    std::string before;                     ///< text before the value; all of a fixed text
-    std::string after;                      ///< text behind the value
+    std::string_view before;                ///< text before the value; all of a fixed text
+    std::string_view after;                 ///< text behind the value
     std::optional<ControlFileRange> range;  ///< that the row prints
     std::vector<std::string> tags;          ///< keys of a solver tag: of each solver's, or none
 
@@ -29,7 +29,7 @@ struct LayoutRow {
     std::optional<std::string_view> ValueIn(std::string_view text) const;
 
     /// The row with a value in its place.
-    std::string With(const std::string& value) const;
+    std::string With(std::string_view value) const;
 
     /// The row for a message: its text, or an example with some value.
     std::string InWords() const;

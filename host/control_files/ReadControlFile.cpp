@@ -36,8 +36,7 @@ std::vector<Line> SplitLines(std::string_view text) {
         std::string_view line = text.substr(0, length);
         const bool hasReturn = line.ends_with('\r');
         line.remove_suffix(hasReturn ? 1 : 0);
-        const std::size_t keyLength = ControlFileKey(std::string(line)).size();
-        lines.push_back({line, line.substr(0, keyLength), hasReturn});
+        lines.push_back({line, ControlFileKeyOf(line), hasReturn});
         text.remove_prefix(std::min(length + 1, text.size()));
     } while (!text.empty() && lines.size() < mostLines);
     return lines;

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 #include "CZorbI2CMIData.h"
@@ -181,12 +182,19 @@ constexpr ControlFileLine kControlFileLines[] = {
 // clang-format on
 
 /// What identifies a line: a tag up to its closing bracket, otherwise the text before "=" without
-/// trailing spaces and tabs. Works for lines of the table and of a file.
-inline std::string ControlFileKey(const std::string& line) {
+/// trailing spaces and tabs. Works for lines of the table and of a file. `Text` is std::string or
+/// std::string_view.
+template <typename Text>
+Text ControlFileKeyOf(const Text& line) {
     const bool isTag = !line.empty() && line[0] == '[';
     const std::size_t end = line.find(isTag ? ']' : '=');
-    std::string key = line.substr(0, isTag && end != std::string::npos ? end + 1 : end);
-    return key.erase(key.find_last_not_of(" \t") + 1);
+    const Text key = line.substr(0, isTag && end != Text::npos ? end + 1 : end);
+    return key.substr(0, key.find_last_not_of(" \t") + 1);
+}
+
+/// The same for a line in any form that a std::string takes.
+inline std::string ControlFileKey(const std::string& line) {
+    return ControlFileKeyOf(line);
 }
 
 /// The line of an item; null for an item without one.
@@ -208,13 +216,12 @@ struct ControlFileRange {
 
 /// Whether the line prints a range, which is then stored in `*range`.
 inline bool GetControlFileRange(const ControlFileLine& line, ControlFileRange* range) {
-    const std::string text = line.text;
-    const std::size_t start = text.find('(');
-    const std::size_t middle = text.find_first_of("~,", start);
-    if (line.value != ControlFileValue::number || middle == std::string::npos) {
+    const char* const start = std::strchr(line.text, '(');
+    const char* const middle = start != nullptr ? std::strpbrk(start, "~,") : nullptr;
+    if (line.value != ControlFileValue::number || middle == nullptr) {
         return false;
     }
-    range->lowest = static_cast<std::int32_t>(std::atoi(text.c_str() + start + 1));
-    range->highest = static_cast<std::int32_t>(std::atoi(text.c_str() + middle + 1));
+    range->lowest = static_cast<std::int32_t>(std::atoi(start + 1));
+    range->highest = static_cast<std::int32_t>(std::atoi(middle + 1));
     return true;
 }

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/support/CMIDataFields.h"
@@ -215,6 +216,13 @@ TEST(ControlFileFormat, FindsTheKeyOfALineOfAFile) {
               "I2-Output Control Parameter File");
     EXPECT_EQ(ControlFileKey("  "), "");
     EXPECT_EQ(ControlFileKey(""), "");
+}
+
+TEST(ControlFileFormat, FindsTheKeyOfAViewWithoutACopy) {
+    const std::string_view line = "Segment X \t = 80";
+    const std::string_view key = ControlFileKeyOf(line);
+    EXPECT_EQ(key, "Segment X");
+    EXPECT_EQ(key.data(), line.data());
 }
 
 TEST(ControlFileFormat, HasAKeywordForEachSolver) {

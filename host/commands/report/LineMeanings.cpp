@@ -114,7 +114,7 @@ std::vector<LineMeaning> LineMeanings(const CZorbI2Engine& engine) {
     for (const LayoutRow& row : Layout()) {
         const std::int32_t itemId = row.line->itemId;
         meanings.push_back({row.IsSolverTag() ? row.InWords()
-                            : row.IsFixed()   ? row.key
+                            : row.IsFixed()   ? std::string(row.key)
                                               : row.name,
                             itemId >= 0 ? MeaningOf(*engine.items[itemId]) : (next++)->meaning});
     }
@@ -130,7 +130,7 @@ std::vector<NumberedLine> ExplainedLines(std::string_view text) {
         std::string line(text.substr(0, length));
         text.remove_prefix(std::min(length + 1, text.size()));
         line.resize(line.size() - (line.ends_with('\r') ? 1 : 0));
-        const std::string key = ControlFileKey(line);
+        const std::string_view key = ControlFileKeyOf<std::string_view>(line);
         const auto row = std::find_if(next, layout.end(),
                                       [&key](const LayoutRow& one) { return one.IsOf(key); });
         const bool isKnown = row != layout.end();
