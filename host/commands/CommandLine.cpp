@@ -30,12 +30,8 @@ void AddGeneralOptions(CLI::App& app, GeneralOptions& options) {
     app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION);
 }
 
-/// A command that no word names needs no more than its line in the help.
-void AddCommand(CLI::App& app, const Command& row, bool isNamed, CommandCall& call) {
+void AddCommand(CLI::App& app, const Command& row, CommandCall& call) {
     CLI::App& command = *app.add_subcommand(row.name, row.purpose);
-    if (!isNamed) {
-        return;
-    }
     command.footer(
         std::string("--json, --trace, --quiet, --strict: see zorbi2 --help\n\nExample:\n  ") +
         row.example);
@@ -45,6 +41,19 @@ void AddCommand(CLI::App& app, const Command& row, bool isNamed, CommandCall& ca
         call.options.command = name;
         call.run = run;
     });
+}
+
+/// The commands that the words name, or all when they name none. Each takes long to make.
+void AddCommands(CLI::App& app, const std::vector<std::string>& arguments, CommandCall& call) {
+    const auto isNamed = [&arguments](const Command& row) {
+        return std::ranges::count(arguments, row.name) > 0;
+    };
+    const bool namesNone = std::ranges::none_of(Commands(), isNamed);
+    for (const Command& row : Commands()) {
+        if (namesNone || isNamed(row)) {
+            AddCommand(app, row, call);
+        }
+    }
 }
 
 /// "init, items, write or check".
@@ -121,9 +130,7 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Com
     app.allow_windows_style_options(false);  // a path may start with a slash
     app.footer(exitCodes);
     AddGeneralOptions(app, call.options);
-    for (const Command& row : Commands()) {
-        AddCommand(app, row, std::ranges::count(arguments, row.name) > 0, call);
-    }
+    AddCommands(app, arguments, call);
     if (!arguments.empty() && arguments[0] == "complete") {  // not in the help: for shells
         for (const std::string& word : Completions(app, {arguments.begin() + 1, arguments.end()})) {
             std::cout << word << '\n';

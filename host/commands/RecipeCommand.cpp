@@ -30,7 +30,7 @@ void CheckFilesOfRun(const Recipe& recipe) {
 }
 
 void CheckOpenFileLimit(std::size_t recipes) {
-    const std::size_t possible = RaiseOpenFileLimit();
+    const std::size_t possible = RaiseOpenFileLimit(recipes);
     if (recipes > possible) {
         Fail({},
              std::to_string(recipes) +

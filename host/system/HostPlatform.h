@@ -24,8 +24,8 @@ std::string FromEngineText(const std::string& text);
 std::string FileIdentity(const std::filesystem::path& file);
 
 /// Raises the number of files that the process may have open as far as it may. Returns how many
-/// the engine may open.
-std::size_t RaiseOpenFileLimit();
+/// the engine may open, which is counted no further than `wanted`.
+std::size_t RaiseOpenFileLimit(std::size_t wanted);
 
 enum class Stream { output, errors };
 

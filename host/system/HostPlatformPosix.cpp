@@ -60,28 +60,27 @@ std::string FileIdentity(const std::filesystem::path& file) {
 
 namespace {
 
-/// The standard streams, and what else the process was born with.
-std::size_t OpenFiles() {
-    std::error_code error;
-    std::size_t count = 0;
-    for (std::filesystem::directory_iterator file("/dev/fd", error), end; !error && file != end;
-         file.increment(error)) {
-        ++count;
+/// How many files a process with this limit can open, counted up to `enough`. It may have been born
+/// with more than the standard streams.
+std::size_t FilesLeft(rlim_t limit, std::size_t enough) {
+    std::size_t left = 0;
+    for (int number = 0; static_cast<rlim_t>(number) < limit && left < enough; ++number) {
+        left += fcntl(number, F_GETFD) == -1 ? 1 : 0;
     }
-    return count - std::min<std::size_t>(count, 1);  // without the folder that is listed
+    return left;
 }
 
 }  // namespace
 
-std::size_t RaiseOpenFileLimit() {
+std::size_t RaiseOpenFileLimit(std::size_t wanted) {
     constexpr std::size_t filesAtWork = 13;
-    const rlim_t kept = OpenFiles() + filesAtWork;
     struct rlimit limit {};
     getrlimit(RLIMIT_NOFILE, &limit);
     const rlim_t before = limit.rlim_cur;
     limit.rlim_cur = limit.rlim_max;
     const rlim_t now = setrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur : before;
-    return now > kept ? now - kept : 0;
+    const std::size_t left = FilesLeft(now, wanted + filesAtWork);
+    return left > filesAtWork ? left - filesAtWork : 0;
 }
 
 std::size_t TerminalColumns(Stream stream) {

@@ -99,7 +99,7 @@ std::string FileIdentity(const std::filesystem::path& file) {
     return Utf8Text(name);
 }
 
-std::size_t RaiseOpenFileLimit() {
+std::size_t RaiseOpenFileLimit(std::size_t /*wanted*/) {
     constexpr int keptForTheHost = 16;
     constexpr int largest = 8192;  // the runtime's own limit
     _setmaxstdio(largest);

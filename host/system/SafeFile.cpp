@@ -1,11 +1,10 @@
 #include "system/SafeFile.h"
 
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <random>
-#include <sstream>
 #include <string_view>
 
 #include "system/Paths.h"
@@ -100,10 +99,11 @@ std::string MakeFile(const fs::path& file, const std::string& bytes) {
 }
 
 std::string TemporaryName() {
-    static std::random_device random;  // one: to find out what the processor has takes long
-    std::ostringstream name;
-    name << TemporaryStart() << ProcessNumber() << '-' << std::hex << random() << random();
-    return name.str();
+    std::array<char, 2 * sizeof(std::uint64_t)> digits{};
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), RandomNumber(), 16).ptr;
+    return TemporaryStart() + std::to_string(ProcessNumber()) + '-' +
+           std::string(digits.data(), end);
 }
 
 void RemoveLeftOvers(const fs::path& folder, fs::file_type type) {

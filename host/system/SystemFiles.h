@@ -1,6 +1,7 @@
 // What safe files need from the system beyond the standard library: one source per system.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -12,6 +13,9 @@ namespace host {
 /// This machine and this process, as names of temporary files carry them: "5f3a0c12-4711".
 std::string MachineMark();
 unsigned long ProcessNumber();
+
+/// A number that nobody can guess.
+std::uint64_t RandomNumber();
 
 /// Whether a process of this machine still runs. Yes when that cannot be known.
 bool IsRunning(unsigned long process);

@@ -109,6 +109,16 @@ unsigned long ProcessNumber() {
     return static_cast<unsigned long>(getpid());
 }
 
+std::uint64_t RandomNumber() {
+    // The standard library would ask the processor what it can do first, which takes long on
+    // virtual machines.
+    std::uint64_t number = 0;
+    if (getentropy(&number, sizeof number) != 0) {
+        throw std::system_error(LastError());
+    }
+    return number;
+}
+
 bool IsRunning(unsigned long process) {
     return kill(static_cast<pid_t>(process), 0) == 0 || errno != ESRCH;
 }

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <functional>
+#include <random>
 
 #include "system/SystemFiles.h"
 
@@ -50,6 +51,11 @@ std::string MachineMark() {
 
 unsigned long ProcessNumber() {
     return GetCurrentProcessId();
+}
+
+std::uint64_t RandomNumber() {
+    std::random_device random;
+    return std::uint64_t{random()} << 32 | random();
 }
 
 bool IsRunning(unsigned long process) {

@@ -15,9 +15,10 @@ FILE = "Cover02.cmi"
 # Every so many of a command's calls fail for good too: 1 tries all of them.
 STEP = int(os.environ.get("ZORBI2_CALLS_STEP", "5"))
 OLD = "I2-Output Control Parameter File\n"
-# What a program asks of the system for files. Not close, whose failure leaves the file open.
+# What a program asks of the system for files and their names. Not close, whose failure leaves the
+# file open.
 CALLS = ("openat read write newfstatat getdents64 getcwd chdir mkdir faccessat2 access readlink "
-         "fchown fchmod fsync linkat renameat unlink unlinkat rmdir ioctl").split()
+         "fchown fchmod fsync linkat renameat unlink unlinkat rmdir ioctl getrandom").split()
 
 
 @unittest.skipUnless(STRACE and not ON_WINDOWS and os.environ["ZORBI2_BUILD_TYPE"] == "Release",
