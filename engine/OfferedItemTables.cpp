@@ -1,5 +1,6 @@
 #include "engine/OfferedItemTables.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <span>
@@ -10,55 +11,55 @@ namespace {
 
 using Ids = std::span<const std::int32_t>;
 
-/// Two items of the part belong to one project type alone.
-constexpr bool HasItem(std::int32_t projectType, std::int32_t itemId) {
-    switch (itemId) {
-        case kItemDigimatMucell:
-            return projectType == kProjectTypeMucell;
-        case kItemAnnealingStress:
-            return projectType == kProjectTypeAnnealing;
-        default:
-            return true;
+/// Items of the part that one project type has alone.
+struct ItemOfOneType {
+    std::int32_t itemId;
+    std::int32_t projectType;
+};
+constexpr auto itemsOfOneType = std::to_array<ItemOfOneType>({
+    {kItemDigimatMucell, kProjectTypeMucell},
+    {kItemAnnealingStress, kProjectTypeAnnealing},
+});
+
+/// The row of all project types that have none alone.
+constexpr std::size_t otherTypes = itemsOfOneType.size();
+
+constexpr std::size_t RowOfType(std::int32_t projectType) {
+    std::size_t row = 0;
+    while (row < otherTypes && itemsOfOneType[row].projectType != projectType) {
+        ++row;
     }
+    return row;
 }
 
-/// Those of the items that a project type has.
-struct ItemsOfType {
-    consteval ItemsOfType(std::initializer_list<std::int32_t> items, std::int32_t projectType) {
-        for (const std::int32_t itemId : items) {
-            if (HasItem(projectType, itemId)) {
-                ids[count++] = itemId;
+constexpr bool HasItem(std::size_t row, std::int32_t itemId) {
+    const auto alone = std::ranges::find(itemsOfOneType, itemId, &ItemOfOneType::itemId);
+    return alone == itemsOfOneType.end() || alone == itemsOfOneType.begin() + row;
+}
+
+/// Items of the part, listed for each project type by the compiler.
+class PartItems {
+public:
+    consteval PartItems(std::initializer_list<std::int32_t> items) {
+        for (std::size_t row = 0; row < lists_.size(); ++row) {
+            for (const std::int32_t itemId : items) {
+                if (HasItem(row, itemId)) {
+                    lists_[row].ids[lists_[row].count++] = itemId;
+                }
             }
         }
     }
-
-    constexpr operator Ids() const { return {ids.data(), count}; }
-
-    std::array<std::int32_t, kItemCount> ids{};
-    std::size_t count = 0;
-};
-
-/// Items of the part, listed for each project type by the compiler.
-struct PartItems {
-    consteval PartItems(std::initializer_list<std::int32_t> items)
-        : ofMucell(items, kProjectTypeMucell),
-          ofAnnealing(items, kProjectTypeAnnealing),
-          ofOtherTypes(items, -1) {}
-
     constexpr Ids For(std::int32_t projectType) const {
-        switch (projectType) {
-            case kProjectTypeMucell:
-                return ofMucell;
-            case kProjectTypeAnnealing:
-                return ofAnnealing;
-            default:
-                return ofOtherTypes;
-        }
+        const List& list = lists_[RowOfType(projectType)];
+        return {list.ids.data(), list.count};
     }
 
-    ItemsOfType ofMucell;
-    ItemsOfType ofAnnealing;
-    ItemsOfType ofOtherTypes;
+private:
+    struct List {
+        std::array<std::int32_t, kItemCount> ids{};
+        std::size_t count = 0;
+    };
+    std::array<List, otherTypes + 1> lists_;  ///< by row
 };
 
 struct OfferTable {
