@@ -92,31 +92,26 @@ BENCHMARK_CAPTURE(CreateEngineCalls, shell, kShellProject);
 
 // ---- Many engines at once -----------------------------------------------------------------------
 
-/// Without their end, of which most is the heap's: MadeAndEnded has both.
-void Made(benchmark::State& state) {
+/// Made alone, or made and ended.
+void Engines(benchmark::State& state, bool withEnd) {
+    using Clock = std::chrono::steady_clock;
     Project project(kSolidProject);
     for (auto _ : state) {
-        std::vector<CZorbI2EngineManager> managers(static_cast<std::size_t>(state.range(0)));
-        const auto start = std::chrono::steady_clock::now();
-        for (CZorbI2EngineManager& manager : managers) {
-            manager.CreateEngine(&project.info);
+        const Clock::time_point start = Clock::now();
+        Clock::time_point made;
+        {
+            std::vector<CZorbI2EngineManager> managers(static_cast<std::size_t>(state.range(0)));
+            for (CZorbI2EngineManager& manager : managers) {
+                manager.CreateEngine(&project.info);
+            }
+            made = Clock::now();
         }
-        const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-        state.SetIterationTime(seconds.count());
+        const std::chrono::duration<double> taken = (withEnd ? Clock::now() : made) - start;
+        state.SetIterationTime(taken.count());
     }
 }
-BENCHMARK(Made)->UseManualTime()->RangeMultiplier(10)->Range(1, 1000);
-
-void MadeAndEnded(benchmark::State& state) {
-    Project project(kSolidProject);
-    for (auto _ : state) {
-        std::vector<CZorbI2EngineManager> managers(static_cast<std::size_t>(state.range(0)));
-        for (CZorbI2EngineManager& manager : managers) {
-            manager.CreateEngine(&project.info);
-        }
-    }
-}
-BENCHMARK(MadeAndEnded)->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK_CAPTURE(Engines, made, false)->UseManualTime()->RangeMultiplier(10)->Range(1, 1000);
+BENCHMARK_CAPTURE(Engines, ended, true)->UseManualTime()->RangeMultiplier(10)->Range(1, 1000);
 
 // ---- Offer and file -----------------------------------------------------------------------------
 

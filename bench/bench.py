@@ -110,9 +110,9 @@ def print_engine_times(program, title, folder):
               f"{times[operation] / times[calls]:10.2f} times its system calls alone")
     print(f"    {'OfferItems':24}{times['OfferItems'] / 1000:10.2f} us")
     for engines in (1, 10, 100, 1000):
-        made = times[f"Made/{engines}/manual_time"] / engines / 1000
-        ended = times[f"MadeAndEnded/{engines}"] / engines / 1000
-        print(f"    {f'{engines} engines, each':24}{made:10.1f} us{ended:10.1f} with its end")
+        made, ended = (times[f"Engines/{until}/{engines}/manual_time"] / engines / 1000
+                       for until in ("made", "ended"))
+        print(f"    {f'{engines} engines, each':24}{made:10.1f} us, {ended:.1f} with its end")
 
 
 # ---- Times of zorbi2 ----------------------------------------------------------------------------
