@@ -33,9 +33,9 @@ void CheckOpenFileLimit(std::size_t recipes) {
     const std::size_t possible = RaiseOpenFileLimit(recipes);
     if (recipes > possible) {
         Fail({},
-             std::to_string(recipes) +
-                 " recipes are too many for one call, because each leaves a file open; nothing "
-                 "was written; at most " +
+             (recipes == 1 ? "a single recipe is" : std::to_string(recipes) + " recipes are") +
+                 " too many for one call, because each leaves a file open; nothing was written; "
+                 "at most " +
                  std::to_string(possible) + " are possible",
              ExitCode::fileTrouble);
     }

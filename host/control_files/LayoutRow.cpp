@@ -38,7 +38,6 @@ LayoutRow RowOf(const ControlFileLine& line, std::string_view section) {
     if (line.number == &Data::FileVersion) {
         static const std::string version = row.With(std::to_string(kControlFileVersion));
         row.before = version;
-        row.after = {};
     }
     if (ControlFileRange range{}; GetControlFileRange(line, &range)) {
         row.range = range;
@@ -122,7 +121,7 @@ const std::vector<LayoutRow>& Layout() {
     static const std::vector<LayoutRow> rows = [] {
         std::vector<LayoutRow> all;
         all.reserve(std::size(kControlFileLines));
-        std::string_view section = "[HEADER]";
+        std::string_view section;
         for (const ControlFileLine& line : kControlFileLines) {
             all.push_back(RowOf(line, section));
             const LayoutRow& row = all.back();

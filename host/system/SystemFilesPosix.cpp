@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 
+#include "problems/Problem.h"
 #include "system/SystemFiles.h"
 
 namespace host {
@@ -114,7 +115,7 @@ std::uint64_t RandomNumber() {
     // virtual machines.
     std::uint64_t number = 0;
     if (getentropy(&number, sizeof number) != 0) {
-        throw std::system_error(LastError());
+        FailFor(errno, {}, "the system gives no random numbers");
     }
     return number;
 }

@@ -111,6 +111,15 @@ class Batch(ProgramTest):
         self.assertFalse([name for name in self.files() if name.endswith(".cmi")])
 
     @unittest.skipIf(ON_WINDOWS, "limits are POSIX's")
+    def test_where_hardly_a_file_can_be_opened_a_single_recipe_is_refused(self):
+        names = self.make_recipes(1)
+        done = self.run_program("write", *names, preexec_fn=limit(resource.RLIMIT_NOFILE, 16))
+        self.check(done, 3, "", "zorbi2: a single recipe is too many for one call, because each "
+                   "leaves a file open; nothing was written; at most 0 are possible\n")
+        self.check(self.run_program("write", *names, preexec_fn=limit(resource.RLIMIT_NOFILE, 17)),
+                   0)
+
+    @unittest.skipIf(ON_WINDOWS, "limits are POSIX's")
     def test_files_that_the_process_is_born_with_count(self):
         names = self.make_recipes(14)
         inherited = [os.open("/dev/null", os.O_RDONLY) for _ in range(20)]

@@ -97,6 +97,12 @@ class SystemCalls(ProgramTest):
                          (-signal.SIGTERM, "zorbi2: interrupted: 1 written, 0 failed\n"))
         self.assertTrue((self.folder / FILE).read_text().endswith("[\\REDUCTION RATE]\n"))
 
+    def test_a_system_without_random_numbers_is_told(self):
+        behind_the_heap = "getrandom:error=ENOSYS:when=2+"
+        done = self.injected(behind_the_heap, PROGRAM, "write", "cover.toml")
+        self.assertEqual((done.returncode, done.stderr), (
+            3, "zorbi2: the system gives no random numbers: Function not implemented\n"))
+
     def test_a_closed_stream_whose_number_cannot_be_kept_ends_the_program(self):
         done = self.injected("openat:error=ENOENT", "-P", "/dev/null", PROGRAM, "--version",
                              preexec_fn=lambda: os.close(0))
