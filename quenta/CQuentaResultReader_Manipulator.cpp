@@ -19,14 +19,16 @@ State& StateOf(void* state) {
 
 /// Empty when the file cannot be read or starts otherwise.
 std::string DigitsAtStart(const char* path) {
+    constexpr std::size_t tooManyDigits = 20;  // for a version, whatever follows
     std::string digits;
     std::array<char, 64> buffer;  // of more, nothing would be used
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "r"), std::fclose);
     if (file) {
         std::setvbuf(file.get(), buffer.data(), _IOFBF, buffer.size());
-        for (int next = std::fgetc(file.get()); next >= '0' && next <= '9';
+        for (int next = std::fgetc(file.get());
+             next >= '0' && next <= '9' && digits.size() < tooManyDigits;
              next = std::fgetc(file.get())) {
-            digits += static_cast<char>(next);
+            digits = (digits == "0" ? "" : digits) + static_cast<char>(next);
         }
     }
     return digits;

@@ -50,6 +50,16 @@ TEST(ResultReader, TakesTheNumberAtTheStartForTheVersion) {
     EXPECT_EQ(ReadFileOf("0"), (Outcome{true, 0}));
 }
 
+TEST(ResultReader, TakesANumberBehindZeros) {
+    const std::string zeros(100, '0');
+    EXPECT_EQ(ReadFileOf(zeros), (Outcome{true, 0}));
+    EXPECT_EQ(ReadFileOf(zeros + "1004"), (Outcome{true, 1004}));
+    EXPECT_EQ(ReadFileOf(zeros + "9223372036854775807"), (Outcome{true, 9223372036854775807}));
+    EXPECT_EQ(ReadFileOf(zeros + "9223372036854775808"), failure);
+    EXPECT_EQ(ReadFileOf("10000000000000000000"), failure);
+    EXPECT_EQ(ReadFileOf("1" + zeros), failure);
+}
+
 TEST(ResultReader, TakesTheNumberBeforeOtherText) {
     EXPECT_EQ(ReadFileOf("1004 fiber orientation"), (Outcome{true, 1004}));
     EXPECT_EQ(ReadFileOf("1004abc"), (Outcome{true, 1004}));
