@@ -97,8 +97,7 @@ Recipe RecipeOf(const Run& run, const std::string& folder) {
 /// Text of file names as TOML, which escapes quotes and backslashes as JSON does. Throws a Failure
 /// for what a recipe cannot hold.
 std::string TomlText(const std::string& text) {
-    const auto isControl = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
-    if (std::ranges::any_of(text, isControl)) {
+    if (std::ranges::any_of(text, IsControl)) {
         Fail({}, Quoted(text) + " has control characters, which a recipe cannot hold",
              ExitCode::fileTrouble);
     }
@@ -184,7 +183,6 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
 Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& terminal) {
     const Run& run = found.run;
     const Recipe recipe = RecipeOf(run, Utf8Of(found.folder));
-    CheckFilesOfRun(recipe);
     const std::string file = Utf8Of(found.recipeFile);
     SaveRecipe(found.recipeFile, TextOf(recipe, found.recipeFile.parent_path()), options.force);
     terminal.news << "wrote    " << file << " for " << run.name << ", run " << run.Number()

@@ -169,7 +169,6 @@ ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
                    needsTarget ? Purpose::showing : Purpose::listing);
     Problems problems = recipe.problems;
     CheckRun(recipe);
-    CheckFilesOfRun(recipe);
     Session session(recipe);
     const Json content = options.solvers  ? ShowSolvers(session.Engine(), terminal)
                          : options.matrix ? ShowMatrix(session, terminal)

@@ -1,11 +1,7 @@
 #include "commands/RecipeCommand.h"
 
-#include <limits>
-
 #include "handover/Engine.h"
-#include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
-#include "system/SafeFile.h"
 
 namespace host {
 
@@ -13,20 +9,6 @@ void AddOverrides(Arguments& arguments, Overrides& overrides) {
     arguments.Value("--solver", "S", overrides.solver, "Solver instead of the recipe's");
     arguments.Value("--mesh", "M", overrides.mesh, "Mesh kind instead of the recipe's");
     arguments.Values("--set", "ITEM=CHOICE", overrides.choices, "Choices instead of the recipe's");
-}
-
-void CheckFilesOfRun(const Recipe& recipe) {
-    struct Row {
-        const char* ending;
-        std::uintmax_t largest;  ///< bytes
-    };
-    constexpr std::uintmax_t any = std::numeric_limits<std::uintmax_t>::max();
-    constexpr Row opened[] = {{".cmx", 1 << 20}, {".k5o", any}, {"_vox.k5o", any}};
-    const std::filesystem::path start = StartOfPaths(recipe.project);
-    for (const auto& [ending, largest] : opened) {
-        CheckRegularFile(std::filesystem::path(start) += ending, largest,
-                         recipe.PlaceOf("project.folder"));
-    }
 }
 
 void CheckOpenFileLimit(std::size_t recipes) {

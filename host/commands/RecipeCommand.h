@@ -17,10 +17,6 @@ namespace host {
 /// Adds the flags that beat a recipe's solver, mesh kind and choices.
 void AddOverrides(Arguments& arguments, Overrides& overrides);
 
-/// Looks before the engine opens them at the files of a run that it reads. Throws a Failure for one
-/// that is no regular file, and may have no end, or is larger than it can be.
-void CheckFilesOfRun(const Recipe& recipe);
-
 /// The engine keeps the shot file of each run open until the process ends. Throws a Failure when
 /// the system does not let it for as many recipes.
 void CheckOpenFileLimit(std::size_t recipes);

@@ -18,6 +18,13 @@ std::string Printed(double number) {
     return {start, end.ptr};
 }
 
+double NumberAt(const ControlFile& file, const std::string& key) {
+    const std::string& value = file.at(key);
+    double number = 0.0;
+    std::from_chars(value.data(), value.data() + value.size(), number);
+    return number;
+}
+
 bool IsOn(const ControlFile& file, const std::string& key) {
     const auto value = file.find(key);
     return value != file.end() && value->second == "1";

@@ -39,6 +39,12 @@ inline constexpr const char* meshKeys[] = {"IsOriginalMesh", "IsDeformedMesh", "
 /// The options of kItemMicroMechanics, by option.
 inline constexpr const char* compositeModels[] = {"traditional", "Halpin-Tsai", "Mori-Tanaka"};
 
+/// Of the project types that the manual lists; the engine takes any number.
+inline constexpr std::int32_t highestProjectType = 11;
+
+/// The number that a key has.
+double NumberAt(const ControlFile& file, const std::string& key);
+
 /// One of the two mesh kinds that need a mapped mesh.
 bool IsMapped(const ControlFile& file);
 

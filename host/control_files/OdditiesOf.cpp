@@ -1,6 +1,5 @@
 // Values that the engine takes and prints unchecked, and that are hardly meant.
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <utility>
 
@@ -35,12 +34,7 @@ private:
         return file_.at(key).find_first_not_of(' ') == std::string::npos;
     }
 
-    double Number(const std::string& key) const {
-        const std::string& value = file_.at(key);
-        double number = 0.0;
-        std::from_chars(value.data(), value.data() + value.size(), number);
-        return number;
-    }
+    double Number(const std::string& key) const { return NumberAt(file_, key); }
 
     void CheckPaths() {
         if (IsBlank("OutFolder")) {
@@ -52,16 +46,16 @@ private:
     }
 
     void CheckProject() {
-        constexpr int lastProjectType = 11;
         const double solverType = Number("SolverType");
         const double projectType = Number("ProjectType");
         if (solverType != kSolidProject && solverType != kShellProject) {
             Warn("SolverType", "\"SolverType\" is " + file_.at("SolverType") +
                                    "; a project is solid (0) or shell (1)");
         }
-        if (projectType < 0 || projectType > lastProjectType) {
+        if (projectType < 0 || projectType > highestProjectType) {
             Warn("ProjectType", "\"ProjectType\" is " + file_.at("ProjectType") +
-                                    "; project types are 0 to " + std::to_string(lastProjectType));
+                                    "; project types are 0 to " +
+                                    std::to_string(highestProjectType));
         }
     }
 

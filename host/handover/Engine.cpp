@@ -23,6 +23,12 @@ bool IsWhole(const CZorbI2Engine& engine) {
     return std::ranges::none_of(engine.items, [](const auto& item) { return item == nullptr; });
 }
 
+/// A folder as the engine takes it: it looks for the backslash in the last byte, which in some code
+/// pages belongs to a character. No folder is the scratch folder, not the root of the file system.
+std::string WithBackslash(const std::string& folder) {
+    return folder.empty() ? ".\\" : folder.ends_with('\\') ? folder : folder + '\\';
+}
+
 /// The engine's debug files, which it leaves in the scratch folder. If the next engine wrote them
 /// anew, file systems would bring them to the disk each time, as what replaces something.
 void RemoveDebugFiles() {
@@ -36,7 +42,7 @@ void RemoveDebugFiles() {
 void CreateEngine(CZorbI2EngineManager& manager, CZorbFEAInformation project) {
     project.flags[CZorbFEAInformation::kBuildCatalogue] = 1;
     project.projectName = ForEngine(project.projectName);
-    project.projectFolder = ForEngine(project.projectFolder);
+    project.projectFolder = ForEngine(WithBackslash(project.projectFolder));
     if (!manager.CreateEngine(&project) || !manager.CreateCMIDataBlock() ||
         !manager.CreateCMIAccess() || !IsWhole(*manager.engine)) {
         throw std::bad_alloc();
@@ -64,7 +70,7 @@ Names AskNames(const CZorbI2Engine& engine) {
 
 std::filesystem::path SetControlFile(CZorbI2EngineManager& manager, const Recipe& recipe,
                                      const std::string& folder, const std::string& extension) {
-    manager.SetCMIFileFullPath(ForEngine(folder), ForEngine(recipe.controlName),
+    manager.SetCMIFileFullPath(ForEngine(WithBackslash(folder)), ForEngine(recipe.controlName),
                                recipe.project.runNumber, ForEngine(extension));
     return PathOfAny(FromEngineText(manager.engine->cmiFileFullPath));
 }

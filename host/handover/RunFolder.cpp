@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <limits>
 #include <map>
 #include <optional>
 #include <string_view>
 
 #include "system/Paths.h"
+#include "system/SafeFile.h"
 
 namespace host {
 
@@ -182,6 +184,19 @@ void CheckRun(const Recipe& recipe) {
                  "; runs there: " + Listed(RunsAmong(EntriesOf(folder, place))) +
                  "; set project.empty_run = true if the run is empty on purpose",
              ExitCode::fileTrouble);
+    }
+}
+
+void CheckFilesOfRun(const Recipe& recipe) {
+    struct Row {
+        const char* ending;
+        std::uintmax_t largest;  ///< bytes
+    };
+    constexpr std::uintmax_t any = std::numeric_limits<std::uintmax_t>::max();
+    constexpr Row opened[] = {{".cmx", 1 << 20}, {".k5o", any}};
+    const fs::path start = StartOfPaths(recipe.project);
+    for (const auto& [ending, largest] : opened) {
+        CheckRegularFile(fs::path(start) += ending, largest, recipe.PlaceOf("project.folder"));
     }
 }
 

@@ -39,6 +39,10 @@ std::filesystem::path StartOfPaths(const CZorbFEAInformation& project);
 /// the recipe says that there need be none.
 void CheckRun(const Recipe& recipe);
 
+/// Looks before the engine opens them at the files of a run that it reads. Throws a Failure for one
+/// that is no regular file, and may have no end, or is larger than it can be.
+void CheckFilesOfRun(const Recipe& recipe);
+
 /// Warns of files that are not found, because their names differ in case from those of the run.
 void WarnOfCase(const Recipe& recipe, Problems& problems);
 

@@ -22,6 +22,7 @@ const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}
 }  // namespace
 
 Session::Session(const Recipe& recipe) : recipe_(recipe) {
+    CheckFilesOfRun(recipe);
     CreateEngine(manager_, recipe.project);
 }
 

@@ -141,12 +141,22 @@ struct Reader {
         return name;
     }
 
+    std::string Extension() const {
+        std::string extension = FileName();
+        if (extension.ends_with('.') || extension.ends_with(' ')) {
+            RefuseFor("an extension: no dot or space at the end, which Windows drops");
+        }
+        return extension;
+    }
+
     std::string Path() const {
         const std::string path = Text(node->is_string() ? singleQuotesHint : "");
         if (path.starts_with('~')) {
             Refuse(place, Quoted(path) + R"( starts with "~", which is not expanded; write the )" +
                               "whole path");
-        } else if (!MayBeElsewhere(path)) {
+        } else if (MayBeElsewhere(path)) {
+            return path;  // as it stands: the translator may run on another machine
+        } else {
             recipe.pathsHere.insert(place.name);
         }
         return AbsolutePath(path, folder);
@@ -247,7 +257,7 @@ constexpr Key keys[] = {
     {{"target.mapped_mesh", hasDefault, anyText, "path of the mapped mesh, which the two mapped mesh kinds need"}, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
     {{"control_file.folder", hasDefault, anyText, "folder of the control file; otherwise the recipe's"}, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
     {{"control_file.name", hasDefault, anyText, "name of the control file, without the run number; otherwise project.name"}, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
-    {{"control_file.extension", hasDefault, anyText, "extension of the control file, without the dot; otherwise cmi"}, [](Recipe& r, const Reader& v) { r.controlExtension = v.FileName(); }},
+    {{"control_file.extension", hasDefault, anyText, "extension of the control file, without the dot; otherwise cmi"}, [](Recipe& r, const Reader& v) { r.controlExtension = v.Extension(); }},
     {{"output.folder", hasDefault, anyText, "where the translator puts its files; otherwise beside the control file"}, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
     {{"weld_lines.angles", hasDefault, threeAngles, "three ascending angles in degrees"}, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Angles(); }},
     {{"weld_lines.reduction_rates", hasDefault, threeFractions, "remaining strength, as three fractions"}, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},

@@ -27,9 +27,6 @@ struct Choice {
 /// offers may lack the target.
 enum class Purpose { listing, showing, writing };
 
-/// Of what the manual lists; the engine takes any number.
-constexpr std::int32_t highestProjectType = 11;
-
 /// Texts are UTF-8, paths absolute.
 struct Recipe {
     std::string file;  ///< as the user named it

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::string_view spaces = " \t";
 constexpr std::string_view decimalDigits = "0123456789";
+constexpr std::size_t mostDots = 100;
 constexpr std::string_view skipped = " \t\r\n#";
 
 /// What is looked at next, and where in it something is unfit, if so.
@@ -86,6 +87,7 @@ Part NumberAt(std::string_view text) {
 struct Context {
     bool startsLine = true;  ///< but for spaces
     char before = '\n';      ///< the last character but for spaces and line ends
+    std::size_t dots = 0;    ///< of the key at hand
 
     bool IsInList() const { return before == '[' || before == ','; }
     bool StartsValue() const { return before == '=' || IsInList(); }
@@ -93,6 +95,7 @@ struct Context {
     void Pass(char character) {
         startsLine = character == '\n' || (startsLine && IsAmong(spaces, character));
         before = IsAmong(skipped, character) ? before : character;
+        dots = IsAmong("\n=,[{", character) ? 0 : dots + (character == '.' ? 1 : 0);
     }
 };
 
@@ -108,6 +111,8 @@ Part PartAt(std::string_view text, const Context& context) {
             return {LengthOfString(text)};
         case '#':
             return {std::min(text.find('\n'), text.size())};
+        case '.':  // the library ends such a key's tables one within the other, on the stack
+            return context.dots < mostDots ? Part{1} : Part{1, 0, "a key has too many parts"};
         case '}':
             return context.IsInList() ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
         default:

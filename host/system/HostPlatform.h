@@ -16,6 +16,9 @@ std::vector<std::string> PrepareProcess(int argc, char** argv);
 /// The folder that this program lies in.
 std::filesystem::path ProgramFolder();
 
+/// A path in UTF-8. On Windows, what is no Unicode in it becomes the replacement character.
+std::string Utf8Of(const std::filesystem::path& path);
+
 /// UTF-8 to the character set of the engine's texts; empty when a character does not exist there.
 std::optional<std::string> ToEngineText(const std::string& utf8);
 std::string FromEngineText(const std::string& text);

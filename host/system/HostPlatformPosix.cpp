@@ -45,6 +45,10 @@ std::filesystem::path ProgramFolder() {
     return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path();
 }
 
+std::string Utf8Of(const std::filesystem::path& path) {
+    return path.string();
+}
+
 std::optional<std::string> ToEngineText(const std::string& utf8) {
     return utf8;
 }
@@ -55,7 +59,8 @@ std::string FromEngineText(const std::string& text) {
 
 std::string FileIdentity(const std::filesystem::path& file) {
     std::error_code unknown;
-    return std::filesystem::weakly_canonical(file, unknown).string();
+    const std::filesystem::path known = std::filesystem::weakly_canonical(file, unknown);
+    return (unknown ? file : known).string();
 }
 
 namespace {

@@ -9,6 +9,7 @@
 #include <io.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "system/HostPlatform.h"
 
@@ -56,7 +57,9 @@ std::vector<std::string> PrepareProcess(int /*argc*/, char** /*argv*/) {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
+    static const UINT codePageBefore = GetConsoleOutputCP();  // the console keeps what is set
     SetConsoleOutputCP(CP_UTF8);
+    std::atexit([] { SetConsoleOutputCP(codePageBefore); });
     int count = 0;
     wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> arguments;
@@ -72,6 +75,10 @@ std::filesystem::path ProgramFolder() {
     std::wstring path(longestPath, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), longestPath));
     return std::filesystem::path(path).parent_path();
+}
+
+std::string Utf8Of(const std::filesystem::path& path) {
+    return Utf8Text(path.native());
 }
 
 std::optional<std::string> ToEngineText(const std::string& utf8) {
@@ -94,15 +101,19 @@ std::string FromEngineText(const std::string& text) {
 
 std::string FileIdentity(const std::filesystem::path& file) {
     std::error_code unknown;
-    std::wstring name = std::filesystem::weakly_canonical(file, unknown).wstring();
+    const std::filesystem::path known = std::filesystem::weakly_canonical(file, unknown);
+    std::wstring name = (unknown ? file : known).wstring();
     CharLowerW(name.data());
     return Utf8Text(name);
 }
 
 std::size_t RaiseOpenFileLimit(std::size_t /*wanted*/) {
     constexpr int keptForTheHost = 16;
-    constexpr int largest = 8192;  // the runtime's own limit
-    _setmaxstdio(largest);
+    constexpr int largest = 8192;        // the runtime's own limit
+    constexpr int largestBefore = 2048;  // that of older runtimes
+    if (_setmaxstdio(largest) == -1) {
+        _setmaxstdio(largestBefore);
+    }
     return static_cast<std::size_t>(_getmaxstdio() - keptForTheHost);
 }
 

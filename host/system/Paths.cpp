@@ -21,11 +21,6 @@ fs::path PathOfAny(std::string utf8) {
     return PathOf(utf8).make_preferred();
 }
 
-std::string Utf8Of(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
 bool MayBeElsewhere(const std::string& path) {
     const bool hasDrive =
         path.size() > 1 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0])) != 0;
@@ -33,9 +28,6 @@ bool MayBeElsewhere(const std::string& path) {
 }
 
 std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
-    if (MayBeElsewhere(path)) {
-        return path;
-    }
     const fs::path absolute = (relativeTo / PathOfAny(path)).lexically_normal();
     const bool endsInSeparator = !absolute.has_filename() && absolute.has_relative_path();
     return Utf8Of(endsInSeparator ? absolute.parent_path() : absolute);
@@ -48,8 +40,6 @@ void CheckFolder(const std::string& folder, const Place& place) {
              ExitCode::fileTrouble);
     }
 }
-
-constexpr std::size_t largestFile = 1 << 18;  // a file may have no end
 
 std::string ReadBytes(std::istream& stream, std::size_t enough) {
     std::string bytes;
@@ -69,9 +59,9 @@ std::string ReadFile(const fs::path& file, const Place& place) {
     }
     std::ifstream stream(file, std::ios::binary);
     std::string bytes = ReadBytes(stream, largestFile + 1);
-    if (!stream.eof() || isFolder) {
-        const int reason = isFolder ? EISDIR : bytes.size() > largestFile ? EFBIG : errno;
-        FailFor(reason, place, "cannot be read");
+    const bool isTooLarge = bytes.size() > largestFile;
+    if (!stream.eof() || isFolder || isTooLarge) {
+        FailFor(isFolder ? EISDIR : isTooLarge ? EFBIG : errno, place, "cannot be read");
     }
     return bytes;
 }

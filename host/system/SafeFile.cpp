@@ -37,7 +37,7 @@ std::string ReasonAgainstFolder(const fs::path& folder) {
     std::error_code error;
     const fs::file_status status = fs::status(folder, error);
     if (!fs::exists(status)) {
-        return std::strerror(fs::status_known(status) ? ENOENT : error.value());
+        return fs::status_known(status) ? std::strerror(ENOENT) : ReasonOf(error);
     }
     if (!fs::is_directory(status)) {
         return std::strerror(ENOTDIR);

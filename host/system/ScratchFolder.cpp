@@ -1,6 +1,7 @@
 #include "system/ScratchFolder.h"
 
 #include "problems/Problem.h"
+#include "system/Paths.h"
 #include "system/SafeFile.h"
 #include "system/Signals.h"
 #include "system/SystemFiles.h"
@@ -15,6 +16,12 @@ ScratchFolder::ScratchFolder() {
     start_ = fs::current_path(error);
     if (error) {
         Fail({}, "the current folder cannot be used: " + ReasonOf(error), ExitCode::fileTrouble);
+    }
+    if (start_ != PathOfAny(Utf8Of(start_))) {
+        Fail({},
+             "the current folder cannot be used: a backslash in its name would be taken for a "
+             "separator",
+             ExitCode::fileTrouble);
     }
     const fs::path parent = start_ / fs::temp_directory_path(error);
     if (!error) {

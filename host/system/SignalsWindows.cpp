@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <atomic>
+#include <cstdlib>
 
 #include "system/Signals.h"
 
@@ -33,9 +34,9 @@ bool IsInterrupted() {
 }
 
 void EndAsSignaled() {
-    constexpr UINT endedByControlC = 0xC000013A;
+    constexpr unsigned endedByControlC = 0xC000013A;
     if (isInterrupted) {
-        ExitProcess(endedByControlC);
+        std::exit(static_cast<int>(endedByControlC));
     }
 }
 

@@ -3,9 +3,11 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <csignal>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -58,20 +60,45 @@ bool Synchronize(int file) {
     return result == 0;
 }
 
-/// Gives a file the mode of another and, as far as the right exists, its owner and group.
-bool TakeOver(int file, const struct stat& other) {
-    const bool hasGroup = fchown(file, static_cast<uid_t>(-1), other.st_gid) == 0;
-    const bool hasOwner = fchown(file, other.st_uid, static_cast<gid_t>(-1)) == 0;
-    // Rights of an owner or group that it does not have are not for the ones that it has.
-    const mode_t lost =
-        (hasOwner ? 0U : mode_t{S_ISUID}) | (hasGroup ? 0U : mode_t{S_ISGID | S_IRWXG});
-    return fchmod(file, other.st_mode &
-                            (S_ISUID | S_ISGID | S_ISVTX | S_IRWXU | S_IRWXG | S_IRWXO) & ~lost) ==
-           0;
+/// A file that is to be replaced.
+struct Replaced {
+    struct stat status {};
+    std::string rules;  ///< of access, beyond the mode, as the system keeps them; mostly none
+};
+
+constexpr const char* accessRules = "system.posix_acl_access";
+
+std::string RulesOf(const std::filesystem::path& file) {
+    const ssize_t size = getxattr(file.c_str(), accessRules, nullptr, 0);
+    std::string rules(static_cast<std::size_t>(std::max<ssize_t>(size, 0)), '\0');
+    const ssize_t read = getxattr(file.c_str(), accessRules, rules.data(), rules.size());
+    rules.resize(static_cast<std::size_t>(std::max<ssize_t>(read, 0)));
+    return rules;
+}
+
+/// Gives a file the mode of another, its rules of access and, as far as the right exists, its owner
+/// and group.
+bool TakeOver(int file, const Replaced& other) {
+    const auto& [status, rules] = other;
+    const bool hasGroup = fchown(file, static_cast<uid_t>(-1), status.st_gid) == 0;
+    const bool hasOwner = fchown(file, status.st_uid, static_cast<gid_t>(-1)) == 0;
+    // Rights of an owner or group that it does not have are not for the ones that it has; with
+    // rules, those that the mode gives the group are not the group's.
+    const mode_t lost = (hasOwner ? 0U : mode_t{S_ISUID}) | (hasGroup ? 0U : mode_t{S_ISGID}) |
+                        (hasGroup && rules.empty() ? 0U : mode_t{S_IRWXG});
+    const mode_t kept =
+        status.st_mode & (S_ISUID | S_ISGID | S_ISVTX | S_IRWXU | S_IRWXG | S_IRWXO) & ~lost;
+    if (fchmod(file, kept) != 0) {
+        return false;
+    }
+    if (hasGroup && hasOwner && !rules.empty()) {
+        fsetxattr(file, accessRules, rules.data(), rules.size(), 0);  // else it has fewer rights
+    }
+    return true;
 }
 
 /// Makes the file anew, with all its bytes on the disk.
-bool Fill(int folder, const char* name, const struct stat* replaced, const std::string& bytes) {
+bool Fill(int folder, const char* name, const Replaced* replaced, const std::string& bytes) {
     constexpr mode_t forThisUser = S_IRUSR | S_IWUSR;
     constexpr mode_t asUsual = forThisUser | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
     const Descriptor file(openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
@@ -100,9 +127,12 @@ bool Rename(int folder, const char* from, const char* to, bool mayReplace) {
 std::string MachineMark() {
     std::array<char, 256> name{};
     gethostname(name.data(), name.size() - 1);
+    // Containers may share a name and a folder, but not the numbers of processes.
+    std::error_code unknown;
+    const auto numbers = std::filesystem::read_symlink("/proc/self/ns/pid", unknown);
     std::array<char, 2 * sizeof(std::size_t) + 1> digits{};
     std::snprintf(digits.data(), digits.size(), "%08zx",
-                  std::hash<std::string_view>{}(name.data()) & 0xFFFFFFFFU);
+                  std::hash<std::string>{}(name.data() + numbers.string()) & 0xFFFFFFFFU);
     return digits.data();
 }
 
@@ -158,8 +188,12 @@ std::error_code PutFile(const std::filesystem::path& file, const std::string& te
         return LastError();
     }
     const std::string name = file.filename().string();
-    struct stat old {};
-    const bool isThere = fstatat(folder.number, name.c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0;
+    Replaced old;
+    const bool isThere =
+        fstatat(folder.number, name.c_str(), &old.status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isThere) {
+        old.rules = RulesOf(file);
+    }
     const bool isMoved =
         Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
         Rename(folder.number, temporaryName.c_str(), name.c_str(), mayReplace);

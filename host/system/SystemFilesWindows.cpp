@@ -11,6 +11,7 @@
 #include <functional>
 #include <random>
 
+#include "system/HostPlatform.h"
 #include "system/SystemFiles.h"
 
 namespace host {
@@ -32,7 +33,10 @@ std::error_code Fill(const std::filesystem::path& path, const std::string& bytes
     const bool isWhole =
         WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) != 0 &&
         written == bytes.size() && FlushFileBuffers(file) != 0;
-    const std::error_code reason = isWhole ? std::error_code() : LastError();
+    std::error_code reason = isWhole ? std::error_code() : LastError();
+    if (!isWhole && !reason) {  // a part of it was written
+        reason = {ERROR_WRITE_FAULT, std::system_category()};
+    }
     CloseHandle(file);
     return reason;
 }
@@ -84,12 +88,13 @@ std::error_code CheckWritable(const std::filesystem::path& path) {
 
 std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::string_view start) {
     std::vector<std::string> names;
+    const std::filesystem::path wanted = std::u8string(start.begin(), start.end());
     std::error_code error;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        const std::u8string name = entry->path().filename().u8string();
-        if (std::u8string_view(name).starts_with(std::u8string(start.begin(), start.end()))) {
-            names.emplace_back(name.begin(), name.end());
+        const std::filesystem::path name = entry->path().filename();
+        if (name.native().starts_with(wanted.native())) {
+            names.push_back(Utf8Of(name));
         }
     }
     return names;

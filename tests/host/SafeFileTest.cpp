@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 
+#include "system/HostPlatform.h"
 #include "system/SafeFile.h"
 #include "system/SystemFiles.h"
 
@@ -47,3 +48,10 @@ TEST(SafeFile, DrawsAllDigitsOfANumber) {
     EXPECT_EQ(~everOne, 0U);
     EXPECT_EQ(~everZero, 0U);
 }
+
+#ifdef _WIN32
+TEST(SafeFile, NamesThatAreNoUnicodeStopNothing) {
+    const wchar_t alone[] = {L'a', 0xD800, L'z', 0};
+    EXPECT_EQ(host::Utf8Of(alone), "a\xEF\xBF\xBDz");
+}
+#endif

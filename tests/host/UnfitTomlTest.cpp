@@ -62,3 +62,18 @@ TEST(UnfitToml, IsNoNumberPlainDateOrKey) {
         EXPECT_EQ(PlaceOfUnfit(text), "") << text;
     }
 }
+
+TEST(UnfitToml, IsAKeyOfManyParts) {
+    const auto key = [](int dots) {
+        std::string text = "a";
+        for (int i = 0; i < dots; ++i) {
+            text += i % 2 == 0 ? ".a" : " . 'a.a'";
+        }
+        return text;
+    };
+    EXPECT_EQ(PlaceOfUnfit(key(100) + " = 1"), "");
+    EXPECT_EQ(PlaceOfUnfit("[" + key(100) + "]\n" + key(100) + " = {" + key(100) + "= 1}"), "");
+    EXPECT_EQ(PlaceOfUnfit("b = 1.5\n" + key(101) + " = 1"), "2:502");
+    EXPECT_EQ(PlaceOfUnfit("[" + key(101) + "]"), "1:503");
+    EXPECT_EQ(PlaceOfUnfit("b = [" + std::string(200, '.')), "1:106");
+}

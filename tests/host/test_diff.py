@@ -104,11 +104,11 @@ class Diff(ProgramTest):
         self.file.write_bytes(b"I2-Output Control Parameter File\n\x1b[31m\x07red\n")
         self.assertIn("-?[31m?red\n", self.write("--diff"))
 
-    def test_of_an_old_file_no_more_than_64_kib_are_compared(self):
+    def test_of_an_old_file_no_more_than_256_kib_are_compared(self):
         title = b"I2-Output Control Parameter File\n"  # 33 bytes
-        self.file.write_bytes(title + (b"y" * 99 + b"\n") * 1000)
+        self.file.write_bytes(title + (b"y" * 99 + b"\n") * 3000)
         removed = [line for line in self.lines_of(self.write("--diff"), "-") if line[1] == "y"]
-        self.assertEqual((len(removed), removed[-2:]), (656, ["-" + "y" * 99, "-yyy"]))
+        self.assertEqual((len(removed), removed[-2:]), (2622, ["-" + "y" * 99, "-" + "y" * 11]))
 
     def test_check_ends_with_1_when_anything_would_change(self):
         self.write("--check", code=1, stdout="new      FILE\n")

@@ -4,6 +4,7 @@ stays of the old file."""
 import os
 import pathlib
 import stat
+import struct
 import subprocess
 import tempfile
 import unittest
@@ -410,6 +411,19 @@ class Replace(ProgramTest):
         self.assertEqual([name for name in os.listdir(self.folder) if "zorbi2-" in name], [])
         self.assertEqual(os.listdir(scratch), [])
 
+    @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root gives processes new numbers")
+    def test_what_a_process_with_numbers_of_another_container_left_stays(self):
+        with subprocess.Popen(["true"]) as gone:
+            pass
+        name = self.leftover_name(gone.pid)
+        (self.folder / name).write_text("half")
+        apart = ["unshare", "--pid", "--fork", "--mount-proc"]
+        if subprocess.run([*apart, "true"], check=False, stderr=subprocess.DEVNULL).returncode != 0:
+            self.skipTest("no new numbers here")
+        subprocess.run([*apart, PROGRAM, "write", "cover.toml"], cwd=self.folder, check=True,
+                       stdout=subprocess.DEVNULL)
+        self.assertIn(name, os.listdir(self.folder))
+
     @NOT_ON_WINDOWS
     def test_what_a_killed_init_left_is_removed_by_the_next(self):
         with subprocess.Popen(["true"]) as gone:
@@ -426,7 +440,7 @@ class Replace(ProgramTest):
 
     @NOT_ON_WINDOWS
     def test_a_pipe_among_the_runs_files_is_refused_before_the_engine_opens_it(self):
-        for name in ("Cover02.cmx", "Cover02.k5o", "Cover02_vox.k5o"):
+        for name in ("Cover02.cmx", "Cover02.k5o"):
             path = self.folder / "Run02" / name
             path.unlink(missing_ok=True)
             os.mkfifo(path)
@@ -436,10 +450,24 @@ class Replace(ProgramTest):
                 done = self.run_program(*command, "cover.toml", timeout=20)
                 self.check(done, 3, None, "" if "--json" in command else
                            f"cover.toml:4:10: {told}")
+            self.check(self.run_program("write", "cover.toml", "--set", "none=on", timeout=20), 3,
+                       "", "cover.toml: --set none=on: unknown item \"none\"; nearest: runner, "
+                       f"density, weld-line\ncover.toml:4:10: {told}")
             self.check(self.run_program("init", "Run02", "-o", "new.toml", timeout=20), 3, "",
                        f"zorbi2: {told}")
             path.unlink()
         self.assertNotIn("new.toml", self.files())
+
+    @NOT_ON_WINDOWS
+    def test_a_pipe_that_the_engine_does_not_open_is_a_result_file_like_any_other(self):
+        os.mkfifo(self.folder / "Run02" / "Cover02_vox.k5o")
+        self.check(self.run_program("write", "cover.toml", timeout=20), 0)
+
+    def test_a_result_file_of_digits_without_end_is_read_to_its_first(self):
+        with open(self.folder / "Run02" / "Cover02.k5o", "wb") as file:
+            for _ in range(64):
+                file.write(b"1" * (1 << 20))
+        self.check(self.run_program("write", "cover.toml", timeout=20), 0)
 
     def test_a_folder_or_a_large_file_as_shot_file_is_refused(self):
         path = self.folder / "Run02" / "Cover02.cmx"
@@ -458,6 +486,47 @@ class Replace(ProgramTest):
         path.unlink()
         path.mkdir()
         self.write(word="new")
+
+    # ---- What is read and written in one call ---------------------------------------------------
+
+    def test_a_recipe_is_not_replaced_however_it_is_called(self):
+        (self.folder / "Run02" / "r02.toml").write_text(
+            PROJECT.replace('"Run02"', '"."') + TARGET +
+            '[control_file]\nname = "r"\nextension = "toml"\n', encoding="utf-8")
+        for word in ("Run02/r02.toml", "Run02\\r02.toml", "./Run02/../Run02/r02.toml"):
+            done = self.run_program("write", "--force", word)
+            self.check(done, 3, "", f"{word}: {own_path(self.folder / 'Run02' / 'r02.toml')}: is a "
+                       "recipe or a file that a recipe of this call reads, and is not replaced\n")
+
+    @NOT_ON_WINDOWS
+    def test_files_whose_names_are_too_long_are_no_same_file(self):
+        for name in "ab":
+            self.make_recipe(PROJECT + TARGET + f'[control_file]\nname = "{name * 300}"\n',
+                             f"{name}.toml")
+        done = self.run_program("write", "a.toml", "b.toml")
+        self.check(done, 3, None, "".join(
+            f"{name}.toml: {self.folder / (name * 300)}02.cmi: cannot be written: File name too "
+            "long\n" for name in "ab"))
+
+    def test_a_large_file_is_found_unchanged(self):
+        self.make_recipe(PROJECT + TARGET + f'[output]\nfolder = "D:/{"o" * 70000}"\n')
+        self.write(word="new")
+        self.check(self.run_program("write", "--check", "cover.toml"), 0,
+                   f"unchanged {own_path(self.file)}\n")
+
+    @NOT_ON_WINDOWS
+    def test_access_rules_beyond_the_mode_are_kept(self):
+        entries = [(0x01, 6, -1), (0x02, 6, 1234), (0x04, 0, -1), (0x10, 6, -1), (0x20, 0, -1)]
+        rules = struct.pack("<I", 2) + b"".join(
+            struct.pack("<HHi", tag, rights, who) for tag, rights, who in entries)
+        self.write(word="new")
+        try:
+            os.setxattr(self.file, "system.posix_acl_access", rules)
+        except OSError:
+            self.skipTest("no such rules on this file system")
+        self.write("--set", "flow-stress=on")
+        self.assertEqual(os.getxattr(self.file, "system.posix_acl_access"), rules)
+        self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), 0o660)
 
     @NOT_ON_WINDOWS
     def test_a_pipe_as_recipe_is_refused(self):

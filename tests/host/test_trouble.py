@@ -39,6 +39,41 @@ class Trouble(ProgramTest):
         self.check(self.run_program("write", "Run02"), 3, "",
                    "Run02: cannot be read: Is a directory\n")
 
+    def test_a_recipe_of_more_than_256_kib(self):
+        largest = 1 << 18
+        text = (PROJECT + TARGET + "#").encode()
+        self.make_recipe(text.ljust(largest, b"x"))
+        self.check(self.run_program("write", "cover.toml"), 0)
+        for size in (largest + 1, largest + 4096):
+            self.make_recipe(text.ljust(size, b"x"))
+            self.check(self.run_program("write", "cover.toml"), 3, "",
+                       "cover.toml: cannot be read: File too large\n")
+
+    def test_a_key_of_very_many_parts(self):
+        for text in ("a" + ".a" * 130_000 + "=1", "[a" + ".a" * 130_000 + "]"):
+            self.make_recipe(text)
+            done = self.run_program("write", "cover.toml")
+            self.assertEqual((done.returncode, done.stderr.split(": ")[1]),
+                             (2, "a key has too many parts\n"))
+
+    @NOT_ON_WINDOWS
+    def test_a_word_that_looks_like_a_path_of_windows_is_a_file_name(self):
+        self.make_recipe(PROJECT + TARGET, "c:cover.toml")
+        self.check(self.run_program("write", "c:cover.toml"), 0)
+        os.rename(self.folder / "Cover02.cmi", self.folder / "c:Cover02.cmi")
+        self.check(self.run_program("check", "c:Cover02.cmi"), 0)
+        self.check(self.run_program("init", "Run02", "-o", "c:new.toml"), 0)
+        self.check(self.run_program("report", "c:new.toml", "-o", "c:page.html"), 0)
+        self.assertIn("c:page.html", self.files())
+
+    @NOT_ON_WINDOWS
+    def test_a_current_folder_with_a_backslash(self):
+        folder = self.folder / "a\\b"
+        folder.mkdir()
+        self.check(self.run_program("write", self.folder / "cover.toml", cwd=folder), 3, "",
+                   "zorbi2: the current folder cannot be used: a backslash in its name would be "
+                   "taken for a separator\n")
+
     def test_a_folder_for_the_file_that_does_not_exist(self):
         self.refused(PROJECT + TARGET + '[control_file]\nfolder = "none"\n',
                      f"cover.toml: {self.file('none/Cover02.cmi')}: cannot be written: "

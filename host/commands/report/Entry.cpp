@@ -1,6 +1,5 @@
 #include "commands/report/Entry.h"
 
-#include <charconv>
 #include <utility>
 
 #include <zorbi2/CZorbI2Engine.h>
@@ -17,13 +16,6 @@ namespace host {
 namespace {
 
 // ---- What control files say -------------------------------------------------------------------
-
-double NumberAt(const ControlFile& file, const std::string& key) {
-    const std::string& text = file.at(key);
-    double number = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
 
 /// The reduction over the meeting angle: a rate for each range of angles.
 Json JsonOfWeldLines(const ControlFile& file) {
@@ -175,7 +167,6 @@ Json EntryOf(Job& job, Surroundings& host, const FilesRead& recipesRead) {
     Json offer = Json::object();  // stays empty unless all of it is there
     Attempt(job, options, [&] {
         CheckRun(job.recipe);
-        CheckFilesOfRun(job.recipe);
         Session session(job.recipe);
         Attempt(job, options, [&] {
             MakeText(job, session, options);

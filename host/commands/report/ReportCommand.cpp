@@ -1,4 +1,5 @@
 // The command "report": a page that shows recipes and control files, for people without a terminal.
+#include <fstream>
 #include <memory>
 #include <new>
 #include <optional>
@@ -29,9 +30,15 @@ struct ReportOptions {
 /// Whether a word of the command line names a control file. What cannot be read is one by its name.
 bool NamesControlFile(const std::string& word, const fs::path& start) {
     const fs::path file = PathOf(AbsolutePath(word, start));
-    std::error_code unknown;
-    return word != "-" && (file.extension() == ".cmi" ||
-                           (fs::is_regular_file(file, unknown) && IsControlFile(StartOf(file))));
+    if (word == "-" || file.extension() == ".cmi") {
+        return word != "-";
+    }
+    constexpr std::size_t firstLine = 64;
+    std::ifstream stream;
+    if (std::error_code unknown; fs::is_regular_file(file, unknown)) {
+        stream.open(file, std::ios::binary);
+    }
+    return IsControlFile(ReadBytes(stream, firstLine));
 }
 
 /// The entries of a call, one after the other.

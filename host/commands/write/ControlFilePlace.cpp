@@ -27,12 +27,11 @@ bool IsOfRun(const fs::path& file, const Recipe& recipe) {
 }  // namespace
 
 std::string StartOf(const fs::path& file) {
-    constexpr std::size_t moreThanAControlFile = 1 << 16;
     std::ifstream stream(file, std::ios::binary);
     if (!stream) {
         FailFor(errno, {}, Utf8Of(file) + ": cannot be read");
     }
-    return ReadBytes(stream, moreThanAControlFile);
+    return ReadBytes(stream, largestFile);
 }
 
 bool IsControlFile(const std::string& text) {

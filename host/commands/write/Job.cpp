@@ -30,10 +30,9 @@ struct TemporaryFile {
 
 /// Tries what the engine did not manage, for the system's reason; empty when it goes well.
 std::string ReasonAgainstWriting(const fs::path& file) {
-    constexpr std::size_t moreThanAControlFile = 65536;
     errno = 0;
     std::ofstream stream(file, std::ios::binary);
-    stream << std::string(moreThanAControlFile, ' ') << std::flush;
+    stream << std::string(largestFile, ' ') << std::flush;
     return stream ? std::string() : std::strerror(errno);
 }
 
@@ -141,7 +140,6 @@ void RefuseSameFile(std::vector<Job>& jobs) {
 void MakeText(Job& job, const GeneralOptions& options) {
     const Recipe& recipe = job.recipe;
     CheckRun(recipe);
-    CheckFilesOfRun(recipe);
     Session session(recipe);
     MakeText(job, session, options);
 }
@@ -161,7 +159,7 @@ void MakeText(Job& job, Session& session, const GeneralOptions& options) {
 FilesRead FilesReadBy(const std::vector<Job>& jobs, const fs::path& start) {
     FilesRead files;
     for (const Job& job : jobs) {
-        files.insert(FileIdentity(start / PathOf(job.recipe.file)));
+        files.insert(FileIdentity(PathOf(AbsolutePath(job.recipe.file, start))));
         if (!job.recipe.mappedMesh.empty()) {
             files.insert(FileIdentity(PathOf(job.recipe.mappedMesh)));
         }

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "problems/Problem.h"
+
 namespace host {
 
 namespace {
@@ -40,12 +42,7 @@ std::string Shown(const DifferenceLine& line) {
         text.pop_back();
     }
     std::ranges::replace_if(
-        text,
-        [](char letter) {
-            const auto byte = static_cast<unsigned char>(letter);
-            return (byte < 0x20 && byte != '\t') || byte == 0x7F;
-        },
-        '?');
+        text, [](char letter) { return IsControl(letter) && letter != '\t'; }, '?');
     return line.mark + text + (hasEnd ? "\n" : "\n\\ No newline at end of file\n");
 }
 
