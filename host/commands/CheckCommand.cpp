@@ -10,6 +10,7 @@
 #include "commands/check/CheckedFile.h"
 #include "commands/check/InWords.h"
 #include "console/Report.h"
+#include "system/Signals.h"
 
 namespace host {
 
@@ -73,6 +74,10 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
     Json list = Json::array();
     std::size_t fine = 0;
     for (const std::string& name : options.files) {
+        if (IsInterrupted()) {
+            problems.emplace_back(Place{}, "interrupted, before " + name, ExitCode::fileTrouble);
+            break;
+        }
         Checked file{name, {}, {}};
         try {
             file = CheckFile(name, wanted, host, offers);

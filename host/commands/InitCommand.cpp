@@ -17,6 +17,7 @@
 #include "recipes/RecipeText.h"
 #include "system/HostPlatform.h"
 #include "system/SafeFile.h"
+#include "system/Signals.h"
 
 namespace host {
 
@@ -171,6 +172,10 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
     if (fs::is_directory(path, unknown)) {
         Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
     }
+    if (const FilePlace place = LookAtPlace(path);
+        mayReplace && place.isTaken && IsNamedAsOfARun(place.file)) {
+        Fail({file}, "is a file of a run, and is not replaced", ExitCode::fileTrouble);
+    }
     const std::string reason = mayReplace ? ReplaceFile(path, text) : MakeFile(path, text);
     if (!reason.empty() && !mayReplace && fs::exists(path, unknown)) {
         Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
@@ -259,6 +264,10 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
     std::set<std::string> written;
     Json list = Json::array();
     for (const FoundRun& one : found) {
+        if (IsInterrupted()) {
+            problems.emplace_back(Place{}, "interrupted", ExitCode::fileTrouble);
+            break;
+        }
         Attempt(problems, [&] {
             if (!written.insert(FileIdentity(one.recipeFile)).second) {
                 Fail({Utf8Of(one.recipeFile)},

@@ -148,6 +148,10 @@ std::vector<Run> RunsAmong(const std::vector<fs::path>& entries) {
     return runs;
 }
 
+bool IsNamedAsOfARun(const fs::path& file) {
+    return !RunsAmong({file}).empty();
+}
+
 std::string Listed(const std::vector<Run>& runs) {
     constexpr std::size_t longest = 10;
     std::string list;

@@ -27,6 +27,9 @@ std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder
 /// are read as the number in which the folder's name ends, or else in each of these ways.
 std::vector<Run> RunsAmong(const std::vector<std::filesystem::path>& entries);
 
+/// Whether a file is named as those of a run are.
+bool IsNamedAsOfARun(const std::filesystem::path& file);
+
 /// "Cover, run 2; Lid, run 11", without those of a long list; "none" when there is no run.
 std::string Listed(const std::vector<Run>& runs);
 
@@ -40,7 +43,8 @@ std::filesystem::path StartOfPaths(const CZorbFEAInformation& project);
 void CheckRun(const Recipe& recipe);
 
 /// Looks before the engine opens them at the files of a run that it reads. Throws a Failure for one
-/// that is no regular file, and may have no end, or is larger than it can be.
+/// that is no regular file, and may have no end, that is larger than it can be, or that cannot be
+/// read, which the engine would take for results that are missing.
 void CheckFilesOfRun(const Recipe& recipe);
 
 /// Warns of files that are not found, because their names differ in case from those of the run.

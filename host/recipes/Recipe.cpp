@@ -124,7 +124,7 @@ struct Reader {
             Refuse(place, Shown() + " would stand in the file as " + Printed(number) +
                               "; at most three decimals are kept");
         }
-        return number;
+        return number + 0.0;  // a zero without sign
     }
 
     std::string Text(const std::string& hint = {}) const {

@@ -29,9 +29,10 @@ namespace host {
 
 std::vector<std::string> PrepareProcess(int argc, char** argv) {
     // A stream that was closed would lend its number to the next file that the engine opens. A
-    // file that cannot be written keeps the place, and printing still fails.
+    // file that is open the wrong way round keeps the place, and reading or printing still fails.
     for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
-        if (fcntl(stream, F_GETFD) == -1 && open("/dev/null", O_RDONLY) != stream) {
+        const int wrongWay = stream == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+        if (fcntl(stream, F_GETFD) == -1 && open("/dev/null", wrongWay) != stream) {
             std::_Exit(3);
         }
     }

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
+#include <fstream>
 #include <string_view>
 
 #include "system/Paths.h"
@@ -135,6 +136,9 @@ void CheckRegularFile(const fs::path& file, std::uintmax_t largest, const Place&
              name + ": " + std::to_string(size) + " bytes, but such a file has at most " +
                  std::to_string(largest),
              ExitCode::fileTrouble);
+    }
+    if (!std::ifstream(file)) {
+        FailFor(errno, place, name + ": cannot be read");
     }
 }
 

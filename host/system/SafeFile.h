@@ -31,7 +31,7 @@ std::string TemporaryName();
 void RemoveLeftOvers(const std::filesystem::path& folder, std::filesystem::file_type type);
 
 /// Throws a Failure, of a place, for what is there but is not a regular file, which might never end
-/// or never begin, or is larger than it can be.
+/// or never begin, is larger than it can be, or cannot be read.
 void CheckRegularFile(const std::filesystem::path& file, std::uintmax_t largest,
                       const Place& place);
 

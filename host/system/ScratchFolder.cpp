@@ -23,7 +23,8 @@ ScratchFolder::ScratchFolder() {
              "separator",
              ExitCode::fileTrouble);
     }
-    const fs::path parent = start_ / fs::temp_directory_path(error);
+    const fs::path temporary = fs::temp_directory_path(error);
+    const fs::path parent = start_ / temporary;
     if (!error) {
         RemoveLeftOvers(parent, fs::file_type::directory);
         path_ = parent / TemporaryName();
@@ -35,7 +36,9 @@ ScratchFolder::ScratchFolder() {
     if (error) {
         std::error_code ignored;
         fs::remove(path_, ignored);
-        Fail({}, "no temporary folder can be made: " + ReasonOf(error), ExitCode::fileTrouble);
+        const std::string where = temporary.empty() ? "" : " in " + Utf8Of(parent);
+        Fail({}, "no temporary folder can be made" + where + ": " + ReasonOf(error),
+             ExitCode::fileTrouble);
     }
 }
 

@@ -63,6 +63,12 @@ def run(*arguments, cwd=None, environment=None, **others):
     return done
 
 
+def copy_example(folder):
+    """The example as it comes, without the file that scripts/demo leaves beside its recipe."""
+    shutil.copytree(EXAMPLE, folder, dirs_exist_ok=True)
+    (folder / "Cover02.cmi").unlink(missing_ok=True)
+
+
 def all_from(master):
     """All bytes that a terminal gets; closes it."""
     text = b""

@@ -1,15 +1,14 @@
 """The example project gives the control file that stands beside it."""
 
-import shutil
 import unittest
 
-from program import EXAMPLE, ProgramTest, as_on_disk, own_path
+from program import EXAMPLE, ProgramTest, as_on_disk, copy_example, own_path
 
 
 class Example(ProgramTest):
     def setUp(self):
         super().setUp()
-        shutil.copytree(EXAMPLE, self.folder / "cover")
+        copy_example(self.folder / "cover")
         self.expected = as_on_disk((EXAMPLE / "expected" / "Cover02.cmi").read_bytes())
 
     def test_the_written_file_is_the_expected_one(self):

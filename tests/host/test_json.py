@@ -1,16 +1,16 @@
 """JSON documents: one on standard output for every command, in the shapes of docs/json.md."""
 
 import json
-import shutil
 import unittest
 
-from program import EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest, own_path
+from program import (EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest,
+                     copy_example, own_path)
 
 
 class JsonDocuments(ProgramTest):
     def setUp(self):
         super().setUp()
-        shutil.copytree(EXAMPLE, self.folder, dirs_exist_ok=True)
+        copy_example(self.folder)
 
     def document(self, *arguments, code=0):
         done = self.run_program(*arguments, "--json")

@@ -487,6 +487,30 @@ class Replace(ProgramTest):
         path.mkdir()
         self.write(word="new")
 
+    @NOT_ON_WINDOWS
+    def test_results_that_cannot_be_read_are_told(self):
+        self.folder.chmod(0o777)
+        for name in ("Cover02.cmx", "Cover02.k5o"):
+            path = self.folder / "Run02" / name
+            path.touch()
+            path.chmod(0)
+            self.check(self.run_program("write", "cover.toml", **self.as_nobody()), 3, "",
+                       f"cover.toml:4:10: project.folder: {path}: cannot be read: Permission "
+                       "denied\n")
+            path.chmod(0o644)
+
+    def test_files_of_runs_are_replaced_by_no_recipe_and_no_report(self):
+        for name in ("Cover02.k5o", "Cover02.cmx", "Lid11_medi.crp"):
+            path = self.folder / "Run02" / name
+            path.write_text("results", encoding="utf-8")
+            for command in (["init", "Run02", "--run", "2", "--name", "Cover"],
+                            ["report", "cover.toml"]):
+                word = f"Run02/{name}"
+                done = self.run_program(*command, "-o", word, "--force")
+                shown = own_path(path) if command[0] == "init" else word
+                self.check(done, 3, None, f"{shown}: is a file of a run, and is not replaced\n")
+            self.assertEqual(path.read_text(encoding="utf-8"), "results")
+
     # ---- What is read and written in one call ---------------------------------------------------
 
     def test_a_recipe_is_not_replaced_however_it_is_called(self):

@@ -32,6 +32,16 @@ class Report(ProgramTest):
         self.check(done, code)
         return json.loads(done.stdout)
 
+    @unittest.skipIf(ON_WINDOWS, "modes are POSIX's")
+    def test_a_recipe_that_may_not_be_read_is_an_entry(self):
+        self.make_recipe(name="secret.toml")
+        (self.folder / "secret.toml").chmod(0)
+        self.folder.chmod(0o777)
+        done = self.run_program("report", "cover.toml", "secret.toml", "-o", "page.html",
+                                **self.as_nobody())
+        self.check(done, 3, None, "secret.toml: cannot be read: Permission denied\n")
+        self.assertIn("secret.toml", self.page.read_text(encoding="utf-8"))
+
     # ---- The data -------------------------------------------------------------------------------
 
     def test_an_entry_has_what_the_other_commands_show(self):

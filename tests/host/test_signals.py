@@ -81,6 +81,32 @@ class Signals(BatchTest):
                 self.assert_whole_files()
                 self.assert_nothing_left()
 
+    def test_a_signal_ends_a_check_of_many_files_between_two(self):
+        self.make_recipe()
+        self.run_program("write", "cover.toml")
+        count = 20_000
+        with self.start("check", *["Cover02.cmi"] * count) as process:
+            first = process.stdout.readline()
+            process.send_signal(signal.SIGTERM)
+            stdout, stderr = process.communicate()
+        self.assertEqual((process.returncode, stderr),
+                         (-signal.SIGTERM, "zorbi2: interrupted, before Cover02.cmi\n"))
+        self.assertLess((first + stdout).count("no faults"), count)
+
+    def test_a_signal_ends_init_of_many_runs_between_two(self):
+        count = 500
+        for number in range(count):
+            self.make_run(f"Part{number}x02", f"runs/{number}", files=[".k5f"])
+        with self.start("init", "--all", "runs", "-o", "out") as process:
+            first = process.stdout.readline()
+            process.send_signal(signal.SIGTERM)
+            stdout, stderr = process.communicate()
+        self.assertEqual((process.returncode, stderr),
+                         (-signal.SIGTERM, "zorbi2: interrupted\n"))
+        written = (first + stdout).count("wrote")
+        self.assertLess(written, count)
+        self.assertEqual(len(os.listdir(self.out)), written)
+
     def test_a_signal_while_recipes_are_read_leaves_nothing(self):
         count = 3000
         names = self.make_recipes(count)

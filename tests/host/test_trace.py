@@ -3,13 +3,13 @@
 import shutil
 import unittest
 
-from program import EXAMPLE, PROJECT, TARGET, ProgramTest, own_path
+from program import PROJECT, TARGET, ProgramTest, copy_example, own_path
 
 
 class Trace(ProgramTest):
     def setUp(self):
         super().setUp()
-        shutil.copytree(EXAMPLE, self.folder, dirs_exist_ok=True)
+        copy_example(self.folder)
 
     def lines(self, folder):
         return ["@@@ I2Engine Fiber Orientation Results SOLID",

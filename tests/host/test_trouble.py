@@ -119,7 +119,19 @@ class Trouble(ProgramTest):
         done = self.run_program("write", "cover.toml", environment={"TMPDIR": "/nowhere"})
         self.check(done, 3, "", "zorbi2: no temporary folder can be made: No such file or directory\n")
 
+    @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "root gives the folder away")
+    def test_a_temporary_folder_that_takes_no_folder(self):
+        done = self.run_program("write", "cover.toml", environment={"TMPDIR": "/proc/self"})
+        self.assertRegex(done.stderr, "^zorbi2: no temporary folder can be made in /proc/self: "
+                         "[A-Z][a-z ]+\n$")
+        self.assertEqual(done.returncode, 3)
+
     # ---- Standard streams ---------------------------------------------------------------------
+
+    @NOT_ON_WINDOWS
+    def test_a_closed_standard_input_cannot_be_read(self):
+        done = self.run_program("write", "-", preexec_fn=lambda: os.close(0))
+        self.check(done, 3, "", "-: cannot be read: Bad file descriptor\n")
 
     @NOT_ON_WINDOWS
     def test_a_full_standard_output_is_an_error(self):

@@ -175,6 +175,12 @@ class Write(ProgramTest):
                      "ReductionRate3 = 1.000"):
             self.assertIn(line, lines)
 
+    def test_a_zero_has_no_sign(self):
+        lines = self.write(recipe=PROJECT + TARGET + "[weld_lines]\nangles = [-0.0, 60, 90]\n"
+                           "reduction_rates = [-0.0, 0.5, 1]\ndigimat_angle = -0.0\n")
+        for line in ("WeldlineAngle2 = 0.000", "WeldlineAngle = 0.000", "ReductionRate1 = 0.000"):
+            self.assertIn(line, lines)
+
     # ---- The command line beats the recipe ----------------------------------------------------
 
     def test_solver_and_mesh_of_the_command_line_beat_the_recipe(self):

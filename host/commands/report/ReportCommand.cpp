@@ -9,6 +9,7 @@
 #include "commands/report/Entry.h"
 #include "commands/report/Page.h"
 #include "commands/report/Summary.h"
+#include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
 #include "system/Memory.h"
 #include "system/SafeFile.h"
@@ -80,6 +81,9 @@ void Reporter::LookAtPage(const std::string& name) const {
     const std::string identity = FileIdentity(file_);
     if (recipesRead_.contains(identity) || controlFilesRead_.contains(identity)) {
         Fail({name}, "is a file that this call reads, and is not replaced", ExitCode::fileTrouble);
+    }
+    if (place.isTaken && IsNamedAsOfARun(place.file)) {
+        Fail({name}, "is a file of a run, and is not replaced", ExitCode::fileTrouble);
     }
     const std::string text = place.isTaken ? StartOf(place.file) : std::string();
     if (!text.empty() && !Page::IsPage(text) && !options_.force) {
