@@ -84,6 +84,7 @@ install(
     FILES_MATCHING
     PATTERN *.md
     PATTERN *.svg
+    PATTERN *.png
     PATTERN man EXCLUDE
     PATTERN site EXCLUDE)
 # One page for the program, and one for each command.

@@ -17,7 +17,7 @@ constexpr const char* exitCodes =
     "Exit codes:\n"
     "  0  done\n"
     "  1  something asked for is not available, or a check found faults\n"
-    "  2  wrong usage, or a recipe that cannot be read\n"
+    "  2  wrong usage, or a recipe that is wrong\n"
     "  3  file or folder trouble\n\n"
     "Example:\n"
     "  zorbi2 init Run02 && zorbi2 items Cover02.toml && zorbi2 write Cover02.toml";

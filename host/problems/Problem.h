@@ -15,7 +15,7 @@ namespace host {
 enum class ExitCode {
     done = 0,
     notAvailable = 1,  ///< something asked for is not available, or a check found faults
-    badUsage = 2,      ///< a command line or a recipe that cannot be read
+    badUsage = 2,      ///< a wrong command line or recipe
     fileTrouble = 3,   ///< a file or folder that cannot be used
 };
 

@@ -150,12 +150,13 @@ struct Reader {
     }
 
     std::string Path() const {
-        const std::string path = Text(node->is_string() ? singleQuotesHint : "");
+        std::string path = Text(node->is_string() ? singleQuotesHint : "");
+        if (MayBeElsewhere(path)) {
+            return path;  // as it stands: the translator may run on another machine
+        }
         if (path.starts_with('~')) {
             Refuse(place, Quoted(path) + R"( starts with "~", which is not expanded; write the )" +
                               "whole path");
-        } else if (MayBeElsewhere(path)) {
-            return path;  // as it stands: the translator may run on another machine
         } else {
             recipe.pathsHere.insert(place.name);
         }

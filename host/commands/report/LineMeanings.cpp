@@ -130,7 +130,7 @@ std::vector<NumberedLine> ExplainedLines(std::string_view text) {
         std::string line(text.substr(0, length));
         text.remove_prefix(std::min(length + 1, text.size()));
         line.resize(line.size() - (line.ends_with('\r') ? 1 : 0));
-        const std::string_view key = ControlFileKeyOf<std::string_view>(line);
+        const auto key = ControlFileKeyOf<std::string_view>(line);
         const auto row = std::find_if(next, layout.end(),
                                       [&key](const LayoutRow& one) { return one.IsOf(key); });
         const bool isKnown = row != layout.end();
