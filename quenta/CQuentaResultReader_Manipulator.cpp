@@ -28,7 +28,10 @@ std::string DigitsAtStart(const char* path) {
         for (int next = std::fgetc(file.get());
              next >= '0' && next <= '9' && digits.size() < tooManyDigits;
              next = std::fgetc(file.get())) {
-            digits = (digits == "0" ? "" : digits) + static_cast<char>(next);
+            if (digits == "0") {
+                digits.clear();
+            }
+            digits += static_cast<char>(next);
         }
     }
     return digits;

@@ -33,7 +33,7 @@ NEVER_TAKEN = [
     ("engine/CZorbI2EngineManager.cpp", ".viewEdit = engine.viewEdit,", 1, SANITIZER),
     ("engine/CZorbI2EngineManager.cpp", "engine = new (std::nothrow) CZorbI2Engine(info);", 2, CLEAN_UP),
     ("include/zorbi2/ControlFileFormat.h", "const Text key = line.substr(0, isTag && end != Text::npos ? end + 1 : end);", 1, UNWINDING),
-    ("include/zorbi2/ControlFileFormat.h", 'return key.substr(0, key.find_last_not_of(" \\t") + 1);', 2, UNWINDING),
+    ("include/zorbi2/ControlFileFormat.h", 'return key.substr(0, key.find_last_not_of(" \\t") + 1);', 1, UNWINDING),
     ("items/ItemCatalogue.cpp", "row.category, itemId, available, std::string(row.title), std::string(row.description),", 4, CLEAN_UP),
     ("items/ItemCatalogue.cpp", "checkState, std::move(options), defaultOption));", 4, CLEAN_UP),
     ("items/SolverSlots.cpp", "offered[row.solver] = row.isOfferedForShells || solverType != kShellProject;", 1, SANITIZER),
