@@ -34,8 +34,8 @@ class Diff(ProgramTest):
         self.write()
         before = self.file.read_bytes()
         self.write("--diff", "--set", "flow-stress=on", stdout=(
-            "--- FILE\n"
-            "+++ FILE\n"
+            "--- FILE\t\n"
+            "+++ FILE\t\n"
             "@@ -17,7 +17,7 @@\n"
             " IsDoMaterialReduction =         1   (0:off,1:on)\n"
             " IsRunnerOutput =                0   (0:off,1:on)\n"
@@ -49,7 +49,7 @@ class Diff(ProgramTest):
 
     def test_a_file_that_is_not_there_is_all_new(self):
         text = self.write("--diff")
-        self.assertTrue(text.startswith("--- /dev/null\n+++ FILE\n@@ -0,0 +1,"), text)
+        self.assertTrue(text.startswith("--- /dev/null\n+++ FILE\t\n@@ -0,0 +1,"), text)
         self.assertEqual(self.lines_of(text, "- "), [])
         self.assertNotIn(FILE, self.files())
         self.write()

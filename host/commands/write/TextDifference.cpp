@@ -68,6 +68,11 @@ std::string Part(const std::vector<DifferenceLine>& lines, std::size_t start, st
     return text;
 }
 
+/// A name with a space ends in a tab: other programs would take what follows for a time.
+std::string Header(const std::string& name) {
+    return name + (name.find(' ') != std::string::npos ? "\t\n" : "\n");
+}
+
 }  // namespace
 
 std::vector<DifferenceLine> MergedLines(const std::vector<std::string>& before,
@@ -111,7 +116,7 @@ std::string TextDifference(const std::string& oldName, const std::string& oldTex
         }
         text += Part(lines, start, std::min(last + context + 1, lines.size()));
     }
-    return text.empty() ? text : "--- " + oldName + "\n+++ " + newName + "\n" + text;
+    return text.empty() ? text : "--- " + Header(oldName) + "+++ " + Header(newName) + text;
 }
 
 }  // namespace host
