@@ -102,7 +102,8 @@ class Trouble(ProgramTest):
     def test_a_file_that_may_not_become_as_large_leaves_the_old_one(self):
         (self.folder / "Cover02.cmi").write_text(OLD)
         self.refused(PROJECT + TARGET,
-                     f"cover.toml: {self.file()}: cannot be written: File too large\n",
+                     f"cover.toml: {self.file()}: cannot be written: in the temporary "
+                     "folder: File too large\n",
                      preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (500, 500)))
         self.assertEqual((self.folder / "Cover02.cmi").read_text(), OLD)
 

@@ -33,7 +33,8 @@ std::string ReasonAgainstWriting(const fs::path& file) {
     errno = 0;
     std::ofstream stream(file, std::ios::binary);
     stream << std::string(largestFile, ' ') << std::flush;
-    return stream ? std::string() : std::strerror(errno);
+    const std::string where = errno == ENAMETOOLONG ? "" : "in the temporary folder: ";
+    return stream ? std::string() : where + std::strerror(errno);
 }
 
 /// What the text of the file says differently from what was asked for, if anything.
