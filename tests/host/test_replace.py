@@ -99,10 +99,19 @@ class Replace(ProgramTest):
     def test_a_file_of_the_run_is_never_replaced(self):
         (self.folder / "Run02" / "Cover02.k5f").write_text("results")
         for ending in ("k5f", "k5p"):  # k5p is empty
-            self.refused("is a file of the run, and is not replaced", "--force",
+            self.refused("is a file of a run, and is not replaced", "--force",
                          recipe=f'{PROJECT}{TARGET}[control_file]\nfolder = "Run02"\n'
                                 f'extension = "{ending}"\n',
                          file=self.folder / "Run02" / f"Cover02.{ending}")
+
+    def test_results_of_another_run_are_never_replaced(self):
+        other = self.folder / "other"
+        other.mkdir()
+        (other / "Lid02.k5o").write_text("results")
+        self.refused("is a file of a run, and is not replaced", "--force",
+                     recipe=f'{PROJECT}{TARGET}[control_file]\nfolder = "other"\nname = "Lid"\n'
+                            'extension = "k5o"\n', file=other / "Lid02.k5o")
+        self.assertEqual((other / "Lid02.k5o").read_text(), "results")
 
     def test_a_control_file_may_stand_with_the_run(self):
         self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "Run02"\n')

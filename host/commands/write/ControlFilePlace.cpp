@@ -5,6 +5,7 @@
 
 #include <zorbi2/ControlFileFormat.h>
 
+#include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
 #include "system/SafeFile.h"
@@ -56,8 +57,8 @@ ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, b
     if (!there.isTaken || IsControlFile(there.text)) {
         return there;
     }
-    if (IsOfRun(file, recipe)) {
-        Fail({}, name + "is a file of the run, and is not replaced", ExitCode::fileTrouble);
+    if (IsOfRun(file, recipe) || IsNamedAsOfARun(place.file)) {
+        Fail({}, name + "is a file of a run, and is not replaced", ExitCode::fileTrouble);
     }
     if (!there.text.empty() && !isForced) {  // with an empty file nothing is lost
         Fail({}, name + "is not a control parameter file; --force replaces it",
