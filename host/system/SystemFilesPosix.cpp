@@ -69,10 +69,13 @@ struct Replaced {
 constexpr const char* accessRules = "system.posix_acl_access";
 
 std::string RulesOf(const std::filesystem::path& file) {
+    std::string rules;
     const ssize_t size = getxattr(file.c_str(), accessRules, nullptr, 0);
-    std::string rules(static_cast<std::size_t>(std::max<ssize_t>(size, 0)), '\0');
-    const ssize_t read = getxattr(file.c_str(), accessRules, rules.data(), rules.size());
-    rules.resize(static_cast<std::size_t>(std::max<ssize_t>(read, 0)));
+    if (size > 0) {
+        rules.resize(static_cast<std::size_t>(size));
+        const ssize_t read = getxattr(file.c_str(), accessRules, rules.data(), rules.size());
+        rules.resize(static_cast<std::size_t>(std::max<ssize_t>(read, 0)));
+    }
     return rules;
 }
 

@@ -18,7 +18,7 @@ OLD = "I2-Output Control Parameter File\n"
 # What a program asks of the system for files and their names. Not close, whose failure leaves the
 # file open.
 CALLS = ("openat read write newfstatat getdents64 getcwd chdir mkdir faccessat2 access readlink "
-         "fchown fchmod fsync linkat renameat unlink unlinkat rmdir ioctl getrandom").split()
+         "fchown fchmod fsync linkat renameat unlink unlinkat rmdir ioctl getrandom getxattr").split()
 
 
 @unittest.skipUnless(STRACE and not ON_WINDOWS and os.environ["ZORBI2_BUILD_TYPE"] == "Release",
