@@ -114,11 +114,18 @@ std::string Suggestion(const CLI::App& app) {
     return "; nearest: " + Nearest(unknown[0], NamesLike(unknown[0], app));
 }
 
+/// A flag that is none, beside another error: it may be the cause, or have taken a word's place.
+std::string UnknownFlag(const CLI::App& app) {
+    const std::vector<std::string> unknown = app.remaining(true);
+    const bool isFlag = !unknown.empty() && unknown[0].starts_with('-');
+    return isFlag ? "; " + unknown[0] + " is no flag" + Suggestion(app) : std::string();
+}
+
 ExitCode RefuseUsage(const CLI::App& app, const CLI::ParseError& error) {
     const auto commands = app.get_subcommands();
     const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
     const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
-    Tell({{}, error.what() + (isUnknown ? Suggestion(app) : ""), ExitCode::badUsage});
+    Tell({{}, error.what() + (isUnknown ? Suggestion(app) : UnknownFlag(app)), ExitCode::badUsage});
     std::cerr << "zorbi2 " << command << "--help tells how it is used\n";
     return ExitCode::badUsage;
 }

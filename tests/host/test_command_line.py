@@ -14,6 +14,8 @@ BAD = [
     (["write", "a.toml", "--dryrun"],
      "The following argument was not expected: --dryrun; nearest: --dry-run, --json, --trace",
      "write "),
+    (["write", "--dryrun"],
+     "RECIPE is required; --dryrun is no flag; nearest: --dry-run, --json, --trace", "write "),
     (["itmes", "a.toml"],
      "The following arguments were not expected: a.toml itmes; nearest: items, init, write", ""),
     (["write", "a.toml", "--solver"], "--solver: 1 required S missing", "write "),
