@@ -145,6 +145,9 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Com
         return ExitCode::done;
     }
     try {
+        if (std::ranges::find(arguments, "") != arguments.end()) {  // an unset shell variable
+            throw CLI::ParseError("An argument is empty", CLI::ExitCodes::ArgumentMismatch);
+        }
         arguments = WithSingleChoices(arguments);
         std::ranges::reverse(arguments);  // as CLI11 wants them
         app.parse(std::move(arguments));

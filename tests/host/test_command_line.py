@@ -16,6 +16,8 @@ BAD = [
      "write "),
     (["write", "--dryrun"],
      "RECIPE is required; --dryrun is no flag; nearest: --dry-run, --json, --trace", "write "),
+    (["write", "a.toml", "--out", ""], "An argument is empty", ""),
+    ([""], "An argument is empty", ""),
     (["itmes", "a.toml"],
      "The following arguments were not expected: a.toml itmes; nearest: items, init, write", ""),
     (["write", "a.toml", "--solver"], "--solver: 1 required S missing", "write "),
