@@ -211,6 +211,7 @@ TEST(ControlFileFormat, FindsTheKeyOfALineOfAFile) {
     EXPECT_EQ(ControlFileKey("Segment X \t = 80"), "Segment X");
     EXPECT_EQ(ControlFileKey("[ANSYS] "), "[ANSYS]");
     EXPECT_EQ(ControlFileKey("[\\MAP DOMAIN] "), "[\\MAP DOMAIN]");
+    EXPECT_EQ(ControlFileKey("[ANSYS]x"), "[ANSYS]");
     EXPECT_EQ(ControlFileKey("[ANSYS "), "[ANSYS");
     EXPECT_EQ(ControlFileKey("I2-Output Control Parameter File"),
               "I2-Output Control Parameter File");
