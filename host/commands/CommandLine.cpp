@@ -145,8 +145,10 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Com
         return ExitCode::done;
     }
     try {
-        if (std::ranges::find(arguments, "") != arguments.end()) {  // an unset shell variable
-            throw CLI::ParseError("An argument is empty", CLI::ExitCodes::ArgumentMismatch);
+        if (const auto empty = std::ranges::find(arguments, ""); empty != arguments.end()) {
+            const auto number = std::to_string(empty - arguments.begin() + 1);
+            throw CLI::ParseError("Argument " + number + " is empty, as an unset variable is",
+                                  CLI::ExitCodes::ArgumentMismatch);
         }
         arguments = WithSingleChoices(arguments);
         std::ranges::reverse(arguments);  // as CLI11 wants them

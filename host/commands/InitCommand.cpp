@@ -265,7 +265,6 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
     Json list = Json::array();
     for (const FoundRun& one : found) {
         if (IsInterrupted()) {
-            problems.emplace_back(Place{}, "interrupted", ExitCode::fileTrouble);
             break;
         }
         Attempt(problems, [&] {
@@ -277,7 +276,15 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
             list.push_back(WriteRecipe(one, options, terminal));
         });
     }
-    terminal.news << list.size() << " written, " << problems.size() << " failed" << std::endl;
+    const std::string counts =
+        std::to_string(list.size()) + " written, " + std::to_string(problems.size()) + " failed";
+    if (IsInterrupted()) {
+        problems.emplace_back(
+            Place{}, "interrupted: " + counts + ", of " + std::to_string(found.size()) + " runs",
+            ExitCode::fileTrouble);
+    } else {
+        terminal.news << counts << std::endl;
+    }
     return Report(problems, terminal.options, {{"recipes", list}});
 }
 
