@@ -123,6 +123,17 @@ class ProgramTest(unittest.TestCase):
         return {"user": 65534, "group": 65534, "extra_groups": [],
                 "environment": {"GCOV_PREFIX": counts}}
 
+    def as_another_user(self):
+        """Opens the folder for the user that the process becomes. No test where the program lies
+        in a folder that this user cannot enter."""
+        self.folder.chmod(0o777)
+        try:
+            done = self.run_program("--version", **self.as_nobody())
+        except PermissionError:
+            done = None
+        if done is None or done.returncode != 0:
+            self.skipTest("another user cannot run the program")
+
     def on_terminal(self, *arguments, columns=80, environment=None, stream="stdout",
                     code=0):
         """What the program prints on a terminal, its line ends as in a file."""

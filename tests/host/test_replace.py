@@ -224,16 +224,6 @@ class Replace(ProgramTest):
         self.addCleanup(self.folder.chmod, 0o700)
         self.refused("cannot be written: Permission denied", **self.as_nobody())
 
-    def as_another_user(self):
-        """Opens the folder for the user that the process becomes."""
-        self.folder.chmod(0o777)
-        try:
-            done = self.run_program("--version", **self.as_nobody())
-        except PermissionError:
-            done = None
-        if done is None or done.returncode != 0:
-            self.skipTest("another user cannot run the program")
-
     @unittest.skipUnless(ON_WINDOWS, "an attribute of Windows")
     def test_a_read_only_file_is_not_replaced(self):
         self.file.write_text(OLD)
@@ -498,7 +488,7 @@ class Replace(ProgramTest):
 
     @NOT_ON_WINDOWS
     def test_results_that_cannot_be_read_are_told(self):
-        self.folder.chmod(0o777)
+        self.as_another_user()
         for name in ("Cover02.cmx", "Cover02.k5o"):
             path = self.folder / "Run02" / name
             path.touch()

@@ -36,7 +36,7 @@ class Report(ProgramTest):
     def test_a_recipe_that_may_not_be_read_is_an_entry(self):
         self.make_recipe(name="secret.toml")
         (self.folder / "secret.toml").chmod(0)
-        self.folder.chmod(0o777)
+        self.as_another_user()
         done = self.run_program("report", "cover.toml", "secret.toml", "-o", "page.html",
                                 **self.as_nobody())
         self.check(done, 3, None, "secret.toml: cannot be read: Permission denied\n")
