@@ -34,36 +34,37 @@ constexpr bool EachItemHasItsLine() {
 }
 static_assert(EachItemHasItsLine());
 
-/// What a line prints before or after its value. All have the same number of bytes, so that copying
-/// one takes a few moves and no call.
+/// What a line prints before or after its value. The number of bytes is fixed, so that copying them
+/// takes a few moves and no call.
+template <std::size_t longest>
 struct Piece {
-    std::array<char, 48> bytes{};
-    std::size_t size = 0;
-};
-
-constexpr Piece PieceOf(std::string_view text, std::string_view end = {}) {
-    Piece piece;
-    for (const std::string_view part : {text, end}) {
-        for (const char character : part) {
-            piece.bytes.at(piece.size++) = character;
+    constexpr Piece() = default;
+    constexpr Piece(std::string_view text, std::string_view end) {
+        for (const std::string_view part : {text, end}) {
+            for (const char character : part) {
+                bytes.at(size++) = character;
+            }
         }
     }
-    return piece;
-}
 
+    std::array<char, longest> bytes{};
+    std::uint8_t size = 0;
+};
+
+/// A line of the cache: 64 bytes.
 struct FixedTexts {
-    Piece before;
-    Piece after;  ///< with the line end
+    Piece<41> before;
+    Piece<21> after;  ///< with the line end
 };
 
 constexpr FixedTexts FixedTextsOf(const ControlFileLine& line) {
     const std::string_view format = line.text;
     if (line.value == ControlFileValue::none) {
-        return {PieceOf(format), PieceOf("\n")};
+        return {{format, ""}, {"", "\n"}};
     }
     const std::size_t conversion = format.find('%');
-    return {PieceOf(format.substr(0, conversion)),
-            PieceOf(format.substr(format.find_first_of("dsf", conversion) + 1), "\n")};
+    const std::size_t end = format.find_first_of("dsf", conversion) + 1;
+    return {{format.substr(0, conversion), ""}, {format.substr(end), "\n"}};
 }
 
 /// By line.
@@ -82,8 +83,9 @@ public:
         }
     }
 
-    void Append(const Piece& piece) {
-        std::memcpy(End(), piece.bytes.data(), sizeof piece.bytes);
+    template <std::size_t longest>
+    void Append(const Piece<longest>& piece) {
+        std::memcpy(End(), piece.bytes.data(), longest);
         size_ += piece.size;
     }
     void Append(std::string_view text) {
