@@ -10,6 +10,7 @@
 #include "commands/check/CheckedFile.h"
 #include "commands/check/InWords.h"
 #include "console/Report.h"
+#include "problems/VisibleText.h"
 #include "system/Signals.h"
 
 namespace host {
@@ -53,7 +54,7 @@ Checked CheckFile(const std::string& name, const std::optional<std::string>& wan
 void ShowFile(const Checked& file, bool show, Terminal& terminal) {
     const std::size_t warnings = file.problems.size();
     (show ? terminal.out : terminal.news)
-        << file.name << ": no faults"
+        << Visible(file.name) << ": no faults"
         << (warnings == 0   ? ""
             : warnings == 1 ? ", 1 warning"
                             : ", " + std::to_string(warnings) + " warnings")

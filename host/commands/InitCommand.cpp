@@ -14,6 +14,7 @@
 #include "console/Report.h"
 #include "handover/RunFolder.h"
 #include "handover/Session.h"
+#include "problems/VisibleText.h"
 #include "recipes/RecipeText.h"
 #include "system/HostPlatform.h"
 #include "system/SafeFile.h"
@@ -190,8 +191,8 @@ Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& te
     const Recipe recipe = RecipeOf(run, Utf8Of(found.folder));
     const std::string file = Utf8Of(found.recipeFile);
     SaveRecipe(found.recipeFile, TextOf(recipe, found.recipeFile.parent_path()), options.force);
-    terminal.news << "wrote    " << file << " for " << run.name << ", run " << run.Number()
-                  << std::endl;
+    terminal.news << "wrote    " << Visible(file) << " for " << Visible(run.name) << ", run "
+                  << run.Number() << std::endl;
     return {{"recipe", file}, {"project", run.name}, {"run", run.Number()}};
 }
 

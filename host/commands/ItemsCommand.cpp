@@ -13,6 +13,7 @@
 #include "handover/LoadRecipe.h"
 #include "handover/RunFolder.h"
 #include "handover/Session.h"
+#include "problems/VisibleText.h"
 
 namespace host {
 
@@ -63,9 +64,9 @@ void PrintItem(const OfferedItem& offered, Terminal& terminal) {
 
 /// What the heading says.
 std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
-    return recipe.project.projectName + ", run " + std::to_string(recipe.project.runNumber) +
-           ", for " + slot.name + ": " + NameOf(recipe.meshKind, meshKinds) + " mesh, " +
-           ElementTypeOf(recipe, slot);
+    return Visible(recipe.project.projectName) + ", run " +
+           std::to_string(recipe.project.runNumber) + ", for " + slot.name + ": " +
+           NameOf(recipe.meshKind, meshKinds) + " mesh, " + ElementTypeOf(recipe, slot);
 }
 
 Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Problems& problems) {
@@ -76,7 +77,7 @@ Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Prob
         return {{"items", Json::array()}};
     }
     terminal.out << Wrapped(Heading(recipe, *slot), terminal.columns, 0) << '\n'
-                 << recipe.project.projectFolder << '\n';
+                 << Visible(recipe.project.projectFolder) << '\n';
     const std::vector<OfferedItem> items = session.Offer(recipe.solver, recipe.meshKind);
     int group = -1;
     for (const OfferedItem& offered : items) {

@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "control_files/ControlFile.h"
-#include "control_files/QuotedLine.h"
+#include "problems/VisibleText.h"
 
 namespace host {
 

@@ -9,8 +9,8 @@
 
 #include "control_files/ControlFile.h"
 #include "control_files/LayoutRow.h"
-#include "control_files/QuotedLine.h"
 #include "problems/Problem.h"
+#include "problems/VisibleText.h"
 
 namespace host {
 

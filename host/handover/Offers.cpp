@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "problems/VisibleText.h"
 #include "recipes/Names.h"
 
 namespace host {

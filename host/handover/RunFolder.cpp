@@ -8,6 +8,7 @@
 #include <optional>
 #include <string_view>
 
+#include "problems/VisibleText.h"
 #include "system/Paths.h"
 #include "system/SafeFile.h"
 

@@ -10,6 +10,7 @@
 #include "handover/AskedFor.h"
 #include "handover/Engine.h"
 #include "handover/RunFolder.h"
+#include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
 

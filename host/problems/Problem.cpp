@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "problems/VisibleText.h"
+
 namespace host {
 
 namespace {
@@ -85,17 +87,7 @@ std::string InOneLine(const Problem& problem) {
     for (const std::uint32_t position : {line, column}) {
         place += position > 0 ? ":" + std::to_string(position) : "";
     }
-    std::string text = place + (problem.isWarning ? ": warning: " : ": ") + problem.message;
-    std::ranges::replace_if(text, IsControl, '?');
-    return text;
-}
-
-std::string Quoted(std::string_view text) {
-    std::string quoted = "\"";
-    for (const char letter : text) {
-        quoted += letter == '\t' ? "\\t" : std::string(1, IsControl(letter) ? '?' : letter);
-    }
-    return quoted + '"';
+    return Visible(place + (problem.isWarning ? ": warning: " : ": ") + problem.message);
 }
 
 }  // namespace host

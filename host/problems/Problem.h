@@ -5,7 +5,6 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -77,11 +76,8 @@ std::string ReasonOf(const std::error_code& error);
 /// A character that a terminal would obey.
 bool IsControl(char letter);
 
-/// "RECIPE:LINE:COLUMN: warning: message", as far as the place is known, with "?" for control
-/// characters: files and words of the command line can have them in their names.
+/// "RECIPE:LINE:COLUMN: warning: message", as far as the place is known. All of it can be seen:
+/// files and words of the command line can have other characters in their names.
 std::string InOneLine(const Problem& problem);
-
-/// In quotes, whole, but without control characters.
-std::string Quoted(std::string_view text);
 
 }  // namespace host

@@ -12,6 +12,7 @@
 #include <zorbi2/ZorbI2Types.h>
 
 #include "control_files/ControlFile.h"
+#include "problems/VisibleText.h"
 #include "recipes/RecipeKeys.h"
 #include "recipes/Toml.h"
 #include "recipes/UnfitToml.h"

@@ -1,6 +1,7 @@
 """The command "check", as a user calls it. What it finds in a file is tested beside its sources."""
 
 import json
+import os
 import shutil
 import unittest
 
@@ -252,11 +253,26 @@ class Check(ProgramTest):
     @unittest.skipIf(ON_WINDOWS, "Windows takes every byte for a character of its code page")
     def test_json_replaces_bytes_that_are_no_text(self):
         text = (self.folder / GOOD).read_bytes().replace(b"D:\\Handover", b"D:\\B\xFCro")
-        (self.folder / "codepage.cmi").write_bytes(text)
-        done = self.run_program("check", "codepage.cmi", "--json")
+        name = os.fsdecode(b"B\xFCro.cmi")
+        (self.folder / name).write_bytes(text)
+        done = self.run_program("check", name, "--json")
         self.check(done, 0)
-        self.assertEqual(json.loads(done.stdout)["files"][0]["asks"]["Output folder"],
-                         '"D:\\B\ufffdro\\Cover"')
+        file = json.loads(done.stdout)["files"][0]
+        self.assertEqual(file["file"], "B\ufffdro.cmi")
+        self.assertEqual(file["asks"]["Output folder"], r'"D:\B\xfcro\Cover"')
+
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
+    def test_a_terminal_gets_nothing_to_obey(self):
+        text = (self.folder / GOOD).read_text().replace("Handover", "Hand\u009bover")
+        for name in ("a\u009b31m.cmi", "a\u202eimc.cmi", "a\n.cmi"):
+            (self.folder / name).write_text(text)
+        done = self.run_program("check", "--show", "a\u009b31m.cmi", "a\u202eimc.cmi", "a\n.cmi")
+        self.check(done, 0)
+        self.assertIn("a\\xc2\\x9b31m.cmi: no faults\n", done.stdout)
+        self.assertIn("a\\xe2\\x80\\xaeimc.cmi: no faults\n", done.stdout)
+        self.assertIn("a\\n.cmi: no faults\n", done.stdout)
+        self.assertIn(r'"D:\Hand\xc2\x9bover', done.stdout)
+        self.assertTrue(all(letter.isprintable() for letter in done.stdout.replace("\n", "")))
 
 
 if __name__ == "__main__":

@@ -33,7 +33,7 @@ BAD = [
      "nearest: --json, --trace, --version", "items "),
     (["init"], "RUN_FOLDER is required", "init "),
     (["init", "a", "b"], "The following argument was not expected: b", "init "),
-    (["init", "a", "\033[2J"], "The following argument was not expected: ?[2J", "init "),
+    (["init", "a", "\033[2J"], "The following argument was not expected: \\x1b[2J", "init "),
     (["init", "a", "-o"], "--output: 1 required FILE missing", "init "),
     (["check"], "FILE is required", "check "),
     (["check", "a.cmi", "--out", "x"], "The following argument was not expected: --out; "

@@ -102,7 +102,7 @@ class Diff(ProgramTest):
 
     def test_control_characters_of_an_old_file_do_not_reach_the_terminal(self):
         self.file.write_bytes(b"I2-Output Control Parameter File\n\x1b[31m\x07red\n")
-        self.assertIn("-?[31m?red\n", self.write("--diff"))
+        self.assertIn("-\\x1b[31m\\x07red\n", self.write("--diff"))
 
     def test_of_an_old_file_no_more_than_256_kib_are_compared(self):
         title = b"I2-Output Control Parameter File\n"  # 33 bytes

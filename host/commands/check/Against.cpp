@@ -7,7 +7,7 @@
 
 #include "commands/write/Job.h"
 #include "commands/write/TextDifference.h"
-#include "control_files/QuotedLine.h"
+#include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
 
 namespace host {

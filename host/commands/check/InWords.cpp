@@ -5,6 +5,7 @@
 
 #include <zorbi2/ZorbI2Types.h>
 
+#include "problems/VisibleText.h"
 #include "recipes/Names.h"
 
 namespace host {

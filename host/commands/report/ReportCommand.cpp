@@ -10,6 +10,7 @@
 #include "commands/report/Page.h"
 #include "commands/report/Summary.h"
 #include "handover/RunFolder.h"
+#include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
 #include "system/Memory.h"
 #include "system/SafeFile.h"
@@ -148,7 +149,7 @@ void Reporter::PutInPlace() {
     if (!reason.empty()) {
         Fail({name}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }
-    host_.terminal.news << "wrote    " << Utf8Of(file_) << '\n';
+    host_.terminal.news << "wrote    " << Visible(Utf8Of(file_)) << '\n';
 }
 
 ExitCode Reporter::Run() {

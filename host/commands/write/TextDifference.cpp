@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "problems/Problem.h"
+#include "problems/VisibleText.h"
 
 namespace host {
 
@@ -41,9 +41,7 @@ std::string Shown(const DifferenceLine& line) {
     if (text.ends_with('\r')) {
         text.pop_back();
     }
-    std::ranges::replace_if(
-        text, [](char letter) { return IsControl(letter) && letter != '\t'; }, '?');
-    return line.mark + text + (hasEnd ? "\n" : "\n\\ No newline at end of file\n");
+    return line.mark + Visible(text, "\t") + (hasEnd ? "\n" : "\n\\ No newline at end of file\n");
 }
 
 /// "12,7": the first line of a part and how many it has; of an empty part the line before it.
@@ -70,7 +68,7 @@ std::string Part(const std::vector<DifferenceLine>& lines, std::size_t start, st
 
 /// A name with a space ends in a tab: other programs would take what follows for a time.
 std::string Header(const std::string& name) {
-    return name + (name.find(' ') != std::string::npos ? "\t\n" : "\n");
+    return Visible(name) + (name.find(' ') != std::string::npos ? "\t\n" : "\n");
 }
 
 }  // namespace

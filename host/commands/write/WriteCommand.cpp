@@ -8,6 +8,7 @@
 #include "commands/Commands.h"
 #include "commands/write/Job.h"
 #include "console/Report.h"
+#include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
 #include "system/SafeFile.h"
 #include "system/Signals.h"
@@ -94,7 +95,7 @@ void Writer::WriteControlFile(Job& job) {
 void Writer::Show(const Job& job) {
     Terminal& terminal = host_.terminal;
     const bool isSingle = options_.recipes.size() == 1;
-    const std::string file = Utf8Of(job.controlFile);
+    const std::string file = Visible(Utf8Of(job.controlFile));
     if (job.IsDone() && options_.dryRun) {
         terminal.out << (isSingle ? "" : "==> " + file + " <==\n") << job.text;
     } else if (job.IsDone() && options_.diff && !job.difference.empty()) {

@@ -1,9 +1,8 @@
-#include "control_files/QuotedLine.h"
+#include "problems/VisibleText.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <string_view>
 
 namespace host {
 
@@ -60,7 +59,14 @@ std::size_t VisibleLength(std::string_view text) {
 std::string InDigits(char byte) {
     constexpr std::string_view digits = "0123456789abcdef";
     const auto value = static_cast<unsigned char>(byte);
-    return byte == '\t' ? "\\t" : std::string("\\x") + digits[value >> 4U] + digits[value & 0xFU];
+    switch (byte) {
+        case '\t':
+            return "\\t";
+        case '\n':
+            return "\\n";
+        default:
+            return std::string("\\x") + digits[value >> 4U] + digits[value & 0xFU];
+    }
 }
 
 std::string_view StartOf(std::string_view line, std::size_t longest) {
@@ -72,20 +78,29 @@ std::string_view StartOf(std::string_view line, std::size_t longest) {
 
 }  // namespace
 
+std::string Visible(std::string_view text, std::string_view kept) {
+    std::string visible;
+    while (!text.empty()) {
+        const std::size_t length =
+            kept.find(text[0]) != std::string_view::npos ? 1 : VisibleLength(text);
+        visible += length > 0 ? std::string(text.substr(0, length)) : InDigits(text[0]);
+        text.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return visible;
+}
+
+std::string Quoted(std::string_view text) {
+    return '"' + Visible(text) + '"';
+}
+
 std::string QuotedLine(std::string_view line) {
     constexpr std::size_t longest = 160;
-    const bool isLong = line.size() > longest;
-    std::string quoted = "\"";
-    std::string_view rest = isLong ? StartOf(line, longest) : line;
-    while (!rest.empty()) {
-        const std::size_t length = VisibleLength(rest);
-        quoted += length > 0 ? std::string(rest.substr(0, length)) : InDigits(rest[0]);
-        rest.remove_prefix(std::max<std::size_t>(length, 1));
+    if (line.size() > longest) {
+        return '"' + Visible(StartOf(line, longest)) + "...\"";
     }
-    return quoted + (isLong                 ? "...\""
-                     : line.ends_with("  ") ? "\" (with spaces at its end)"
-                     : line.ends_with(' ')  ? "\" (with a space at its end)"
-                                            : "\"");
+    return Quoted(line) + (line.ends_with("  ")  ? " (with spaces at its end)"
+                           : line.ends_with(' ') ? " (with a space at its end)"
+                                                 : "");
 }
 
 }  // namespace host

@@ -1,13 +1,15 @@
-// Lines of control files in messages: what can be seen stays, what cannot is shown in digits.
+// Text in messages: what can be seen stays, what cannot is shown in digits.
 #include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "control_files/QuotedLine.h"
+#include "problems/VisibleText.h"
 
+using host::Quoted;
 using host::QuotedLine;
+using host::Visible;
 
 namespace {
 
@@ -61,6 +63,20 @@ TEST(QuotedLine, ShowsBytesThatAreNoCharacterInDigits) {
     EXPECT_EQ(QuotedLine("\xC3 ="), R"("\xc3 =")");
     EXPECT_EQ(QuotedLine("\xE2\x82"), R"("\xe2\x82")");
     EXPECT_EQ(QuotedLine("\xFF\xC3\xBC"), "\"\\xff\u00FC\"");
+}
+
+TEST(VisibleText, IsInOneLine) {
+    EXPECT_EQ(Visible("a\nb\tc"), R"(a\nb\tc)");
+    EXPECT_EQ(Visible(""), "");
+}
+
+TEST(VisibleText, KeepsSomeCharacters) {
+    EXPECT_EQ(Visible("a\nb\tc", "\t"), "a\\nb\tc");
+}
+
+TEST(VisibleText, IsQuotedWhole) {
+    const std::string line = Repeated("a", 200);
+    EXPECT_EQ(Quoted(line + "\x1B "), '"' + line + R"(\x1b ")");
 }
 
 TEST(QuotedLine, OfALongLineShowsWholeCharacters) {
