@@ -11,6 +11,7 @@
 #include "console/Report.h"
 #include "system/HostPlatform.h"
 #include "system/Memory.h"
+#include "system/ScratchFolder.h"
 #include "system/Signals.h"
 
 namespace host {
@@ -37,6 +38,9 @@ ExitCode Main(int argc, char** argv) {
         Tell({{}, "out of memory", ExitCode::fileTrouble});  // a text may be cut off
         return ExitCode::fileTrouble;
     }
+    if (IsInterrupted() && !TakesOutput()) {
+        return code;
+    }
     errno = 0;
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
         return code;
@@ -56,6 +60,7 @@ ExitCode Main(int argc, char** argv) {
 /// All exceptions are caught. What is left are functions of the standard library that end the
 /// process when memory runs out, and objects that are made before main().
 [[noreturn]] void EndWithoutMemory() {
+    ScratchFolder::RemoveCurrent();
     std::fputs("zorbi2: out of memory\n", stderr);
     std::_Exit(static_cast<int>(ExitCode::fileTrouble));
 }

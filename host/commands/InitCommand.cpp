@@ -96,11 +96,15 @@ Recipe RecipeOf(const Run& run, const std::string& folder) {
     return recipe;
 }
 
-/// Text of file names as TOML, which escapes quotes and backslashes as JSON does. Throws a Failure
+/// Text of file names as TOML, which escapes quotes as JSON does. Throws a Failure
 /// for what a recipe cannot hold.
 std::string TomlText(const std::string& text) {
     if (std::ranges::any_of(text, IsControl)) {
         Fail({}, Quoted(text) + " has control characters, which a recipe cannot hold",
+             ExitCode::fileTrouble);
+    }
+    if (text.find('\\') != std::string::npos) {
+        Fail({}, Quoted(text) + " has a backslash, which a recipe takes for a separator",
              ExitCode::fileTrouble);
     }
     try {
@@ -173,12 +177,12 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
     if (fs::is_directory(path, unknown)) {
         Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
     }
-    if (const FilePlace place = LookAtPlace(path);
-        mayReplace && place.isTaken && IsNamedAsOfARun(place.file)) {
+    const FilePlace place = LookAtPlace(path);
+    if (mayReplace && place.isTaken && IsNamedAsOfARun(place.file)) {
         Fail({file}, "is a file of a run, and is not replaced", ExitCode::fileTrouble);
     }
-    const std::string reason = mayReplace ? ReplaceFile(path, text) : MakeFile(path, text);
-    if (!reason.empty() && !mayReplace && fs::exists(path, unknown)) {
+    const std::string reason = mayReplace ? ReplaceFile(place, text) : MakeFile(place, text);
+    if (!reason.empty() && !mayReplace && LookAtPlace(path).isTaken) {
         Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
     }
     if (!reason.empty()) {
@@ -189,6 +193,7 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
 Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& terminal) {
     const Run& run = found.run;
     const Recipe recipe = RecipeOf(run, Utf8Of(found.folder));
+    CheckRun(recipe);
     const std::string file = Utf8Of(found.recipeFile);
     SaveRecipe(found.recipeFile, TextOf(recipe, found.recipeFile.parent_path()), options.force);
     terminal.news << "wrote    " << Visible(file) << " for " << Visible(run.name) << ", run "
@@ -219,11 +224,9 @@ std::vector<FoundRun> FindRuns(const fs::path& root, const InitOptions& options,
         folders.pop_back();
         Attempt(problems, [&] {
             const std::vector<fs::path> entries = EntriesOf(folder, {});
-            std::copy_if(entries.rbegin(), entries.rend(), std::back_inserter(folders),
-                         [](const fs::path& entry) {
-                             std::error_code unknown;
-                             return fs::is_directory(fs::symlink_status(entry, unknown));
-                         });
+            std::copy_if(
+                entries.rbegin(), entries.rend(), std::back_inserter(folders),
+                [](const fs::path& entry) { return fs::is_directory(fs::symlink_status(entry)); });
             const std::vector<Run> runs = RunsAmong(entries);
             if (!FittingRuns(runs, options).empty()) {
                 found.push_back({OnlyRun(runs, folder, options), folder, {}});

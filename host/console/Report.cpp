@@ -2,8 +2,21 @@
 
 #include <algorithm>
 #include <iostream>
+#include <string_view>
 
 namespace host {
+
+namespace {
+
+/// In pieces that a pipe takes whole or not at all: a signal ends the wait for its reader then.
+void Print(std::string_view text) {
+    constexpr std::size_t longest = 4096;
+    for (; !text.empty() && std::cout; text.remove_prefix(std::min(longest, text.size()))) {
+        std::cout << text.substr(0, longest);
+    }
+}
+
+}  // namespace
 
 Json JsonOf(const Problems& problems) {
     Json list = Json::array();
@@ -42,7 +55,7 @@ ExitCode Report(Problems problems, const GeneralOptions& options, const Json& co
         document.update(content);
         document["problems"] = JsonOf(problems);
         // Bytes that are not UTF-8 become U+FFFD.
-        std::cout << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+        Print(document.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
     }
     return gravest;
 }

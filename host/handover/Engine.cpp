@@ -29,15 +29,13 @@ std::string WithBackslash(const std::string& folder) {
     return folder.empty() ? ".\\" : folder.ends_with('\\') ? folder : folder + '\\';
 }
 
-/// The engine's debug files, which it leaves in the scratch folder. If the next engine wrote them
-/// anew, file systems would bring them to the disk each time, as what replaces something.
+}  // namespace
+
 void RemoveDebugFiles() {
     for (const char* const file : {"ThermalTest.txt", "ShellIniStrain.txt"}) {
         std::remove(file);
     }
 }
-
-}  // namespace
 
 void CreateEngine(CZorbI2EngineManager& manager, CZorbFEAInformation project) {
     project.flags[CZorbFEAInformation::kBuildCatalogue] = 1;

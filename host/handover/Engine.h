@@ -17,6 +17,10 @@ namespace host {
 /// cannot be handed to the engine.
 void CreateEngine(CZorbI2EngineManager& manager, CZorbFEAInformation project);
 
+/// The engine's debug files, which it leaves in the scratch folder. If the next engine wrote them
+/// anew, file systems would bring them to the disk each time, as what replaces something.
+void RemoveDebugFiles();
+
 /// The names of items and solvers, with the engine's titles and display names.
 Names AskNames(const CZorbI2Engine& engine);
 

@@ -11,6 +11,7 @@
 #include "problems/VisibleText.h"
 #include "system/Paths.h"
 #include "system/SafeFile.h"
+#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -74,6 +75,9 @@ std::optional<std::string> EndingOf(const std::string& file) {
 using RunsByName = std::map<std::pair<std::string, std::string>, Run>;
 
 void AddReadings(const std::string& file, const std::string& folderNumber, RunsByName& runs) {
+    if (file.find('\\') != std::string::npos) {
+        return;  // a separator in the engine's paths, and in those of recipes
+    }
     const std::optional<std::string> ending = EndingOf(file);
     const std::string base = file.substr(0, file.size() - (ending ? ending->size() : 0));
     std::vector<std::string> numbers =
@@ -99,6 +103,10 @@ std::string InLowerCase(std::string text) {
     return text;
 }
 
+fs::path ShotFileOf(const CZorbFEAInformation& project) {
+    return StartOfPaths(project) += ".cmx";
+}
+
 bool HasFileOf(const CZorbFEAInformation& project, const Place& place) {
     const fs::path start = StartOfPaths(project);
     return std::ranges::any_of(knownEndings, [&](std::string_view ending) {
@@ -114,24 +122,22 @@ bool HasFileOf(const CZorbFEAInformation& project, const Place& place) {
     });
 }
 
-/// Does something with each entry of a folder, in any order.
-template <typename Action>
-void ForEachEntry(const fs::path& folder, const Place& place, Action action) {
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        action(entry->path());
-    }
-    if (error) {
+/// What is in a folder, in any order. Throws a Failure, of a place, with the system's reason.
+std::vector<std::string> NamesIn(const fs::path& folder, const Place& place) {
+    std::vector<std::string> names;
+    if (const std::error_code error = AddNamesIn(folder, "", names)) {
         Fail(place, Utf8Of(folder) + ": " + ReasonOf(error), ExitCode::fileTrouble);
     }
+    return names;
 }
 
 }  // namespace
 
 std::vector<fs::path> EntriesOf(const fs::path& folder, const Place& place) {
     std::vector<fs::path> entries;
-    ForEachEntry(folder, place, [&entries](const fs::path& entry) { entries.push_back(entry); });
+    for (const std::string& name : NamesIn(folder, place)) {
+        entries.push_back(folder / PathOf(name));
+    }
     std::ranges::sort(entries);
     return entries;
 }
@@ -179,10 +185,7 @@ void CheckRun(const Recipe& recipe) {
     const Place place = recipe.PlaceOf("project.folder");
     CheckFolder(project.projectFolder, place);
     const fs::path folder = PathOf(project.projectFolder);
-    std::error_code error;
-    if (fs::directory_iterator(folder, error); error) {
-        Fail(place, project.projectFolder + ": " + ReasonOf(error), ExitCode::fileTrouble);
-    }
+    NamesIn(folder, place);  // whether it can be read
     if (!recipe.emptyRun && !HasFileOf(project, place)) {
         Fail(place,
              project.projectFolder + " has no result file of " + StartOfNames(project) +
@@ -205,13 +208,43 @@ void CheckFilesOfRun(const Recipe& recipe) {
     }
 }
 
+void CheckShotFileWasRead(const Recipe& recipe, int number) {
+    const fs::path file = ShotFileOf(recipe.project);
+    std::error_code error;
+    if (fs::exists(file, error) && !IsReadToItsEnd(number, file)) {
+        Fail(recipe.PlaceOf("project.folder"),
+             Utf8Of(file) + ": the engine could not read it to its end", ExitCode::fileTrouble);
+    }
+}
+
+void WarnOfClosedRuns(const Recipe& recipe, Problems& problems) {
+    const std::string start = "Run";
+    const fs::path folder = PathOf(recipe.project.projectFolder);
+    const fs::path root = folder.parent_path();
+    std::error_code error;
+    std::vector<std::string> runs;
+    if (fs::exists(ShotFileOf(recipe.project), error)) {
+        AddNamesIn(root, start, runs);
+    }
+    for (const std::string& run : runs) {
+        const fs::path file =
+            root / PathOf(run) /
+            PathOf(recipe.project.projectName + run.substr(start.size()) + ".k5o");
+        if (file.parent_path() != folder && !fs::status_known(fs::status(file, error))) {
+            problems.push_back(Warning(recipe.PlaceOf("project.folder"),
+                                       Utf8Of(file) + ": " + ReasonOf(error) +
+                                           "; if it is of an earlier shot, it counts as missing",
+                                       ExitCode::fileTrouble));
+        }
+    }
+}
+
 void WarnOfCase(const Recipe& recipe, Problems& problems) {
     const fs::path folder = PathOf(recipe.project.projectFolder);
     const std::string start = StartOfNames(recipe.project);
     const Place place = recipe.PlaceOf("project.folder");
     std::map<std::string, std::string> notFound;  // with the names that they would need
-    ForEachEntry(folder, place, [&](const fs::path& entry) {
-        const std::string file = Utf8Of(entry.filename());
+    for (const std::string& file : NamesIn(folder, place)) {
         const std::optional<std::string> ending = EndingOf(InLowerCase(file));
         const std::string name = start + ending.value_or("");
         std::error_code error;
@@ -219,7 +252,7 @@ void WarnOfCase(const Recipe& recipe, Problems& problems) {
             !fs::exists(folder / PathOf(name), error)) {
             notFound[file] = name;
         }
-    });
+    }
     for (const auto& [file, name] : notFound) {
         problems.push_back(Warning(
             place, Quoted(file) + " is not found: its name differs in case from " + Quoted(name),

@@ -47,6 +47,14 @@ void CheckRun(const Recipe& recipe);
 /// read, which the engine would take for results that are missing.
 void CheckFilesOfRun(const Recipe& recipe);
 
+/// The engine leaves the shot file open, by the number that was the next. Throws a Failure unless
+/// it has read the file to its end: without, it would take the earlier shot's results for missing.
+void CheckShotFileWasRead(const Recipe& recipe, int number);
+
+/// Warns of runs beside the recipe's that cannot be looked into, if it has a shot file: the engine
+/// would take results of an earlier shot there for missing.
+void WarnOfClosedRuns(const Recipe& recipe, Problems& problems);
+
 /// Warns of files that are not found, because their names differ in case from those of the run.
 void WarnOfCase(const Recipe& recipe, Problems& problems);
 

@@ -13,6 +13,7 @@
 #include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
+#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -24,7 +25,26 @@ const Vocabulary switchWords = {{0, "off"}, {1, "on"}, {0, "false"}, {1, "true"}
 
 Session::Session(const Recipe& recipe) : recipe_(recipe) {
     CheckFilesOfRun(recipe);
+    const int shotFileNumber = NextFileNumber();
     CreateEngine(manager_, recipe.project);
+    CheckShotFileWasRead(recipe, shotFileNumber);
+    CheckMissingResults();
+}
+
+/// What the engine cannot test or open for want of memory, or for a fault of the disk, it takes for
+/// missing. Not the earlier shot's, for which it would leave another file open.
+void Session::CheckMissingResults() {
+    const NoTraceLines quiet;
+    for (const auto& item : Engine().items) {
+        if (!item->isAvailable && item->itemId != kItemInsertFiberMaterial &&
+            manager_.GetProjectResults(item->itemId) == kResultAvailable) {
+            Fail(recipe_.PlaceOf("project.folder"),
+                 NameOf(item->itemId, shortNames) +
+                     ": results that are there were not found at first",
+                 ExitCode::fileTrouble);
+        }
+    }
+    RemoveDebugFiles();
 }
 
 std::vector<OfferedItem> Session::Offer(std::int32_t solver, std::int32_t meshKind) {
@@ -68,7 +88,7 @@ void Session::SetWeldLines() {
 }
 
 void Session::CheckRequired(Problems& problems) const {
-    for (const auto& [place, itemId, none] : recipe_.required) {
+    for (const auto& [place, itemId, choice] : recipe_.required) {
         const auto line = asked_.find(NameOf(itemId, itemKeys));
         const bool isOn = line != asked_.end() && line->second == "1";
         if (!isOn && !refused_.contains(itemId)) {
@@ -113,6 +133,7 @@ Problems Session::ApplyRecipe() {
     CheckRequired(problems);
     if (!HasErrors(problems)) {
         WarnOfNothing(problems);
+        WarnOfClosedRuns(recipe_, problems);
         WarnOfCase(recipe_, problems);
     }
     SortByLine(problems);

@@ -20,7 +20,7 @@ namespace host {
 class Session {
 public:
     /// Creates the engine, which looks for the run's result files. Throws a Failure for texts that
-    /// cannot be handed to the engine.
+    /// cannot be handed to the engine, and for files of the run that cannot be read.
     explicit Session(const Recipe& recipe);
 
     const CZorbI2Engine& Engine() const { return *manager_.engine; }
@@ -40,6 +40,7 @@ public:
     const ControlFile& Write(const std::filesystem::path& folder, const std::string& extension);
 
 private:
+    void CheckMissingResults();
     void Choose(const Choice& choice, Problems& problems);
     void SetWeldLines();
     void CheckRequired(Problems& problems) const;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view spaces = " \t";
 constexpr std::string_view decimalDigits = "0123456789";
-constexpr std::size_t mostDots = 100;
+constexpr std::size_t mostDots = 8;  // recipes have one
 constexpr std::string_view skipped = " \t\r\n#";
 
 /// What is looked at next, and where in it something is unfit, if so.

@@ -30,6 +30,9 @@ std::string FileIdentity(const std::filesystem::path& file);
 /// the engine may open, which is counted no further than `wanted`.
 std::size_t RaiseOpenFileLimit(std::size_t wanted);
 
+/// Whether standard output takes text without waiting for its reader.
+bool TakesOutput();
+
 enum class Stream { output, errors };
 
 /// Columns of the terminal that a standard stream goes to; 0 when it goes elsewhere.
@@ -37,5 +40,17 @@ std::size_t TerminalColumns(Stream stream);
 
 /// From now on the engine's trace lines go to standard error.
 void ShowTraceLines();
+
+/// Keeps trace lines back as long as it lives.
+class NoTraceLines {
+public:
+    NoTraceLines();
+    ~NoTraceLines();
+    NoTraceLines(const NoTraceLines&) = delete;
+    NoTraceLines& operator=(const NoTraceLines&) = delete;
+
+private:
+    const bool wereShown_;
+};
 
 }  // namespace host

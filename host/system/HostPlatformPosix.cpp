@@ -1,6 +1,7 @@
 // POSIX: texts are bytes, taken as UTF-8; trace lines reach the host because it defines the
 // function that the engine looks for.
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -10,6 +11,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "system/HostPlatform.h"
 
@@ -97,6 +99,17 @@ std::size_t TerminalColumns(Stream stream) {
         return 0;
     }
     return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+}
+
+bool TakesOutput() {
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    return poll(&output, 1, 0) != 0;
+}
+
+NoTraceLines::NoTraceLines() : wereShown_(std::exchange(showsTraceLines, false)) {}
+
+NoTraceLines::~NoTraceLines() {
+    showsTraceLines = wereShown_;
 }
 
 void ShowTraceLines() {

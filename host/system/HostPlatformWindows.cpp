@@ -10,6 +10,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "system/HostPlatform.h"
 
@@ -32,6 +33,8 @@ std::wstring Wide(const std::string& bytes, UINT codePage) {
     return text;
 }
 
+bool showsTraceLines = false;
+
 /// A wide trace line comes as an exception that ends here, or, from an older system, as one with
 /// bytes of the code page.
 LONG CALLBACK PrintTraceLine(EXCEPTION_POINTERS* exception) {
@@ -41,6 +44,9 @@ LONG CALLBACK PrintTraceLine(EXCEPTION_POINTERS* exception) {
     const auto* text = reinterpret_cast<const void*>(record.ExceptionInformation[1]);
     if (record.ExceptionCode != wideLine && record.ExceptionCode != narrowLine) {
         return EXCEPTION_CONTINUE_SEARCH;
+    }
+    if (!showsTraceLines) {
+        return EXCEPTION_CONTINUE_EXECUTION;
     }
     const std::wstring line = record.ExceptionCode == wideLine
                                   ? static_cast<const wchar_t*>(text)
@@ -117,6 +123,10 @@ std::size_t RaiseOpenFileLimit(std::size_t /*wanted*/) {
     return static_cast<std::size_t>(_getmaxstdio() - keptForTheHost);
 }
 
+bool TakesOutput() {
+    return true;  // a pipe cannot be asked
+}
+
 std::size_t TerminalColumns(Stream stream) {
     const HANDLE console =
         GetStdHandle(stream == Stream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
@@ -130,7 +140,14 @@ std::size_t TerminalColumns(Stream stream) {
     return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
 }
 
+NoTraceLines::NoTraceLines() : wereShown_(std::exchange(showsTraceLines, false)) {}
+
+NoTraceLines::~NoTraceLines() {
+    showsTraceLines = wereShown_;
+}
+
 void ShowTraceLines() {
+    showsTraceLines = true;
     AddVectoredExceptionHandler(1, PrintTraceLine);
 }
 

@@ -4,9 +4,9 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
-#include <fstream>
 
 #include "system/HostPlatform.h"
+#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -27,8 +27,24 @@ bool MayBeElsewhere(const std::string& path) {
     return hasDrive || path.rfind("\\\\", 0) == 0;
 }
 
+/// With ".." behind a link as the system takes it: from where the link leads to. Windows goes by
+/// the names.
+fs::path WithoutLinksBeforeUp(const fs::path& path) {
+    fs::path walked;
+    for (const fs::path& part : path) {
+        std::error_code unknown;
+        if (part == ".." && fs::path::preferred_separator == '/' &&
+            fs::is_symlink(walked, unknown)) {
+            const fs::path target = fs::canonical(walked, unknown);
+            walked = unknown ? walked : target;
+        }
+        walked /= part;
+    }
+    return walked;
+}
+
 std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
-    const fs::path absolute = (relativeTo / PathOfAny(path)).lexically_normal();
+    const fs::path absolute = WithoutLinksBeforeUp(relativeTo / PathOfAny(path)).lexically_normal();
     const bool endsInSeparator = !absolute.has_filename() && absolute.has_relative_path();
     return Utf8Of(endsInSeparator ? absolute.parent_path() : absolute);
 }
@@ -41,15 +57,6 @@ void CheckFolder(const std::string& folder, const Place& place) {
     }
 }
 
-std::string ReadBytes(std::istream& stream, std::size_t enough) {
-    std::string bytes;
-    char block[4096];
-    while (bytes.size() < enough && (stream.read(block, sizeof block), stream.gcount() > 0)) {
-        bytes.append(block, static_cast<std::size_t>(stream.gcount()));
-    }
-    return bytes;
-}
-
 std::string ReadFile(const fs::path& file, const Place& place) {
     std::error_code unknown;
     const fs::file_status status = fs::status(file, unknown);
@@ -57,11 +64,13 @@ std::string ReadFile(const fs::path& file, const Place& place) {
     if (fs::exists(status) && !isFolder && !fs::is_regular_file(status)) {
         Fail(place, "cannot be read: a pipe or a device, and no file", ExitCode::fileTrouble);
     }
-    std::ifstream stream(file, std::ios::binary);
-    std::string bytes = ReadBytes(stream, largestFile + 1);
-    const bool isTooLarge = bytes.size() > largestFile;
-    if (!stream.eof() || isFolder || isTooLarge) {
-        FailFor(isFolder ? EISDIR : isTooLarge ? EFBIG : errno, place, "cannot be read");
+    std::string bytes;
+    std::error_code error = ReadStart(file, largestFile + 1, bytes);
+    if (isFolder || bytes.size() > largestFile) {
+        error = {isFolder ? EISDIR : EFBIG, std::generic_category()};
+    }
+    if (error) {
+        Fail(place, "cannot be read: " + ReasonOf(error), ExitCode::fileTrouble);
     }
     return bytes;
 }

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <istream>
 #include <string>
 
 #include "problems/Problem.h"
@@ -30,8 +29,6 @@ constexpr std::size_t largestFile = 1 << 18;
 
 /// The whole file as bytes. Throws a Failure, of a place.
 std::string ReadFile(const std::filesystem::path& file, const Place& place);
-/// What a stream still has, in blocks of 4 KiB until that is enough.
-std::string ReadBytes(std::istream& stream, std::size_t enough);
 std::string ReadStandardInput(const Place& place);
 
 /// The text for the engine. Throws a Failure when the system's character set lacks a character.

@@ -33,6 +33,13 @@ bool IsLeftOver(std::string_view name) {
            (process == ProcessNumber() || !IsRunning(process));
 }
 
+/// None when it cannot be read.
+std::vector<std::string> NamesIn(const fs::path& folder, std::string_view start) {
+    std::vector<std::string> names;
+    AddNamesIn(folder, start, names);
+    return names;
+}
+
 /// Why a folder takes no new file, if so.
 std::string ReasonAgainstFolder(const fs::path& folder) {
     std::error_code error;
@@ -42,6 +49,9 @@ std::string ReasonAgainstFolder(const fs::path& folder) {
     }
     if (!fs::is_directory(status)) {
         return std::strerror(ENOTDIR);
+    }
+    if (fs::equivalent(folder, ".", error)) {
+        return "the folder is zorbi2's own, and removed in the end";
     }
     error = CheckWritable(folder);
     return error ? ReasonOf(error) : std::string();
@@ -59,9 +69,27 @@ std::string ReasonAgainstReplacing(const FilePlace& place, const fs::file_status
     return error ? ReasonOf(error) : std::string();
 }
 
+/// Makes of a link the path that it leads to. Returns why it does not, if so.
+std::string Follow(fs::path& file) {
+    constexpr int most = 40;  // as the system
+    for (int followed = 0; followed < most; ++followed) {
+        const Link link = LookAtLink(file);
+        if (!link.isThere) {
+            std::error_code unknown;
+            const bool leadsNowhere = followed > 0 && fs::symlink_status(file, unknown).type() ==
+                                                          fs::file_type::not_found;
+            return leadsNowhere ? "a link is there that leads to no file" : "";
+        }
+        if (!link.isTrusted) {
+            return "a link of another user is there";
+        }
+        file = file.parent_path() / link.target;
+    }
+    return std::strerror(ELOOP);
+}
+
 /// Returns why it could not.
-std::string Put(const fs::path& file, const std::string& bytes, bool mayReplace) {
-    const FilePlace place = LookAtPlace(file);
+std::string Put(const FilePlace& place, const std::string& bytes, bool mayReplace) {
     if (!place.reason.empty()) {
         return place.reason;
     }
@@ -73,17 +101,17 @@ std::string Put(const fs::path& file, const std::string& bytes, bool mayReplace)
 
 FilePlace LookAtPlace(const fs::path& file) {
     FilePlace place{file, false, {}};
+    place.reason = Follow(place.file);
+    if (!place.reason.empty()) {
+        return place;
+    }
     std::error_code error;
-    const fs::file_status status = fs::status(file, error);
+    const fs::file_status status = fs::symlink_status(place.file, error);
     if (fs::exists(status)) {
         place.isTaken = fs::is_regular_file(status);
-        const fs::path linked = fs::canonical(file, error);
-        place.file = error ? file : linked;
         place.reason = ReasonAgainstReplacing(place, status);
     } else if (!fs::status_known(status)) {
         place.reason = ReasonOf(error);
-    } else if (fs::is_symlink(fs::symlink_status(file, error))) {
-        place.reason = "a link is there that leads to no file";
     }
     if (place.reason.empty()) {
         place.reason = ReasonAgainstFolder(place.file.parent_path());
@@ -91,12 +119,12 @@ FilePlace LookAtPlace(const fs::path& file) {
     return place;
 }
 
-std::string ReplaceFile(const fs::path& file, const std::string& bytes) {
-    return Put(file, bytes, true);
+std::string ReplaceFile(const FilePlace& place, const std::string& bytes) {
+    return Put(place, bytes, true);
 }
 
-std::string MakeFile(const fs::path& file, const std::string& bytes) {
-    return Put(file, bytes, false);
+std::string MakeFile(const FilePlace& place, const std::string& bytes) {
+    return Put(place, bytes, false);
 }
 
 std::string TemporaryName() {
@@ -108,11 +136,16 @@ std::string TemporaryName() {
 }
 
 void RemoveLeftOvers(const fs::path& folder, fs::file_type type) {
+    std::error_code ignored;
     for (const std::string& name : NamesIn(folder, TemporaryStart())) {
         const fs::path path = folder / PathOf(name);
-        std::error_code ignored;
         if (IsLeftOver(name) && IsOwn(path) && fs::symlink_status(path, ignored).type() == type) {
-            fs::remove_all(path, ignored);
+            for (const std::string& file : type == fs::file_type::directory
+                                               ? NamesIn(path, "")
+                                               : std::vector<std::string>()) {
+                fs::remove(path / PathOf(file), ignored);
+            }
+            fs::remove(path, ignored);
         }
     }
 }

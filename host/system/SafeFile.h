@@ -10,19 +10,20 @@ namespace host {
 
 /// A place where a file is to be written.
 struct FilePlace {
-    std::filesystem::path file;  ///< that a link there leads to
+    std::filesystem::path file;  ///< that a link there leads to, which is the user's own
     bool isTaken = false;        ///< by a regular file
     std::string reason;          ///< why no file can be written there; empty when one can
 };
 
 FilePlace LookAtPlace(const std::filesystem::path& file);
 
-/// Replaces a file, or the one that a link leads to, in one step, or makes it anew. Returns why it
-/// could not; the old file is whole then, and nothing is left behind.
-std::string ReplaceFile(const std::filesystem::path& file, const std::string& bytes);
+/// Replaces the file at a place that was looked at in one step, or makes it anew. A link that has
+/// come there meanwhile is replaced, and not followed. Returns why it could not; the old file is
+/// whole then, and nothing is left behind.
+std::string ReplaceFile(const FilePlace& place, const std::string& bytes);
 
 /// The same where no file is. One that comes meanwhile stays.
-std::string MakeFile(const std::filesystem::path& file, const std::string& bytes);
+std::string MakeFile(const FilePlace& place, const std::string& bytes);
 
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();

@@ -20,7 +20,13 @@ public:
     /// The user's current folder, from which paths of the command line start.
     const std::filesystem::path& Start() const { return start_; }
 
+    /// What the destructor does, for a process that ends without: no object is destroyed when the
+    /// standard library ends it.
+    static void RemoveCurrent();
+
 private:
+    void Remove() const;
+
     std::filesystem::path start_;
     std::filesystem::path path_;
 };

@@ -1,6 +1,7 @@
 // What safe files need from the system beyond the standard library: one source per system.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -23,16 +24,45 @@ bool IsRunning(unsigned long process);
 /// Whether a file or folder is this user's, or on Windows no link; no link is followed.
 bool IsOwn(const std::filesystem::path& path);
 
+/// A link that stands at a path.
+struct Link {
+    bool isThere = false;
+    bool isTrusted = false;        ///< this user's or the administrator's; on Windows, any
+    std::filesystem::path target;  ///< of a trusted one; may be relative to its folder
+};
+
+Link LookAtLink(const std::filesystem::path& path);
+
 /// Whether this user may write the file, or put files into the folder, which Windows tells only
 /// when it is tried.
 std::error_code CheckWritable(const std::filesystem::path& path);
 
-/// The names in a folder that start like this, in UTF-8 and any order; none when it cannot be read.
-std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::string_view start);
+/// Adds the names in a folder that start like this, in UTF-8 and any order, as far as it can be
+/// read. The standard library's iterators end the process when memory runs out.
+std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view start,
+                           std::vector<std::string>& names);
+
+/// Reads a file in blocks of 4 KiB until that is enough or it ends; a signal that the host waits
+/// for ends it too. Waits for no writer of a pipe.
+std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough,
+                          std::string& bytes);
+
+/// Whether any user may rename what others have in a folder: all may write, and it has no sticky
+/// bit. On Windows, no.
+bool MayAllRename(const std::filesystem::path& folder);
+
+/// The number that the next file gets which this process opens; -1 on Windows.
+int NextFileNumber();
+
+/// Whether the file is open by a number, and read to its end. Yes for -1.
+bool IsReadToItsEnd(int number, const std::filesystem::path& file);
 
 /// Makes a folder that only this user can enter; on Windows, whoever can enter the one around it.
 /// An error when there is one of that name.
 std::error_code MakePrivateFolder(const std::filesystem::path& folder);
+
+/// Removes the files in the current folder as far as it can, without memory of its own.
+void RemoveFilesHere();
 
 /// Puts bytes in the place of a file, in one step, with its mode, its list of access rules and,
 /// where the right exists, its owner and group (on Windows with the rights of its folder); or, when

@@ -10,11 +10,13 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <functional>
 #include <memory>
 
 #include "problems/Problem.h"
+#include "system/Signals.h"
 #include "system/SystemFiles.h"
 
 namespace host {
@@ -40,6 +42,8 @@ public:
     const int number;
 };
 
+using OpenFolder = std::unique_ptr<DIR, int (*)(DIR*)>;
+
 bool WriteAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(file, bytes.data(), bytes.size());
@@ -63,32 +67,29 @@ bool Synchronize(int file) {
 /// A file that is to be replaced.
 struct Replaced {
     struct stat status {};
-    std::string rules;  ///< of access, beyond the mode, as the system keeps them; mostly none
+    bool hasRules = false;  ///< of access, beyond the mode; mostly it has none
+    std::string rules;      ///< as the system keeps them; empty when they cannot be read
 };
 
 constexpr const char* accessRules = "system.posix_acl_access";
 
-std::string RulesOf(const std::filesystem::path& file) {
-    std::string rules;
-    const ssize_t size = getxattr(file.c_str(), accessRules, nullptr, 0);
-    if (size > 0) {
-        rules.resize(static_cast<std::size_t>(size));
-        const ssize_t read = getxattr(file.c_str(), accessRules, rules.data(), rules.size());
-        rules.resize(static_cast<std::size_t>(std::max<ssize_t>(read, 0)));
-    }
-    return rules;
+void ReadRules(const std::filesystem::path& file, Replaced& replaced) {
+    std::array<char, 65536> rules;  // XATTR_SIZE_MAX
+    const ssize_t size = getxattr(file.c_str(), accessRules, rules.data(), rules.size());
+    replaced.hasRules = size >= 0 || (errno != ENODATA && errno != ENOTSUP);
+    replaced.rules.assign(rules.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
 }
 
 /// Gives a file the mode of another, its rules of access and, as far as the right exists, its owner
 /// and group.
 bool TakeOver(int file, const Replaced& other) {
-    const auto& [status, rules] = other;
+    const auto& [status, hasRules, rules] = other;
     const bool hasGroup = fchown(file, static_cast<uid_t>(-1), status.st_gid) == 0;
     const bool hasOwner = fchown(file, status.st_uid, static_cast<gid_t>(-1)) == 0;
     // Rights of an owner or group that it does not have are not for the ones that it has; with
     // rules, those that the mode gives the group are not the group's.
     const mode_t lost = (hasOwner ? 0U : mode_t{S_ISUID}) | (hasGroup ? 0U : mode_t{S_ISGID}) |
-                        (hasGroup && rules.empty() ? 0U : mode_t{S_IRWXG});
+                        (hasGroup && !hasRules ? 0U : mode_t{S_IRWXG});
     const mode_t kept =
         status.st_mode & (S_ISUID | S_ISGID | S_ISVTX | S_IRWXU | S_IRWXG | S_IRWXO) & ~lost;
     if (fchmod(file, kept) != 0) {
@@ -110,10 +111,17 @@ bool Fill(int folder, const char* name, const Replaced* replaced, const std::str
            (replaced == nullptr || TakeOver(file.number, *replaced)) && Synchronize(file.number);
 }
 
-/// A second link never replaces a file. Where a file system has none, the place is looked at first.
+/// Not every file system can rename without replacing. A second link never replaces a file; where a
+/// file system has none either, the place is looked at first.
 bool Rename(int folder, const char* from, const char* to, bool mayReplace) {
     if (mayReplace) {
         return renameat(folder, from, folder, to) == 0;
+    }
+    if (renameat2(folder, from, folder, to, RENAME_NOREPLACE) == 0) {
+        return true;
+    }
+    if (errno != EINVAL && errno != ENOSYS) {
+        return false;
     }
     if (linkat(folder, from, folder, to, 0) == 0) {
         unlinkat(folder, from, 0);
@@ -162,26 +170,96 @@ bool IsOwn(const std::filesystem::path& path) {
     return lstat(path.c_str(), &status) == 0 && status.st_uid == geteuid();
 }
 
+Link LookAtLink(const std::filesystem::path& path) {
+    struct stat status {};
+    if (lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) {
+        return {};
+    }
+    // Opened itself: another one could take its place before it is read.
+    const Descriptor link(open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = link.number >= 0 && fstat(link.number, &status) == 0
+                               ? readlinkat(link.number, "", target.data(), target.size())
+                               : -1;
+    if (length < 0 || (status.st_uid != geteuid() && status.st_uid != 0)) {
+        return {true, false, {}};
+    }
+    return {true, true, std::string(target.data(), static_cast<std::size_t>(length))};
+}
+
 std::error_code CheckWritable(const std::filesystem::path& path) {
     const bool isWritable = faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
     return isWritable ? std::error_code() : LastError();
 }
 
-std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::string_view start) {
-    std::vector<std::string> names;
-    // A path for each entry takes long where a folder has many of others.
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view start,
+                           std::vector<std::string>& names) {
+    const OpenFolder entries(opendir(folder.c_str()), closedir);
+    errno = entries ? 0 : errno;
     const dirent* entry = nullptr;
     while (entries && (entry = readdir(entries.get())) != nullptr) {
-        if (std::string_view(entry->d_name).starts_with(start)) {
-            names.emplace_back(entry->d_name);
+        const std::string_view name = entry->d_name;
+        if (name.starts_with(start) && name != "." && name != "..") {
+            names.emplace_back(name);
         }
     }
-    return names;
+    return LastError();  // readdir leaves errno as it is at the end
+}
+
+std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough,
+                          std::string& bytes) {
+    const Descriptor opened(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (opened.number < 0) {
+        return LastError();
+    }
+    std::array<char, 4096> block{};
+    while (bytes.size() < enough) {
+        const ssize_t size = read(opened.number, block.data(), block.size());
+        if (size < 0 && (errno != EINTR || IsInterrupted())) {
+            return LastError();
+        }
+        if (size == 0) {
+            break;
+        }
+        bytes.append(block.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    }
+    return {};
+}
+
+int NextFileNumber() {
+    const Descriptor next(fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0));
+    return next.number;
+}
+
+bool IsReadToItsEnd(int number, const std::filesystem::path& file) {
+    struct stat there {};
+    struct stat opened {};
+    return number < 0 || (stat(file.c_str(), &there) == 0 && fstat(number, &opened) == 0 &&
+                          there.st_dev == opened.st_dev && there.st_ino == opened.st_ino &&
+                          lseek(number, 0, SEEK_CUR) >= opened.st_size);
+}
+
+bool MayAllRename(const std::filesystem::path& folder) {
+    struct stat status {};
+    return stat(folder.c_str(), &status) == 0 && (status.st_mode & S_IWOTH) != 0 &&
+           (status.st_mode & S_ISVTX) == 0;
 }
 
 std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
     return mkdir(folder.c_str(), S_IRWXU) == 0 ? std::error_code() : LastError();
+}
+
+void RemoveFilesHere() {
+    const Descriptor folder(open(".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    alignas(dirent64) std::array<char, 4096> block;  // opendir would ask for memory
+    ssize_t size = 0;
+    while ((size = getdents64(folder.number, block.data(), block.size())) > 0) {
+        for (const char* next = block.data(); next < block.data() + size;) {
+            const auto* const entry = reinterpret_cast<const dirent64*>(next);
+            unlink(entry->d_name);  // fails for the folders "." and ".."
+            next += entry->d_reclen;
+        }
+    }
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
@@ -195,7 +273,7 @@ std::error_code PutFile(const std::filesystem::path& file, const std::string& te
     const bool isThere =
         fstatat(folder.number, name.c_str(), &old.status, AT_SYMLINK_NOFOLLOW) == 0;
     if (isThere) {
-        old.rules = RulesOf(file);
+        ReadRules(file, old);
     }
     const bool isMoved =
         Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <fstream>
 #include <functional>
 #include <random>
 
@@ -21,6 +22,21 @@ namespace {
 std::error_code LastError() {
     return {static_cast<int>(GetLastError()), std::system_category()};
 }
+
+/// A look through a folder, unless it could not be begun.
+class Search {
+public:
+    explicit Search(HANDLE begun) : handle(begun) {}
+    ~Search() {
+        if (handle != INVALID_HANDLE_VALUE) {
+            FindClose(handle);
+        }
+    }
+    Search(const Search&) = delete;
+    Search& operator=(const Search&) = delete;
+
+    const HANDLE handle;
+};
 
 /// Makes the file anew, with all its bytes on the disk.
 std::error_code Fill(const std::filesystem::path& path, const std::string& bytes) {
@@ -78,6 +94,12 @@ bool IsOwn(const std::filesystem::path& path) {
            (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
 }
 
+Link LookAtLink(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+    return {!error, true, target};
+}
+
 std::error_code CheckWritable(const std::filesystem::path& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     const bool isReadOnlyFile = attributes != INVALID_FILE_ATTRIBUTES &&
@@ -86,22 +108,58 @@ std::error_code CheckWritable(const std::filesystem::path& path) {
     return isReadOnlyFile ? std::error_code(EACCES, std::generic_category()) : std::error_code();
 }
 
-std::vector<std::string> NamesIn(const std::filesystem::path& folder, std::string_view start) {
-    std::vector<std::string> names;
-    const std::filesystem::path wanted = std::u8string(start.begin(), start.end());
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::filesystem::path name = entry->path().filename();
-        if (name.native().starts_with(wanted.native())) {
-            names.push_back(Utf8Of(name));
-        }
+std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view start,
+                           std::vector<std::string>& names) {
+    WIN32_FIND_DATAW entry{};
+    const Search entries(FindFirstFileW((folder / L"*").c_str(), &entry));
+    if (entries.handle == INVALID_HANDLE_VALUE) {
+        return LastError();
     }
-    return names;
+    do {
+        const std::string name = Utf8Of(entry.cFileName);
+        if (name.starts_with(start) && name != "." && name != "..") {
+            names.push_back(name);
+        }
+    } while (FindNextFileW(entries.handle, &entry) != 0);
+    return GetLastError() == ERROR_NO_MORE_FILES ? std::error_code() : LastError();
+}
+
+std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough,
+                          std::string& bytes) {
+    std::ifstream stream(file, std::ios::binary);
+    std::array<char, 4096> block{};
+    while (bytes.size() < enough &&
+           (stream.read(block.data(), block.size()), stream.gcount() > 0)) {
+        bytes.append(block.data(), static_cast<std::size_t>(stream.gcount()));
+    }
+    return stream.bad() || !stream.is_open() ? std::error_code(errno, std::generic_category())
+                                             : std::error_code();
+}
+
+int NextFileNumber() {
+    return -1;  // the engine's runtime library may number files on its own
+}
+
+bool IsReadToItsEnd(int /*number*/, const std::filesystem::path& /*file*/) {
+    return true;
+}
+
+bool MayAllRename(const std::filesystem::path& /*folder*/) {
+    return false;
 }
 
 std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
     return CreateDirectoryW(folder.c_str(), nullptr) != 0 ? std::error_code() : LastError();
+}
+
+void RemoveFilesHere() {
+    WIN32_FIND_DATAW entry{};
+    const Search entries(FindFirstFileW(L"*", &entry));
+    if (entries.handle != INVALID_HANDLE_VALUE) {
+        do {
+            DeleteFileW(entry.cFileName);  // fails for the folders "." and ".."
+        } while (FindNextFileW(entries.handle, &entry) != 0);
+    }
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,

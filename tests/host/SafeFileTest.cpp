@@ -1,21 +1,33 @@
-// Temporary names: of this machine and process, and not to be guessed.
+// Files that are replaced: temporary names, of this machine and process and not to be guessed, and
+// what happens between the look at a place and its use.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <filesystem>
 #include <set>
 #include <string>
 
 #include "system/HostPlatform.h"
 #include "system/SafeFile.h"
 #include "system/SystemFiles.h"
+#include "tests/support/TemporaryFolder.h"
 
 using testing::EndsWith;
 using testing::Not;
 using testing::StartsWith;
 
 namespace {
+
+namespace fs = std::filesystem;
 
 std::string StartOfNames() {
     return "zorbi2-" + host::MachineMark() + '-' + std::to_string(host::ProcessNumber()) + '-';
@@ -48,6 +60,40 @@ TEST(SafeFile, DrawsAllDigitsOfANumber) {
     EXPECT_EQ(~everOne, 0U);
     EXPECT_EQ(~everZero, 0U);
 }
+
+#ifndef _WIN32
+TEST(SafeFile, DoesNotFollowALinkThatComesAfterTheLook) {
+    const support::TemporaryFolder folder;
+    folder.MakeFile("old", "old");
+    folder.MakeFile("note", "note");
+    const host::FilePlace place = host::LookAtPlace(folder.Path() / "old");
+    fs::remove(folder.Path() / "old");
+    fs::create_symlink("note", folder.Path() / "old");
+    EXPECT_EQ(host::ReplaceFile(place, "new"), "");
+    EXPECT_EQ(folder.BytesOf("note"), "note");
+    EXPECT_EQ(folder.BytesOf("old"), "new");
+    EXPECT_FALSE(fs::is_symlink(folder.Path() / "old"));
+}
+
+TEST(SafeFile, IsRefusedWhereLinksLeadInACircle) {
+    const support::TemporaryFolder folder;
+    fs::create_symlink("second", folder.Path() / "first");
+    fs::create_symlink("first", folder.Path() / "second");
+    EXPECT_EQ(host::LookAtPlace(folder.Path() / "first").reason, std::strerror(ELOOP));
+}
+
+TEST(SafeFile, DoesNotWaitForAPipe) {
+    const support::TemporaryFolder folder;
+    const std::string pipe = (folder.Path() / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::string bytes;
+    EXPECT_FALSE(host::ReadStart(pipe, 1, bytes));
+    const int writer = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
+    EXPECT_EQ(host::ReadStart(pipe, 1, bytes), std::errc::resource_unavailable_try_again);
+    close(writer);
+    EXPECT_EQ(bytes, "");
+}
+#endif
 
 #ifdef _WIN32
 TEST(SafeFile, NamesThatAreNoUnicodeStopNothing) {

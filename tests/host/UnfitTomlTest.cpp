@@ -71,9 +71,9 @@ TEST(UnfitToml, IsAKeyOfManyParts) {
         }
         return text;
     };
-    EXPECT_EQ(PlaceOfUnfit(key(100) + " = 1"), "");
-    EXPECT_EQ(PlaceOfUnfit("[" + key(100) + "]\n" + key(100) + " = {" + key(100) + "= 1}"), "");
-    EXPECT_EQ(PlaceOfUnfit("b = 1.5\n" + key(101) + " = 1"), "2:502");
-    EXPECT_EQ(PlaceOfUnfit("[" + key(101) + "]"), "1:503");
-    EXPECT_EQ(PlaceOfUnfit("b = [" + std::string(200, '.')), "1:106");
+    EXPECT_EQ(PlaceOfUnfit(key(8) + " = 1"), "");
+    EXPECT_EQ(PlaceOfUnfit("[" + key(8) + "]\n" + key(8) + " = {" + key(8) + "= 1}"), "");
+    EXPECT_EQ(PlaceOfUnfit("b = 1.5\n" + key(9) + " = 1"), "2:42");
+    EXPECT_EQ(PlaceOfUnfit("[" + key(9) + "]"), "1:43");
+    EXPECT_EQ(PlaceOfUnfit("b = [" + std::string(200, '.')), "1:14");
 }

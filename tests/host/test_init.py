@@ -271,6 +271,36 @@ class Init(ProgramTest):
         self.assertTrue(self.run_program("init", "--all", "root").stdout.endswith(
             "1 written, 0 failed\n"))
 
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
+    def test_a_name_with_a_backslash_leads_nowhere(self):
+        run = self.make_run(name="..\\..\\evil02", files=[".k5f"])
+        self.check(self.run_program("init", "Run02"), 3, "",
+                   f"{own_path(run)}: no result file is named after a project and a run, as "
+                   "Cover02.k5o is\n")
+        self.make_run(folder="root/a\\b")
+        self.check(self.run_program("init", "--all", "root"), 3, "0 written, 1 failed\n",
+                   'zorbi2: "root/a\\b" has a backslash, which a recipe takes for a separator\n')
+
+    @unittest.skipIf(ON_WINDOWS, "modes are POSIX's")
+    def test_results_that_cannot_be_reached_are_not_missing(self):
+        run = self.make_run(folder="root/Run02")
+        run.chmod(0o744)
+        self.as_another_user()
+        self.check(self.run_program("init", run, **self.as_nobody()), 3, "",
+                   f"zorbi2: project.folder: {own_path(run)}: Cover02_medi.crp: Permission denied\n")
+        done = self.run_program("init", "--all", "root", **self.as_nobody())
+        self.check(done, 3, "0 written, 1 failed\n", None)
+        self.assertTrue(done.stderr.endswith(": Permission denied\n"), done.stderr)
+
+    @unittest.skipIf(ON_WINDOWS, "pipes are POSIX's")
+    def test_what_is_no_file_is_not_told_to_exist_already(self):
+        self.make_run()
+        os.mkfifo(self.folder / "pipe")
+        for force in ([], ["--force"]):
+            self.check(self.run_program("init", "Run02", "-o", "pipe", *force), 3, "",
+                       f"{own_path(self.folder / 'pipe')}: cannot be written: a pipe or a device is "
+                       "there, and no file\n")
+
     def test_names_with_odd_characters_are_quoted(self):
         self.make_run(name="Füße's {run} 02", folder="Gehäuse/Run02", files=[".k5f"])
         text = self.init("Gehäuse/Run02", recipe="Füße's {run} 02.toml")

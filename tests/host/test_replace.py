@@ -15,6 +15,7 @@ FILE = "Cover02.cmi"
 FIRST_LINE = "I2-Output Control Parameter File\n"
 OLD = FIRST_LINE + "old\n"
 LONG_AGO = 1_000_000_000
+ONLY_ROOT = unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root gives files away")
 NOT_ON_WINDOWS = unittest.skipIf(ON_WINDOWS, "links, modes and pipes are POSIX's")
 
 
@@ -158,6 +159,47 @@ class Replace(ProgramTest):
         self.file.symlink_to("nothing")
         self.refused("cannot be written: a link is there that leads to no file", "--force")
 
+    @ONLY_ROOT
+    def test_a_link_of_another_user_is_refused(self):
+        note = self.folder / "note"
+        for text in ("", OLD, "note"):
+            note.write_text(text)
+            for name in (FILE, "new.toml", "page.html"):
+                (self.folder / name).unlink(missing_ok=True)
+                (self.folder / name).symlink_to("note")
+                os.lchown(self.folder / name, 65534, 65534)
+            reason = "cannot be written: a link of another user is there"
+            self.refused(reason)
+            self.refused(reason, "--force")
+            self.check(self.run_program("init", "Run02", "-o", "new.toml", "--force"), 3, "",
+                       f"{own_path(self.folder / 'new.toml')}: {reason}\n")
+            self.check(self.run_program("report", "cover.toml", "-o", "page.html", "--force"), 3, "",
+                       f"page.html: {reason}\n")
+            self.assertEqual(note.read_text(), text)
+
+    @ONLY_ROOT
+    def test_a_link_of_the_administrator_is_followed(self):
+        self.as_another_user()
+        (self.folder / "there").write_text(OLD)
+        os.chown(self.folder / "there", 65534, 65534)
+        self.file.symlink_to("there")
+        self.write(**self.as_nobody())
+        self.assertTrue(self.file.is_symlink())
+
+    @NOT_ON_WINDOWS
+    def test_the_folder_that_is_removed_in_the_end_takes_no_file(self):
+        done = self.run_program("write", "cover.toml", "--out", "/proc/self/cwd")
+        self.check(done, 3, "", f"cover.toml: /proc/self/cwd/{FILE}: cannot be written: the folder "
+                   "is zorbi2's own, and removed in the end\n")
+
+    @NOT_ON_WINDOWS
+    def test_up_from_a_link_is_up_from_where_it_leads_to(self):
+        (self.folder / "far" / "inner").mkdir(parents=True)
+        (self.folder / "near").symlink_to("far/inner")
+        done = self.run_program("write", "cover.toml", "--out", "near/..")
+        self.check(done, 0, f"new      {own_path(self.folder / 'far' / FILE)}\n")
+        self.assertTrue((self.folder / "far" / FILE).exists())
+
     @NOT_ON_WINDOWS
     def test_a_link_to_a_recipe_is_refused(self):
         self.file.symlink_to("cover.toml")
@@ -190,14 +232,14 @@ class Replace(ProgramTest):
             self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), mode)
             self.file.unlink()
 
-    @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root gives files away")
+    @ONLY_ROOT
     def test_owner_and_group_stay(self):
         self.file.write_text(OLD)
         os.chown(self.file, 1234, 2345)
         self.write()
         self.assertEqual((self.file.stat().st_uid, self.file.stat().st_gid), (1234, 2345))
 
-    @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root gives files away")
+    @ONLY_ROOT
     def test_rights_of_an_owner_or_group_that_the_file_loses_are_not_handed_on(self):
         self.as_another_user()
         for owner, group, old, new in ((65534, 65534, 0o6664, 0o6664), (0, 0, 0o6666, 0o606),
@@ -393,6 +435,20 @@ class Replace(ProgramTest):
         self.assertEqual(sorted(os.listdir(scratch)), sorted([living, dead + "1"]))
         self.assertEqual(note.read_text(), "note")
         self.assertTrue((self.folder / "Run02" / "Cover02.k5f").exists())
+
+    @NOT_ON_WINDOWS
+    def test_where_all_may_rename_no_folder_is_taken_for_a_left_one(self):
+        with subprocess.Popen(["true"]) as gone:
+            pass
+        scratch = self.folder / "tmp"
+        scratch.mkdir()
+        dead = scratch / self.leftover_name(gone.pid)
+        for mode, stays in ((0o777, True), (0o1777, False)):
+            dead.mkdir(exist_ok=True)
+            scratch.chmod(mode)
+            self.check(self.run_program("write", "cover.toml", "--set", "flow-stress=on",
+                                        environment={"TMPDIR": str(scratch)}), 0)
+            self.assertEqual(os.listdir(scratch), [dead.name] if stays else [])
 
     @NOT_ON_WINDOWS
     def test_what_is_left_of_a_process_that_had_the_same_number_is_removed(self):

@@ -7,9 +7,12 @@ import json
 import os
 import re
 import shutil
+import signal
+import subprocess
 import unittest
 
-from program import EXAMPLE, EXPECTED, ON_WINDOWS, PROJECT, ROOT, TARGET, ProgramTest, own_path
+from program import (EXAMPLE, EXPECTED, ON_WINDOWS, PROGRAM, PROJECT, ROOT, TARGET, ProgramTest,
+                     own_path)
 
 TEMPLATES = ROOT / "host" / "commands" / "report"
 
@@ -41,6 +44,24 @@ class Report(ProgramTest):
                                 **self.as_nobody())
         self.check(done, 3, None, "secret.toml: cannot be read: Permission denied\n")
         self.assertIn("secret.toml", self.page.read_text(encoding="utf-8"))
+
+    @unittest.skipIf(ON_WINDOWS, "signals are POSIX's")
+    def test_a_file_that_comes_meanwhile_stays(self):
+        self.run_program("write", "cover.toml")
+        scratch = self.folder / "scratch"
+        scratch.mkdir()
+        with subprocess.Popen([PROGRAM, "report", *["Cover02.cmi"] * 500, "-o", "page.html"],
+                              cwd=self.folder, env={**os.environ, "TMPDIR": str(scratch)},
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as process:
+            while not os.listdir(scratch):  # it is at its beginning
+                self.assertIsNone(process.poll())
+            process.send_signal(signal.SIGSTOP)
+            self.page.write_text("mine", encoding="utf-8")
+            process.send_signal(signal.SIGCONT)
+            stdout, stderr = process.communicate()
+        self.assertEqual((process.returncode, stdout, stderr),
+                         (3, "", "page.html: is not a report; --force replaces it\n"))
+        self.assertEqual(self.page.read_text(encoding="utf-8"), "mine")
 
     # ---- The data -------------------------------------------------------------------------------
 

@@ -67,6 +67,24 @@ class RunFolder(ProgramTest):
         self.refused(": Cover02_medi.crp: Permission denied", **nobody)
         path.chmod(0o755)
 
+    @unittest.skipIf(ON_WINDOWS, "permissions are POSIX's")
+    def test_an_earlier_run_that_cannot_be_entered(self):
+        self.as_another_user()
+        path = self.make_run("Cover01", "Run01")
+        run = self.make_run()
+        self.make_recipe(PROJECT + TARGET)
+        path.chmod(0)
+        self.check(self.run_program("write", "cover.toml", **self.as_nobody()), 0)
+        (run / "Cover02.cmx").write_text("<SOLID_MCM>\n</SOLID_MCM>\n")
+        done = self.run_program("write", "cover.toml", **self.as_nobody())
+        warning = (f"cover.toml:4:10: warning: project.folder: {path / 'Cover01.k5o'}: Permission "
+                   "denied; if it is of an earlier shot, it counts as missing\n")
+        self.check(done, 0, stderr=warning)
+        done = self.run_program("write", "cover.toml", "--strict", **self.as_nobody())
+        self.check(done, 3, "", warning.replace("warning: ", ""))
+        path.chmod(0o755)
+        self.check(self.run_program("write", "cover.toml", **self.as_nobody()), 0)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -7,6 +7,7 @@ import random
 import re
 import signal
 import subprocess
+import sys
 import time
 import unittest
 
@@ -17,6 +18,9 @@ FIRST_LINE = "I2-Output Control Parameter File\n"
 KILLS = 100
 
 if not ON_WINDOWS:
+    import fcntl
+    import termios
+
     CAUGHT = [signal.SIGHUP, signal.SIGINT, signal.SIGQUIT, signal.SIGTERM, signal.SIGXCPU,
               signal.SIGALRM, signal.SIGVTALRM, signal.SIGPROF, signal.SIGUSR1, signal.SIGUSR2]
 
@@ -119,6 +123,20 @@ class Signals(BatchTest):
                          "from r0.toml on\n")
         self.assertEqual(os.listdir(self.out), [])
         self.assert_nothing_left()
+
+    def test_a_signal_ends_the_wait_for_a_reader_that_does_not_read(self):
+        names = self.make_recipes(100)
+        for command in (["write", "--dry-run", *names], ["report", "--json", *names]):
+            with self.start(*command) as process:
+                self.wait_for(lambda: self.size_in(process.stdout) > 60_000)  # 64 KiB fit
+                time.sleep(0.1)
+                process.send_signal(signal.SIGTERM)
+                self.assertEqual(process.wait(timeout=60), -signal.SIGTERM)
+            self.assert_nothing_left()
+
+    def size_in(self, pipe):
+        """Bytes that wait for their reader."""
+        return int.from_bytes(fcntl.ioctl(pipe, termios.FIONREAD, bytes(4)), sys.byteorder)
 
     def test_a_signal_that_is_ignored_stays_so(self):
         names = self.make_recipes(100)

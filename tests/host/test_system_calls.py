@@ -5,6 +5,7 @@ import os
 import re
 import shutil
 import signal
+import stat
 import subprocess
 import unittest
 
@@ -18,7 +19,8 @@ OLD = "I2-Output Control Parameter File\n"
 # What a program asks of the system for files and their names. Not close, whose failure leaves the
 # file open.
 CALLS = ("openat read write newfstatat getdents64 getcwd chdir mkdir faccessat2 access readlink "
-         "fchown fchmod fsync linkat renameat unlink unlinkat rmdir ioctl getrandom getxattr").split()
+         "fchown fchmod fsync linkat renameat renameat2 unlink unlinkat rmdir ioctl getrandom getxattr "
+         "readlinkat").split()
 
 
 @unittest.skipUnless(STRACE and not ON_WINDOWS and os.environ["ZORBI2_BUILD_TYPE"] == "Release",
@@ -52,7 +54,7 @@ class SystemCalls(ProgramTest):
     def start_of_cleaning(self, calls):
         """From there on the scratch folder is removed; it stays when that cannot be done."""
         return max((i for i, (_, text) in enumerate(calls)
-                    if re.search(r'/scratch/zorbi2-[^/"]*", .*O_NOFOLLOW.*O_DIRECTORY', text)),
+                    if re.search(r'openat\(AT_FDCWD, "\.", .*O_DIRECTORY', text)),
                    default=len(calls))
 
     def setup_file(self, text):
@@ -69,11 +71,11 @@ class SystemCalls(ProgramTest):
                 done = self.traced(*command)
                 self.assertEqual(done.returncode, 0, done.stderr)
                 steps = [text for call, text in self.list_of_calls()
-                         if call in ("fsync", "renameat", "linkat", "write")
+                         if call in ("fsync", "renameat", "renameat2", "write")
                          and not re.match(r"write\([12],", text)]
                 # The engine's own write comes first, in the scratch folder.
                 steps = [re.match(r"\w+", text)[0] for text in steps[-4:]]
-                moved = "renameat" if command[0] == "write" else "linkat"
+                moved = "renameat" if command[0] == "write" else "renameat2"
                 self.assertEqual(steps, ["write", "fsync", moved, "fsync"])
                 self.assertRegex(self.calls.read_text(), rf'{moved}\(.*"{re.escape(name)}"')
                 self.remove_made()
@@ -89,6 +91,48 @@ class SystemCalls(ProgramTest):
                                "-e", "inject=" + fault, *command], cwd=self.folder, check=False,
                               capture_output=True, text=True,
                               env={**os.environ, "TMPDIR": str(self.scratch)}, **others)
+
+    def test_an_old_file_that_cannot_be_read_stays(self):
+        note = "not a control file\n"
+        for command, name in ((["write", "cover.toml", "--force"], FILE),
+                              (["report", "cover.toml", "-o", "page.html"], "page.html")):
+            path = self.folder / name
+            path.write_text(note, encoding="utf-8")
+            done = self.injected("read:error=EIO", "-P", str(path), PROGRAM, *command)
+            self.assertEqual(done.returncode, 3, done.stderr)
+            self.assertTrue(done.stderr.endswith(": cannot be read: Input/output error\n"))
+            self.assertEqual(path.read_text(encoding="utf-8"), note)
+
+    def test_results_that_cannot_be_tested_once_are_not_missing(self):
+        for call, name in (("newfstatat", ".k5p"), ("newfstatat", ".k5w"), ("openat", ".k5o")):
+            path = str(self.folder / "Run02" / ("Cover02" + name))
+            codes = set()
+            for when in range(1, 9):  # the host's own looks among them
+                self.setup_file(None)
+                done = self.injected(f"{call}:error=EIO:when={when}", "-P", path, PROGRAM, "write",
+                                     "cover.toml")
+                codes.add(done.returncode)
+                if done.returncode == 0:
+                    text = (self.folder / FILE).read_text(encoding="utf-8")
+                    self.whole = getattr(self, "whole", text)
+                    self.assertEqual(text, self.whole, f"{name}, {when}")
+            self.assertEqual(codes, {0, 3}, name)
+
+    def test_a_shot_file_that_the_engine_cannot_read_is_an_error(self):
+        shot = self.folder / "Run02" / "Cover02.cmx"
+        shot.write_text("<SOLID_MCM>\n</SOLID_MCM>\n", encoding="utf-8")
+        for fault in ("openat:error=EIO:when=2", "read:error=EIO"):
+            done = self.injected(fault, "-P", str(shot), PROGRAM, "write", "cover.toml")
+            self.assertEqual(done.returncode, 3)
+            self.assertTrue(done.stderr.endswith(
+                f"{shot}: the engine could not read it to its end\n"), done.stderr)
+
+    def test_rights_that_cannot_be_read_are_not_given(self):
+        self.setup_file(OLD)
+        (self.folder / FILE).chmod(0o664)
+        done = self.injected("getxattr:error=EIO", PROGRAM, "write", "cover.toml")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(stat.S_IMODE((self.folder / FILE).stat().st_mode), 0o604)
 
     def test_a_signal_behind_the_last_file_leaves_nothing_undone(self):
         of_the_folder = "fsync:signal=SIGTERM:when=2"
@@ -109,14 +153,15 @@ class SystemCalls(ProgramTest):
         self.assertEqual((done.returncode, done.stdout, done.stderr), (3, "", ""))
 
     def test_where_a_file_system_has_no_links_a_new_file_replaces_none_either(self):
+        no_rename = ["-e", "inject=renameat2:error=EINVAL"]
         for error in ("EPERM", "EOPNOTSUPP", "ENOSYS"):
             done = self.traced("init", "Run02", "-o", "new.toml",
-                               options=["-e", f"inject=linkat:error={error}"])
+                               options=[*no_rename, "-e", f"inject=linkat:error={error}"])
             self.assertEqual((done.returncode, done.stderr), (0, ""))
             self.assertIn("[project]", (self.folder / "new.toml").read_text(encoding="utf-8"))
             (self.folder / "new.toml").write_text("mine", encoding="utf-8")
             done = self.traced("init", "Run02", "-o", "new.toml",
-                               options=["-e", f"inject=linkat:error={error}"])
+                               options=[*no_rename, "-e", f"inject=linkat:error={error}"])
             self.assertEqual((done.returncode, done.stderr),
                              (3, f"{self.folder / 'new.toml'}: already exists; --force replaces it\n"))
             self.assertEqual((self.folder / "new.toml").read_text(encoding="utf-8"), "mine")

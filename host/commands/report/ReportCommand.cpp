@@ -1,5 +1,4 @@
 // The command "report": a page that shows recipes and control files, for people without a terminal.
-#include <fstream>
 #include <memory>
 #include <new>
 #include <optional>
@@ -15,6 +14,7 @@
 #include "system/Memory.h"
 #include "system/SafeFile.h"
 #include "system/Signals.h"
+#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -36,11 +36,11 @@ bool NamesControlFile(const std::string& word, const fs::path& start) {
         return word != "-";
     }
     constexpr std::size_t firstLine = 64;
-    std::ifstream stream;
+    std::string text;
     if (std::error_code unknown; fs::is_regular_file(file, unknown)) {
-        stream.open(file, std::ios::binary);
+        ReadStart(file, firstLine, text);
     }
-    return IsControlFile(ReadBytes(stream, firstLine));
+    return IsControlFile(text);
 }
 
 /// The entries of a call, one after the other.
@@ -54,7 +54,7 @@ public:
     ExitCode Run();
 
 private:
-    void LookAtPage(const std::string& name) const;
+    FilePlace LookAtPage() const;
     void ReadRecipes();
     void AddEntries();
     void Add(const Json& entry, const Problems& problems);
@@ -74,8 +74,9 @@ private:
 };
 
 /// Throws a Failure for what may not be replaced.
-void Reporter::LookAtPage(const std::string& name) const {
-    const FilePlace place = LookAtPlace(file_);
+FilePlace Reporter::LookAtPage() const {
+    const std::string& name = *options_.page;
+    FilePlace place = LookAtPlace(file_);
     if (!place.reason.empty()) {
         Fail({name}, "cannot be written: " + place.reason, ExitCode::fileTrouble);
     }
@@ -90,6 +91,7 @@ void Reporter::LookAtPage(const std::string& name) const {
     if (!text.empty() && !Page::IsPage(text) && !options_.force) {
         Fail({name}, "is not a report; --force replaces it", ExitCode::fileTrouble);
     }
+    return place;
 }
 
 void Reporter::ReadRecipes() {
@@ -138,16 +140,15 @@ void Reporter::AddEntries() {
 }
 
 void Reporter::PutInPlace() {
-    const std::string& name = *options_.page;
-    const fs::path folder = LookAtPlace(file_).file.parent_path();
-    RemoveLeftOvers(folder, fs::file_type::regular);
+    const FilePlace place = LookAtPage();  // again: the entries have taken their time
+    RemoveLeftOvers(place.file.parent_path(), fs::file_type::regular);
     const std::string text = page_.Text(summary_.AsJson());
     if (HasLackedMemory()) {
         throw std::bad_alloc();  // the page may be cut off
     }
-    const std::string reason = ReplaceFile(file_, text);
+    const std::string reason = ReplaceFile(place, text);
     if (!reason.empty()) {
-        Fail({name}, "cannot be written: " + reason, ExitCode::fileTrouble);
+        Fail({*options_.page}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }
     host_.terminal.news << "wrote    " << Visible(Utf8Of(file_)) << '\n';
 }
@@ -160,7 +161,7 @@ ExitCode Reporter::Run() {
     ReadRecipes();
     if (options_.page) {
         file_ = PathOf(AbsolutePath(*options_.page, host_.scratch.Start()));
-        LookAtPage(*options_.page);
+        LookAtPage();
     }
     AddEntries();
     if (IsInterrupted()) {

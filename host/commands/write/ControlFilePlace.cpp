@@ -1,14 +1,11 @@
 #include "commands/write/ControlFilePlace.h"
 
-#include <cerrno>
-#include <fstream>
-
 #include <zorbi2/ControlFileFormat.h>
 
 #include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
-#include "system/SafeFile.h"
+#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -28,11 +25,11 @@ bool IsOfRun(const fs::path& file, const Recipe& recipe) {
 }  // namespace
 
 std::string StartOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) {
-        FailFor(errno, {}, Utf8Of(file) + ": cannot be read");
+    std::string start;
+    if (const std::error_code error = ReadStart(file, largestFile, start)) {
+        Fail({}, Utf8Of(file) + ": cannot be read: " + ReasonOf(error), ExitCode::fileTrouble);
     }
-    return ReadBytes(stream, largestFile);
+    return start;
 }
 
 bool IsControlFile(const std::string& text) {
@@ -43,21 +40,20 @@ bool IsControlFile(const std::string& text) {
 ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, bool isRead,
                                    bool isForced) {
     const std::string name = Utf8Of(file) + ": ";
-    const FilePlace place = LookAtPlace(file);
-    if (!place.reason.empty()) {
-        Fail({}, name + "cannot be written: " + place.reason, ExitCode::fileTrouble);
+    ControlFilePlace there{LookAtPlace(file), {}};
+    if (!there.reason.empty()) {
+        Fail({}, name + "cannot be written: " + there.reason, ExitCode::fileTrouble);
     }
     if (isRead) {
         Fail({},
              name + "is a recipe or a file that a recipe of this call reads, and is not replaced",
              ExitCode::fileTrouble);
     }
-    ControlFilePlace there{place.file.parent_path(), place.isTaken,
-                           place.isTaken ? StartOf(place.file) : std::string()};
+    there.text = there.isTaken ? StartOf(there.file) : std::string();
     if (!there.isTaken || IsControlFile(there.text)) {
         return there;
     }
-    if (IsOfRun(file, recipe) || IsNamedAsOfARun(place.file)) {
+    if (IsOfRun(file, recipe) || IsNamedAsOfARun(there.file)) {
         Fail({}, name + "is a file of a run, and is not replaced", ExitCode::fileTrouble);
     }
     if (!there.text.empty() && !isForced) {  // with an empty file nothing is lost

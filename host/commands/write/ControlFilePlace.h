@@ -6,6 +6,7 @@
 #include <string>
 
 #include "recipes/Recipe.h"
+#include "system/SafeFile.h"
 
 namespace host {
 
@@ -15,9 +16,7 @@ enum class Change { none, isNew, isChanged, isKept };
 /// Files that a call reads and never replaces, by FileIdentity.
 using FilesRead = std::set<std::string>;
 
-struct ControlFilePlace {
-    std::filesystem::path folder;  ///< of the file, or of the one that a link there leads to
-    bool isTaken = false;
+struct ControlFilePlace : FilePlace {
     std::string text;  ///< of the file that is there
 };
 

@@ -45,7 +45,7 @@ public:
 
 private:
     void WriteControlFile(Job& job);
-    void PutInPlace(Job& job, const fs::path& folder);
+    void PutInPlace(Job& job, const FilePlace& place);
     void WriteJobs();
     void Show(const Job& job);
     void ShowSummary();
@@ -63,12 +63,13 @@ private:
 };
 
 /// Puts the text in its place, unless a file that is to be kept has come there meanwhile.
-void Writer::PutInPlace(Job& job, const fs::path& folder) {
+void Writer::PutInPlace(Job& job, const FilePlace& place) {
+    const fs::path folder = place.file.parent_path();
     if (cleanFolders_.insert(folder).second) {
         RemoveLeftOvers(folder, fs::file_type::regular);
     }
-    const std::string reason = options_.keep ? MakeFile(job.controlFile, job.text)
-                                             : ReplaceFile(job.controlFile, job.text);
+    const std::string reason =
+        options_.keep ? MakeFile(place, job.text) : ReplaceFile(place, job.text);
     if (!reason.empty() && options_.keep && LookAtPlace(job.controlFile).isTaken) {
         job.change = Change::isKept;
     } else if (!reason.empty()) {
@@ -86,7 +87,7 @@ void Writer::WriteControlFile(Job& job) {
         return;  // a signal may have ended a call of the engine
     }
     if (job.WouldChange() && !options_.WritesNothing()) {
-        PutInPlace(job, there.folder);
+        PutInPlace(job, there);
     }
     job.isFinished = true;
 }
