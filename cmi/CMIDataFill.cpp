@@ -164,9 +164,9 @@ void FillCMIData(CZorbI2CMIData& data, const CMIDataSource& source) {
     data.IDCompositeModel = OptionOf(items, kItemMicroMechanics);
     data.MapFile = source.mapFile;
     data.OutFolder = source.outFolder;
+    FillOutputFlags(data, items);
     // These two follow the options alone, whether or not the item's results exist.
     data.IsDistributeModel = OptionOf(items, kItemFiberOrientation) == distributeModel;
-    FillOutputFlags(data, items);
     data.IsDoDensityReduction = densityOption > 0 && densityOption != densityReductionNone;
     FillSegments(data, items);
     data.DensityReduction = DensityReductionOf(densityOption);

@@ -51,11 +51,11 @@ struct Piece {
     std::uint8_t size = 0;
 };
 
-/// A line of the cache: 64 bytes.
-struct FixedTexts {
+struct alignas(64) FixedTexts {  // a line of the cache
     Piece<41> before;
     Piece<21> after;  ///< with the line end
 };
+static_assert(sizeof(FixedTexts) == 64);
 
 constexpr FixedTexts FixedTextsOf(const ControlFileLine& line) {
     const std::string_view format = line.text;
