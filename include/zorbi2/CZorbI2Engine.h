@@ -24,7 +24,7 @@ public:
     std::string outFolder;           ///< where the translator puts its files
     std::string cmiFileFullPath;     ///< of the control parameter file
     std::string mappedMeshFilePath;  ///< as set, whatever the mesh kind
-    SolverSlotArray solverSlots;     ///< by solver; null: not offered for the project
+    SolverSlotArray solverSlots;     ///< by solver; null: not offered, or no memory for it
     ItemArray items;                 ///< by item id
     /// The working weld-line data, from which the control parameter file is written.
     std::unique_ptr<CZorbI2WeldlineDataStatus> weldlineAngleSet;

@@ -206,9 +206,10 @@ public:
     /// Reads any item by its id, offered or not, with the choice made for the current solver.
     /// Requires: SetEngineCurrentStatus.
     /// Parameters: as for GetPartPopItem; `itemId` from 0, below kItemCount.
-    /// Returns: true; false for a null `item`, a negative id or one above kItemCount. Both records
-    ///     stay untouched then.
+    /// Returns: true; false for a null `item`, a negative id, one above kItemCount or an item for
+    ///     which there was no memory. Both records stay untouched then.
     /// Throws: std::out_of_range("invalid vector<T> subscript") for kItemCount itself: deliberate.
+    ///     As long as no solver was ever set, only id 0 throws, and all others are answered false.
     bool GetPartPopItemByID(int itemId, CZorbI2Item* item, CZorbI2ItemStatus* status);
 
     /// As GetPartPopItem, for part inserts.

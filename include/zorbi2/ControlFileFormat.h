@@ -214,7 +214,7 @@ struct ControlFileRange {
     std::int32_t highest;  ///< last number in the brackets
 };
 
-/// Whether the line prints a range, which is then stored in `*range`.
+/// Whether the line prints a whole number with its range, which is then stored in `*range`.
 inline bool GetControlFileRange(const ControlFileLine& line, ControlFileRange* range) {
     const char* const start = std::strchr(line.text, '(');
     const char* const middle = start != nullptr ? std::strpbrk(start, "~,") : nullptr;

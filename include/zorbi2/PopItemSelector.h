@@ -20,8 +20,8 @@ public:
     // ---- What a host may read -------------------------------------------------------------------
 
     std::array<ItemStatusList, kSolverCount> itemStatusLists;  ///< the choices, by solver
-    /// One of the lists above (not owned). Null until a solver is set, and then treated like an
-    /// empty list.
+    /// One of the lists above (not owned). Null until a solver is set; until then operations take
+    /// it for an empty list.
     ItemStatusList* currentItemStatusList = nullptr;
     std::vector<CZorbI2WeldlineDataStatus> weldlineTable;  ///< one record per solver
     std::int32_t currentWeldlineIndex = kNoSolver;  ///< its record; that of the current solver

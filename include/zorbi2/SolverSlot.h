@@ -30,5 +30,6 @@ public:
     std::int32_t annealingMode = 0;         ///< likewise
 };
 
-/// The slots of an engine by solver. Null: the solver is not offered for the project.
+/// The slots of an engine by solver. Null: the solver is not offered for the project, or there was
+/// no memory for its slot; `solverOffered` of the engine tells which.
 typedef std::array<std::unique_ptr<SolverSlot>, kSolverCount> SolverSlotArray;
