@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::SizeIs;
 
 namespace {
 
@@ -286,4 +288,23 @@ TEST(OfferedItems, DoNotDependOnQuadraticElements) {
     project.manager.SetPopItems();
     EXPECT_THAT(project.Selector().partPopItems,
                 ElementsAre(15, 0, 1, 5, 8, 9, 11, 16, 18, 19, 20, 13, 14));
+}
+
+TEST(OfferedItems, HaveEachItemSomewhere) {
+    std::set<std::int32_t> offered;
+    for (const int projectType : projectTypes) {
+        OpenProject project(ProjectOf(kSolidProject, 0, projectType));
+        for (std::int32_t solver = 0; solver < kSolverCount; ++solver) {
+            for (const int meshKind : {kMeshOriginal, kMeshDeformed}) {
+                project.manager.SetEngineCurrentStatus(solver, meshKind, 0, kAnnealingDeformedMesh);
+                project.manager.SetPopItems();
+                const PopItemSelector& lists = *project.Engine().popItemSelector;
+                for (const auto* list :
+                     {&lists.partPopItems, &lists.partInsertPopItems, &lists.moldbasePopItems}) {
+                    offered.insert(list->begin(), list->end());
+                }
+            }
+        }
+    }
+    EXPECT_THAT(offered, SizeIs(kItemCount));
 }

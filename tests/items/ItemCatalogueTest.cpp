@@ -63,6 +63,7 @@ void ExpectMissing(const CZorbI2Item& item, const expected::Item& expectedItem,
 
 TEST(ItemCatalogue, EveryFieldOfEveryItemWithResults) {
     for (const int solverType : solverTypes) {
+        ASSERT_EQ(expected::CatalogueOf(solverType).size(), std::size_t{kItemCount});
         OpenProject project(support::CompleteProject(solverType));
         for (const expected::Item& item : expected::CatalogueOf(solverType)) {
             SCOPED_TRACE(testing::Message()
