@@ -182,7 +182,7 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
         Fail({file}, "is a file of a run, and is not replaced", ExitCode::fileTrouble);
     }
     const std::string reason = mayReplace ? ReplaceFile(place, text) : MakeFile(place, text);
-    if (!reason.empty() && !mayReplace && LookAtPlace(path).isTaken) {
+    if (!reason.empty() && !mayReplace && IsTaken(place, reason)) {
         Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
     }
     if (!reason.empty()) {

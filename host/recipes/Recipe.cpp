@@ -426,7 +426,8 @@ void RefuseMissing(const Reader& reader, const toml::table& document, Purpose pu
 bool IsTargetKnown(const Problems& problems) {
     return std::ranges::none_of(problems, [](const Problem& problem) {
         const std::string& name = problem.place.name;
-        return name.starts_with("project") || name.find("target") != std::string::npos;
+        return name.starts_with("project") || name.starts_with("target") ||
+               name.starts_with("command line: target");
     });
 }
 

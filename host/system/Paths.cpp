@@ -45,8 +45,7 @@ fs::path WithoutLinksBeforeUp(const fs::path& path) {
 
 std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {
     const fs::path absolute = WithoutLinksBeforeUp(relativeTo / PathOfAny(path)).lexically_normal();
-    const bool endsInSeparator = !absolute.has_filename() && absolute.has_relative_path();
-    return Utf8Of(endsInSeparator ? absolute.parent_path() : absolute);
+    return Utf8Of(absolute.has_filename() ? absolute : absolute.parent_path());
 }
 
 void CheckFolder(const std::string& folder, const Place& place) {

@@ -93,7 +93,13 @@ std::string Put(const FilePlace& place, const std::string& bytes, bool mayReplac
     if (!place.reason.empty()) {
         return place.reason;
     }
-    const std::error_code error = PutFile(place.file, TemporaryName(), bytes, mayReplace);
+    bool isInPlace = false;
+    const std::error_code error =
+        PutFile(place.file, TemporaryName(), bytes, mayReplace, isInPlace);
+    if (error && isInPlace) {
+        return "the new file is in its place, but its folder does not reach the disk: " +
+               ReasonOf(error);
+    }
     return error ? ReasonOf(error) : std::string();
 }
 
@@ -125,6 +131,10 @@ std::string ReplaceFile(const FilePlace& place, const std::string& bytes) {
 
 std::string MakeFile(const FilePlace& place, const std::string& bytes) {
     return Put(place, bytes, false);
+}
+
+bool IsTaken(const FilePlace& place, const std::string& reason) {
+    return place.isTaken || reason == std::strerror(EEXIST);
 }
 
 std::string TemporaryName() {

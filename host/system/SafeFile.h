@@ -19,11 +19,13 @@ FilePlace LookAtPlace(const std::filesystem::path& file);
 
 /// Replaces the file at a place that was looked at in one step, or makes it anew. A link that has
 /// come there meanwhile is replaced, and not followed. Returns why it could not; the old file is
-/// whole then, and nothing is left behind.
+/// whole then, unless the reason says that the new one is there, and nothing is left behind.
 std::string ReplaceFile(const FilePlace& place, const std::string& bytes);
 
 /// The same where no file is. One that comes meanwhile stays.
 std::string MakeFile(const FilePlace& place, const std::string& bytes);
+/// Whether that is why it could not be made.
+bool IsTaken(const FilePlace& place, const std::string& reason);
 
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();

@@ -68,8 +68,9 @@ void RemoveFilesHere();
 /// where the right exists, its owner and group (on Windows with the rights of its folder); or, when
 /// none may be replaced, only where none is. The bytes are on the disk when it returns. They come
 /// by way of a file with a temporary name in the same folder, which is made anew and gone in the
-/// end. No link is followed.
+/// end. No link is followed. `isInPlace` tells whether the bytes are there: with an error too, when
+/// it is the folder that does not reach the disk.
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, bool mayReplace);
+                        const std::string& bytes, bool mayReplace, bool& isInPlace);
 
 }  // namespace host

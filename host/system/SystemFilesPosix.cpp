@@ -129,8 +129,11 @@ bool Rename(int folder, const char* from, const char* to, bool mayReplace) {
     }
     const bool hasLinks = errno != EPERM && errno != ENOTSUP && errno != ENOSYS;
     struct stat there {};
-    return !hasLinks && fstatat(folder, to, &there, AT_SYMLINK_NOFOLLOW) != 0 &&
-           renameat(folder, from, folder, to) == 0;
+    if (!hasLinks && fstatat(folder, to, &there, AT_SYMLINK_NOFOLLOW) == 0) {
+        errno = EEXIST;
+        return false;
+    }
+    return !hasLinks && renameat(folder, from, folder, to) == 0;
 }
 
 }  // namespace
@@ -263,7 +266,8 @@ void RemoveFilesHere() {
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, bool mayReplace) {
+                        const std::string& bytes, bool mayReplace, bool& isInPlace) {
+    isInPlace = false;
     const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.number < 0) {
         return LastError();
@@ -275,10 +279,9 @@ std::error_code PutFile(const std::filesystem::path& file, const std::string& te
     if (isThere) {
         ReadRules(file, old);
     }
-    const bool isMoved =
-        Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
-        Rename(folder.number, temporaryName.c_str(), name.c_str(), mayReplace);
-    if (!isMoved) {
+    isInPlace = Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
+                Rename(folder.number, temporaryName.c_str(), name.c_str(), mayReplace);
+    if (!isInPlace) {
         const std::error_code reason = LastError();
         unlinkat(folder.number, temporaryName.c_str(), 0);
         return reason;

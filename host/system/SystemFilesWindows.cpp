@@ -163,13 +163,14 @@ void RemoveFilesHere() {
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, bool mayReplace) {
+                        const std::string& bytes, bool mayReplace, bool& isInPlace) {
     const std::filesystem::path temporary = file.parent_path() / temporaryName;
     std::error_code reason = Fill(temporary, bytes);
     const DWORD how = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0);
     if (!reason && MoveFileExW(temporary.c_str(), file.c_str(), how) == 0) {
         reason = LastError();
     }
+    isInPlace = !reason;
     if (reason) {
         DeleteFileW(temporary.c_str());
     }

@@ -436,6 +436,16 @@ class Replace(ProgramTest):
         self.assertEqual(note.read_text(), "note")
         self.assertTrue((self.folder / "Run02" / "Cover02.k5f").exists())
 
+    @ONLY_ROOT
+    def test_what_another_user_left_stays(self):
+        with subprocess.Popen(["true"]) as gone:
+            pass
+        name = self.leftover_name(gone.pid)
+        (self.folder / name).write_text("half")
+        os.chown(self.folder / name, 65534, 65534)
+        self.check(self.run_program("write", "cover.toml", "--set", "flow-stress=on"), 0)
+        self.assertTrue((self.folder / name).exists())
+
     @NOT_ON_WINDOWS
     def test_where_all_may_rename_no_folder_is_taken_for_a_left_one(self):
         with subprocess.Popen(["true"]) as gone:

@@ -127,6 +127,26 @@ class SystemCalls(ProgramTest):
             self.assertTrue(done.stderr.endswith(
                 f"{shot}: the engine could not read it to its end\n"), done.stderr)
 
+    def test_a_folder_that_does_not_reach_the_disk_is_an_error(self):
+        reason = ("the new file is in its place, but its folder does not reach the disk: "
+                  "Input/output error\n")
+        for command, name in ((["write", "cover.toml"], FILE),
+                              (["write", "cover.toml", "--no-clobber"], FILE),
+                              (["init", "Run02", "-o", "new.toml"], "new.toml")):
+            (self.folder / name).unlink(missing_ok=True)
+            done = self.injected("fsync:error=EIO:when=2", PROGRAM, *command)
+            self.assertEqual((done.returncode, done.stdout), (3, ""))
+            self.assertTrue(done.stderr.endswith("cannot be written: " + reason), done.stderr)
+            self.assertTrue((self.folder / name).exists())
+
+    def test_a_temporary_file_is_made_anew_and_no_link(self):
+        self.traced("write", "cover.toml")
+        made = [text for call, text in self.list_of_calls()
+                if call == "openat" and '"zorbi2-' in text]
+        self.assertEqual(len(made), 1)
+        for flag in ("O_EXCL", "O_NOFOLLOW"):
+            self.assertIn(flag, made[0])
+
     def test_rights_that_cannot_be_read_are_not_given(self):
         self.setup_file(OLD)
         (self.folder / FILE).chmod(0o664)

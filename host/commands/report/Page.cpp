@@ -322,6 +322,7 @@ std::string Page::Text(const Json& summary) const {
     }
     view["single"] = isSingle_;
     view["program"] = "zorbi2 " ZORBI2_VERSION;
+    view["itemCount"] = std::to_string(kItemCount);
     view["itemHeads"] = ItemHeads(engine_);
     view["rows"] = failedRows_ + rows_;
     view["details"] = details_;

@@ -70,7 +70,7 @@ void Writer::PutInPlace(Job& job, const FilePlace& place) {
     }
     const std::string reason =
         options_.keep ? MakeFile(place, job.text) : ReplaceFile(place, job.text);
-    if (!reason.empty() && options_.keep && LookAtPlace(job.controlFile).isTaken) {
+    if (!reason.empty() && options_.keep && IsTaken(place, reason)) {
         job.change = Change::isKept;
     } else if (!reason.empty()) {
         FailToWrite(job, reason);
