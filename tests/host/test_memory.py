@@ -14,7 +14,8 @@ STEP = int(os.environ.get("ZORBI2_MEMORY_STEP", "0"))
 TRIES = 60
 BEYOND = 1000000  # more allocations than a run makes
 FILE = "Cover02.cmi"
-REASON = ("(out of memory|.*Cannot allocate memory|"
+PAGE = "page.html"
+REASON = ("(out of memory|.*Cannot allocate memory|the engine wrote nothing|"
           ".*Cover02.cmx: the engine could not read it to its end)")
 
 
@@ -77,6 +78,8 @@ class Memory(ProgramTest):
             in_document = "--json" in done.args and re.search(f'"{REASON}"', done.stdout)
             if not in_document:
                 self.assertRegex(done.stderr, rf"\A(\S*: )+.*{REASON}\n\Z")
+            if PAGE in there and b"</html>" in there[PAGE]:  # it may show a recipe that failed
+                there[PAGE] = after[PAGE]
             self.assertIn(there, (before, after))
 
     def test_write(self):
@@ -94,7 +97,7 @@ class Memory(ProgramTest):
         self.fail_each("check", "--show", "--against", "cover.toml", FILE)
 
     def test_report(self):
-        self.fail_each("report", "cover.toml", "-o", "page.html", makes="page.html")
+        self.fail_each("report", "cover.toml", "-o", PAGE, makes=PAGE)
 
     def test_schema(self):
         self.fail_each("schema")

@@ -73,7 +73,9 @@ void ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     const std::string difference = DifferenceFrom(asked, FromEngineText(job.text));
     if (!difference.empty()) {
         const std::string reason = ReasonAgainstWriting(file);
-        FailToWrite(job, reason.empty() ? "not what was asked for: " + difference : reason);
+        FailToWrite(job, !reason.empty()    ? reason
+                         : job.text.empty() ? "the engine wrote nothing"
+                                            : "not what was asked for: " + difference);
     }
 }
 
