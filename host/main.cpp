@@ -52,8 +52,8 @@ ExitCode Main(int argc, char** argv) {
     if (errno == EPIPE) {  // its reader has enough, as "head" has
         return code;
     }
-    const std::string reason = errno != 0 ? std::strerror(errno) : "a part of it is lost";
-    Tell({{}, "standard output cannot be written: " + reason, ExitCode::fileTrouble});
+    const std::string reason = errno != 0 ? std::strerror(errno) : "some of it was lost";
+    Tell({{}, "cannot write to standard output: " + reason, ExitCode::fileTrouble});
     return ExitCode::fileTrouble;
 }
 

@@ -54,7 +54,7 @@ Checked CheckFile(const std::string& name, const std::optional<std::string>& wan
 void ShowFile(const Checked& file, bool show, Terminal& terminal) {
     const std::size_t warnings = file.problems.size();
     (show ? terminal.out : terminal.news)
-        << Visible(file.name) << ": no faults"
+        << Visible(file.name) << ": no errors"
         << (warnings == 0   ? ""
             : warnings == 1 ? ", 1 warning"
                             : ", " + std::to_string(warnings) + " warnings")
@@ -76,7 +76,7 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
     std::size_t fine = 0;
     for (const std::string& name : options.files) {
         if (IsInterrupted()) {
-            problems.emplace_back(Place{}, "interrupted, before " + name, ExitCode::fileTrouble);
+            problems.emplace_back(Place{}, "interrupted before " + name, ExitCode::fileTrouble);
             break;
         }
         Checked file{name, {}, {}};
@@ -95,7 +95,7 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
     }
     const ExitCode code = Report(problems, terminal.options, {{"files", list}});
     if (options.files.size() > 1) {
-        terminal.news << fine << " of " << options.files.size() << " files without faults\n";
+        terminal.news << fine << " of " << options.files.size() << " files without errors\n";
     }
     return code;
 }
@@ -104,10 +104,10 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
 
 RunFunction AddCheck(Arguments& arguments) {
     const auto options = std::make_shared<CheckOptions>();
-    arguments.Words("FILE", options->files, "Control parameter files, - for standard input");
+    arguments.Words("FILE", options->files, "Control parameter files; - is standard input");
     arguments.Value("--against", "RECIPE", options->recipe,
-                    "Compare each line with what a recipe would write");
-    arguments.Flag("--show", options->show, "Tell in words what each file asks for");
+                    "Compare each line with what RECIPE would write");
+    arguments.Flag("--show", options->show, "Say in words what each file asks for");
     return [options](Terminal& terminal) { return RunCheck(*options, terminal); };
 }
 

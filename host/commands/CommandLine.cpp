@@ -16,25 +16,25 @@ namespace {
 constexpr const char* exitCodes =
     "Exit codes:\n"
     "  0  done\n"
-    "  1  something asked for is not available, or a check found faults\n"
-    "  2  wrong usage, or a recipe that is wrong\n"
-    "  3  file or folder trouble\n\n"
+    "  1  something requested is not available, or a check failed\n"
+    "  2  usage error, or an invalid recipe\n"
+    "  3  error with a file, a folder, standard output or memory\n\n"
     "Example:\n"
     "  zorbi2 init Run02 && zorbi2 items Cover02.toml && zorbi2 write Cover02.toml";
 
 void AddGeneralOptions(CLI::App& app, GeneralOptions& options) {
     app.add_flag("--json", options.json, "Print one JSON document instead of text");
     app.add_flag("--trace", options.trace, "Print the engine's trace lines on standard error");
-    app.add_flag("--quiet", options.quiet, "Print problems and what was asked for, no more");
+    app.add_flag("--quiet", options.quiet, "Print only problems and what was asked for");
     app.add_flag("--strict", options.strict, "Treat warnings as errors");
-    app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION);
+    app.set_version_flag("--version", "zorbi2 " ZORBI2_VERSION, "Print the version and exit");
 }
 
 void AddCommand(CLI::App& app, const Command& row, CommandCall& call) {
-    CLI::App& command = *app.add_subcommand(row.name, row.purpose);
+    CLI::App& command = *app.add_subcommand(row.name, row.purpose)->group("Commands");
     command.footer(
-        std::string("--json, --trace, --quiet, --strict: see zorbi2 --help\n\nExample:\n  ") +
-        row.example);
+        std::string("For --json, --trace, --quiet and --strict, see zorbi2 --help.\n\n") +
+        "Example:\n  " + row.example);
     command.fallthrough();  // --json and its like may stand behind the command
     Arguments arguments(command);
     command.callback([&call, name = row.name, run = row.add(arguments)] {
@@ -104,21 +104,21 @@ Vocabulary NamesLike(const std::string& word, const CLI::App& app) {
     return names;
 }
 
-/// What the user may have meant by a word that is no command or flag.
+/// What the user may have meant by a word that is no command or option.
 std::string Suggestion(const CLI::App& app) {
     const std::vector<std::string> unknown = app.remaining(true);
     const bool isCommand = app.get_subcommands().empty();
     if (unknown.empty() || (!unknown[0].starts_with('-') && !isCommand)) {
         return {};
     }
-    return "; nearest: " + Nearest(unknown[0], NamesLike(unknown[0], app));
+    return "; closest matches: " + Nearest(unknown[0], NamesLike(unknown[0], app));
 }
 
 /// A flag that is none, beside another error: it may be the cause, or have taken a word's place.
 std::string UnknownFlag(const CLI::App& app) {
     const std::vector<std::string> unknown = app.remaining(true);
     const bool isFlag = !unknown.empty() && unknown[0].starts_with('-');
-    return isFlag ? "; " + unknown[0] + " is no flag" + Suggestion(app) : std::string();
+    return isFlag ? "; unknown option " + unknown[0] + Suggestion(app) : std::string();
 }
 
 ExitCode RefuseUsage(const CLI::App& app, const CLI::ParseError& error) {
@@ -126,7 +126,7 @@ ExitCode RefuseUsage(const CLI::App& app, const CLI::ParseError& error) {
     const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
     const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
     Tell({{}, error.what() + (isUnknown ? Suggestion(app) : UnknownFlag(app)), ExitCode::badUsage});
-    std::cerr << "zorbi2 " << command << "--help tells how it is used\n";
+    std::cerr << "for usage, run zorbi2 " << command << "--help\n";
     return ExitCode::badUsage;
 }
 
@@ -135,6 +135,7 @@ ExitCode RefuseUsage(const CLI::App& app, const CLI::ParseError& error) {
 std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, CommandCall& call) {
     CLI::App app("Prepares the hand-over of molding results to structural solvers.", "zorbi2");
     app.allow_windows_style_options(false);  // a path may start with a slash
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     app.footer(exitCodes);
     AddGeneralOptions(app, call.options);
     AddCommands(app, arguments, call);
@@ -147,14 +148,16 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Com
     try {
         if (const auto empty = std::ranges::find(arguments, ""); empty != arguments.end()) {
             const auto number = std::to_string(empty - arguments.begin() + 1);
-            throw CLI::ParseError("Argument " + number + " is empty, as an unset variable is",
-                                  CLI::ExitCodes::ArgumentMismatch);
+            throw CLI::ParseError(
+                "argument " + number + " is empty, perhaps from an unset variable",
+                CLI::ExitCodes::ArgumentMismatch);
         }
         arguments = WithSingleChoices(arguments);
         std::ranges::reverse(arguments);  // as CLI11 wants them
         app.parse(std::move(arguments));
         if (app.get_subcommands().empty()) {
-            throw CLI::RequiredError("A command: " + AllCommands());
+            throw CLI::ParseError("a command is required: " + AllCommands(),
+                                  CLI::ExitCodes::RequiredError);
         }
     } catch (const CLI::Success& wish) {  // help or version
         app.exit(wish, std::cout, std::cerr);

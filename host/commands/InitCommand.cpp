@@ -59,14 +59,15 @@ Run OnlyRun(const std::vector<Run>& runs, const fs::path& folder, const InitOpti
     const Place place{Utf8Of(folder)};
     const std::vector<Run> fitting = FittingRuns(runs, options);
     if (runs.empty()) {
-        Fail(place, "no result file is named after a project and a run, as Cover02.k5o is",
+        Fail(place,
+             "no result files found; they have names like Cover02.k5o (project and run number)",
              ExitCode::fileTrouble);
     }
     if (fitting.empty()) {
-        Fail(place, "no such run; runs there: " + Listed(runs), ExitCode::fileTrouble);
+        Fail(place, "no such run; runs found: " + Listed(runs), ExitCode::fileTrouble);
     }
     if (fitting.size() > 1) {
-        Fail(place, "several runs: " + Listed(fitting) + "; choose one with --name and --run",
+        Fail(place, "several runs: " + Listed(fitting) + "; choose one with --name, --run or both",
              ExitCode::badUsage);
     }
     return fitting.front();
@@ -100,7 +101,7 @@ Recipe RecipeOf(const Run& run, const std::string& folder) {
 /// for what a recipe cannot hold.
 std::string TomlText(const std::string& text) {
     if (std::ranges::any_of(text, IsControl)) {
-        Fail({}, Quoted(text) + " has control characters, which a recipe cannot hold",
+        Fail({}, Quoted(text) + " contains control characters, which are not allowed in a recipe",
              ExitCode::fileTrouble);
     }
     if (text.find('\\') != std::string::npos) {
@@ -110,7 +111,8 @@ std::string TomlText(const std::string& text) {
     try {
         return Json(text).dump();
     } catch (const Json::type_error&) {
-        Fail({}, Quoted(text) + " is not UTF-8, as a recipe must be", ExitCode::fileTrouble);
+        Fail({}, Quoted(text) + " is not valid UTF-8, so a recipe cannot contain it",
+             ExitCode::fileTrouble);
     }
 }
 
@@ -179,11 +181,12 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
     }
     const FilePlace place = LookAtPlace(path);
     if (mayReplace && place.isTaken && IsNamedAsOfARun(place.file)) {
-        Fail({file}, "is a file of a run, and is not replaced", ExitCode::fileTrouble);
+        Fail({file}, "is named like a file of a run, so it is not replaced; choose another name",
+             ExitCode::fileTrouble);
     }
     const std::string reason = mayReplace ? ReplaceFile(place, text) : MakeFile(place, text);
     if (!reason.empty() && !mayReplace && IsTaken(place, reason)) {
-        Fail({file}, "already exists; --force replaces it", ExitCode::fileTrouble);
+        Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
     }
     if (!reason.empty()) {
         Fail({file}, "cannot be written: " + reason, ExitCode::fileTrouble);
@@ -260,7 +263,7 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
     CheckFolder(Utf8Of(output), {});
     std::vector<FoundRun> found = FindRuns(root, options, problems);
     if (found.empty() && problems.empty()) {
-        Fail({Utf8Of(root)}, "no such run lies there or below", ExitCode::fileTrouble);
+        Fail({Utf8Of(root)}, "no matching run in this folder or below it", ExitCode::fileTrouble);
     }
     CheckOpenFileLimit(found.size());
     RemoveLeftOvers(output, fs::file_type::regular);
@@ -274,7 +277,8 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
         Attempt(problems, [&] {
             if (!written.insert(FileIdentity(one.recipeFile)).second) {
                 Fail({Utf8Of(one.recipeFile)},
-                     "already written for another run, so not for " + Utf8Of(one.folder),
+                     "already written for another run, so it was not written for " +
+                         Utf8Of(one.folder),
                      ExitCode::fileTrouble);
             }
             list.push_back(WriteRecipe(one, options, terminal));
@@ -314,11 +318,13 @@ RunFunction AddInit(Arguments& arguments) {
     const auto options = std::make_shared<InitOptions>();
     arguments.Word("RUN_FOLDER", options->folder, "Folder with the run's files");
     arguments.Value("-o,--output", "FILE", options->output,
-                    "Recipe to write, else NAME.toml; with --all its folder");
-    arguments.Value("--name", "NAME", options->name, "Project, where a folder has runs of several");
-    arguments.Value("--run", "NUMBER", options->number, "Run number, where a folder has several");
-    arguments.Flag("--all", options->all,
-                   "Write a recipe for each run folder in RUN_FOLDER and below");
+                    "Recipe to write, by default named like\n"
+                    "Cover02.toml; with --all, folder for the recipes");
+    arguments.Value("--name", "NAME", options->name,
+                    "Project name, if the folder has several projects");
+    arguments.Value("--run", "NUMBER", options->number,
+                    "Run number, if the folder has several runs");
+    arguments.Flag("--all", options->all, "Write recipes for RUN_FOLDER and all runs below it");
     arguments.Flag("--force", options->force, "Replace an existing recipe");
     return [options](Terminal& terminal) { return RunInit(*options, terminal); };
 }

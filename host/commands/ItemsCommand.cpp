@@ -182,11 +182,10 @@ ExitCode RunItems(const ItemsOptions& options, Terminal& terminal) {
 RunFunction AddItems(Arguments& arguments) {
     const auto options = std::make_shared<ItemsOptions>();
     arguments.WordUnless(options->solvers, "RECIPE", options->recipes,
-                         "Recipe (TOML); --solvers can do without one");
-    arguments.Flag("--matrix", options->matrix,
-                   "Show items against solvers and mesh kinds instead");
-    arguments.Flag("--solvers", options->solvers, "Show solvers, mesh kinds, element types instead",
-                   "--matrix");
+                         "Recipe (TOML); optional with --solvers");
+    arguments.Flag("--matrix", options->matrix, "Show items by solver and mesh kind instead");
+    arguments.Flag("--solvers", options->solvers,
+                   "Show solvers, mesh kinds and element types instead", "--matrix");
     AddOverrides(arguments, options->overrides);
     return [options](Terminal& terminal) { return RunItems(*options, terminal); };
 }

@@ -6,9 +6,10 @@
 namespace host {
 
 void AddOverrides(Arguments& arguments, Overrides& overrides) {
-    arguments.Value("--solver", "S", overrides.solver, "Solver instead of the recipe's");
-    arguments.Value("--mesh", "M", overrides.mesh, "Mesh kind instead of the recipe's");
-    arguments.Values("--set", "ITEM=CHOICE", overrides.choices, "Choices instead of the recipe's");
+    arguments.Value("--solver", "S", overrides.solver, "Override the recipe's solver");
+    arguments.Value("--mesh", "M", overrides.mesh, "Override the recipe's mesh kind");
+    arguments.Values("--set", "ITEM=CHOICE", overrides.choices,
+                     "Override the recipe's choices for these items");
 }
 
 void CheckOpenFileLimit(std::size_t recipes) {
@@ -16,9 +17,8 @@ void CheckOpenFileLimit(std::size_t recipes) {
     if (recipes > possible) {
         Fail({},
              (recipes == 1 ? "a single recipe is" : std::to_string(recipes) + " recipes are") +
-                 " too many for one call, because each leaves a file open; nothing was written; "
-                 "at most " +
-                 std::to_string(possible) + " are possible",
+                 " too many for one command: each keeps a file open, and at most " +
+                 std::to_string(possible) + " are possible; nothing was written",
              ExitCode::fileTrouble);
     }
 }

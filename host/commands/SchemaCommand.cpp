@@ -62,10 +62,9 @@ Json ChoicesSchema() {
 }
 
 Json RequireSchema() {
-    return {
-        {"description", "Items that must come out as switched on; otherwise nothing is written"},
-        {"type", "array"},
-        {"items", NameSchema(shortNames)}};
+    return {{"description", "Items that must end up on; otherwise nothing is written"},
+            {"type", "array"},
+            {"items", NameSchema(shortNames)}};
 }
 
 Json SectionSchema() {
@@ -74,7 +73,7 @@ Json SectionSchema() {
 
 Json RecipeSchema(const Names& names) {
     Json schema = {{"$schema", "http://json-schema.org/draft-07/schema#"},
-                   {"title", "Recipe of zorbi2"},
+                   {"title", "zorbi2 recipe"},
                    {"type", "object"},
                    {"additionalProperties", false},
                    {"properties", {{"require", RequireSchema()}}}};

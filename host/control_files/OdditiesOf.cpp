@@ -77,7 +77,7 @@ private:
             const std::string key = "[WELDLINE ANGLE] WeldlineAngle" + number;
             if (Number(key) <= previous) {
                 Warn(key, "\"WeldlineAngle" + number + "\" is " + file_.at(key) +
-                              ", which is not above the angle before it");
+                              ", which is not greater than the previous angle");
             }
             previous = Number(key);
         }

@@ -74,8 +74,8 @@ std::vector<Rule> RulesFor(const ControlFile& file) {
          std::ranges::count_if(meshKeys, isOn) <= (IsAnnealedMesh(file) ? 0 : 1),
          "only one mesh kind can be 1, and none for the annealed mesh"},
         {"IDCompositeModel", model == kOptionResultsMissing || model >= 0,
-         "must be a model from 0 on, or " + std::to_string(kOptionResultsMissing) +
-             " when results are missing"},
+         "must be a model number from 0 up, or " + std::to_string(kOptionResultsMissing) +
+             " if the results are missing"},
         {"MapFile", IsMapped(file) || file.at("MapFile") == " ",
          "must be a single space, because the mesh is not mapped"},
     };
@@ -144,7 +144,7 @@ private:
         if (!value) {
             AddUnlessCut(line_, Expected(row.InWords(), text));
         } else if (const std::string range = row.RangeAgainst(*value); !range.empty()) {
-            Add(line_, Quoted(row.key) + " is " + std::string(*value) + "; allowed is " + range);
+            Add(line_, Quoted(row.key) + " is " + std::string(*value) + "; allowed: " + range);
         } else {
             Keep(row, *value);
         }
@@ -201,7 +201,8 @@ private:
             Add(0, "the file starts with a byte order mark");
         }
         if (EndsWithinLine()) {
-            Add(lines_.size() - 1, "the file ends within this line: it has no line end");
+            Add(lines_.size() - 1,
+                "the file ends in the middle of this line: there is no line ending");
         }
     }
 
@@ -210,8 +211,9 @@ private:
         const std::size_t ended = lines_.size() - (EndsWithinLine() ? 1 : 0);
         for (std::size_t i = 1; i < ended; ++i) {
             if (lines_[i].hasReturn != lines_[0].hasReturn) {
-                return Add(i, lines_[i].hasReturn ? "the line ends in CR LF, those above in LF"
-                                                  : "the line ends in LF, those above in CR LF");
+                return Add(i, lines_[i].hasReturn
+                                  ? "this line ends in CR LF, but those above end in LF"
+                                  : "this line ends in LF, but those above end in CR LF");
             }
         }
     }
@@ -230,7 +232,7 @@ private:
         std::ranges::stable_sort(faults_, {}, [](const auto& fault) { return fault.place.line; });
         if (faults_.size() > mostFaults) {
             faults_.erase(faults_.begin() + mostFaults, faults_.end());
-            Add(faults_.back().place.line - 1, "more faults follow");
+            Add(faults_.back().place.line - 1, "more errors follow");
         }
         ThrowErrors(faults_);
     }

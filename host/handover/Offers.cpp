@@ -54,18 +54,19 @@ Problems CheckTarget(const Recipe& recipe, const CZorbI2Engine& engine) {
         for (const SolverSlot* other : OfferedSolvers(engine)) {
             offered.push_back(other->name);
         }
-        refuse("target.solver", Quoted(NameOf(recipe.solver, solverKeywords)) +
-                                    " is not offered for this project, only: " + Listed(offered));
+        refuse("target.solver",
+               Quoted(NameOf(recipe.solver, solverKeywords)) +
+                   " is not offered for this project; offered: " + Listed(offered));
         return problems;
     }
     if (!Offers(*slot, recipe.meshKind)) {
         refuse("target.mesh", Quoted(NameOf(recipe.meshKind, meshKinds)) + " is not offered for " +
                                   slot->name +
-                                  " in this project, only: " + Listed(slot->meshTypes));
+                                  " in this project; offered: " + Listed(slot->meshTypes));
     }
     if (recipe.quadraticElements && slot->elementTypes.size() == 1) {
         refuse("target.quadratic_elements",
-               slot->name + " is offered in this project only with: " + slot->elementTypes[0]);
+               slot->name + " has only one element type in this project: " + slot->elementTypes[0]);
     }
     return problems;
 }

@@ -189,7 +189,7 @@ void CheckRun(const Recipe& recipe) {
     if (!recipe.emptyRun && !HasFileOf(project, place)) {
         Fail(place,
              project.projectFolder + " has no result file of " + StartOfNames(project) +
-                 "; runs there: " + Listed(RunsAmong(EntriesOf(folder, place))) +
+                 "; runs found: " + Listed(RunsAmong(EntriesOf(folder, place))) +
                  "; set project.empty_run = true if the run is empty on purpose",
              ExitCode::fileTrouble);
     }
@@ -255,7 +255,7 @@ void WarnOfCase(const Recipe& recipe, Problems& problems) {
     }
     for (const auto& [file, name] : notFound) {
         problems.push_back(Warning(
-            place, Quoted(file) + " is not found: its name differs in case from " + Quoted(name),
+            place, Quoted(file) + " is ignored: its name differs only in case from " + Quoted(name),
             ExitCode::notAvailable));
     }
 }

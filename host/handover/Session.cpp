@@ -93,7 +93,7 @@ void Session::CheckRequired(Problems& problems) const {
         const bool isOn = line != asked_.end() && line->second == "1";
         if (!isOn && !refused_.contains(itemId)) {
             problems.emplace_back(
-                place, NameOf(itemId, shortNames) + " is not output: " + ReasonAgainst(itemId),
+                place, NameOf(itemId, shortNames) + " would not be on: " + ReasonAgainst(itemId),
                 ExitCode::notAvailable);
         }
     }
@@ -113,7 +113,7 @@ void Session::WarnOfNothing(Problems& problems) const {
     }
     if (!hasResults && !recipe_.emptyRun) {
         problems.push_back(Warning(recipe_.PlaceOf("project.folder"),
-                                   "no results: those of every item are missing",
+                                   "the results of every item are missing",
                                    ExitCode::notAvailable));
     }
 }

@@ -24,7 +24,7 @@ std::string TextFor(const std::exception& error) {
     }
     const bool lacksMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr ||
                              dynamic_cast<const std::length_error*>(&error) != nullptr;
-    return lacksMemory ? "out of memory" : "an unexpected fault in zorbi2 itself";
+    return lacksMemory ? "out of memory" : "internal error";
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace host {
 
 enum class ExitCode {
     done = 0,
-    notAvailable = 1,  ///< something asked for is not available, or a check found faults
+    notAvailable = 1,  ///< something requested is not available, or a check failed
     badUsage = 2,      ///< a wrong command line or recipe
     fileTrouble = 3,   ///< a file or folder that cannot be used
 };

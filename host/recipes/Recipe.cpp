@@ -28,7 +28,7 @@ constexpr std::int32_t highestRun = std::numeric_limits<std::int32_t>::max();
 constexpr double highestAngle = 180.0;
 
 constexpr const char* singleQuotesHint =
-    R"(; in single quotes, a backslash is a backslash: 'D:\x')";
+    R"(; use single quotes to keep backslashes as they are: 'D:\x')";
 
 /// Whether the control file shows the number as it is.
 bool IsPrintedWhole(double number) {
@@ -122,22 +122,23 @@ struct Reader {
         const auto number = Take<double>(
             wanted, [highest](double value) { return value >= 0.0 && value <= highest; });
         if (problems.size() == before && !IsPrintedWhole(number)) {
-            Refuse(place, Shown() + " would stand in the file as " + Printed(number) +
-                              "; at most three decimals are kept");
+            Refuse(place, Shown() + " would be written as " + Printed(number) +
+                              "; the file keeps at most three decimals");
         }
         return number + 0.0;  // a zero without sign
     }
 
     std::string Text(const std::string& hint = {}) const {
         return Take<std::string>(
-            "text without line ends or other control characters" + hint,
+            "a string without line breaks or other control characters" + hint,
             [](const std::string& text) { return std::ranges::none_of(text, IsControl); });
     }
 
     std::string FileName() const {
         std::string name = Text();
         if (name.find_first_of(R"(/\:*?"<>|)") != std::string::npos || name.rfind('.', 0) == 0) {
-            RefuseFor(R"(a part of a file name: no dot at the start, no / \ : * ? " < > |)");
+            RefuseFor(
+                R"(a valid part of a file name: no leading dot and none of / \ : * ? " < > |)");
         }
         return name;
     }
@@ -145,7 +146,7 @@ struct Reader {
     std::string Extension() const {
         std::string extension = FileName();
         if (extension.ends_with('.') || extension.ends_with(' ')) {
-            RefuseFor("an extension: no dot or space at the end, which Windows drops");
+            RefuseFor("a valid extension: no trailing dot or space, because Windows drops them");
         }
         return extension;
     }
@@ -156,8 +157,9 @@ struct Reader {
             return path;  // as it stands: the translator may run on another machine
         }
         if (path.starts_with('~')) {
-            Refuse(place, Quoted(path) + R"( starts with "~", which is not expanded; write the )" +
-                              "whole path");
+            Refuse(place, Quoted(path) +
+                              R"( starts with "~", which is not expanded; write out the )" +
+                              "full path");
         } else {
             recipe.pathsHere.insert(place.name);
         }
@@ -176,7 +178,7 @@ struct Reader {
         std::vector<double> numbers;
         const toml::array* array = node->as_array();
         if (array == nullptr || array->size() != 3) {
-            RefuseFor("an array of 3 numbers");
+            Refuse(place, "must be an array of 3 numbers");
             return numbers;
         }
         for (const toml::node& element : *array) {
@@ -194,8 +196,9 @@ struct Reader {
         for (std::size_t i = 1; i < angles.size(); ++i) {
             if (angles[i] <= angles[i - 1]) {
                 const Reader angle = At((*node->as_array())[i], place.name);
-                Refuse(angle.place, angle.Shown() + " does not follow " + Printed(angles[i - 1]) +
-                                        "; the three angles must ascend");
+                Refuse(angle.place, angle.Shown() + " is not greater than " +
+                                        Printed(angles[i - 1]) +
+                                        "; the three angles must be in ascending order");
             }
         }
         return angles;
@@ -244,26 +247,26 @@ constexpr Key keys[] = {
     {{"project.folder", needed, anyText, "the folder of the run's files"}, [](Recipe& r, const Reader& v) { r.project.projectFolder = v.Path(); }},
     {{"project.empty_run", hasDefault, flag, "the run may have no result files"}, [](Recipe& r, const Reader& v) { r.emptyRun = v.Flag(); }},
     {{"project.analysis", hasDefault, analysis, "kind of molding analysis"}, [](Recipe& r, const Reader& v) { r.project.solverType = v.OneOf(analyses); }},
-    {{"project.type", hasDefault, projectType, "project type: 3 annealing; 4 and 6 to 11 injection compression, of these 9 Mucell"}, [](Recipe& r, const Reader& v) { r.project.projectType = v.ProjectType(); }},
+    {{"project.type", hasDefault, projectType, "project type: 3 is annealing; 4 and 6 to 11 are injection compression (9 is Mucell)"}, [](Recipe& r, const Reader& v) { r.project.projectType = v.ProjectType(); }},
     {{"project.voxel_mesh", hasDefault, flag, "the results are voxel-mesh results"}, [](Recipe& r, const Reader& v) { r.project.voxelFlag = v.Flag(); }},
     {{"project.fiber_results", hasDefault, flag, "the project has fiber results"}, ReadFact<Info::kHasFiber>},
     {{"project.runners", hasDefault, flag, "the project has runners"}, ReadFact<Info::kHasRunners>},
     {{"project.moldbase", hasDefault, flag, "the project has a moldbase"}, ReadFact<Info::kHasMoldbase>},
     {{"project.inserted_part", hasDefault, flag, "the project has an inserted part"}, ReadFact<Info::kHasInsertedPart>},
-    {{"project.meeting_angles", hasDefault, flag, "the project has meeting angles of weld lines"}, ReadFact<Info::kHasMeetingAngle>},
+    {{"project.meeting_angles", hasDefault, flag, "the project has weld-line meeting angles"}, ReadFact<Info::kHasMeetingAngle>},
     {{"project.view_edit", hasDefault, flag, "a model edited in the viewer is mapped"}, ReadFact<Info::kViewEditAtStart>},
     {{"target.solver", needed, solverName, "the structural solver"}, [](Recipe& r, const Reader& v) { r.solver = v.OneOf(v.names.solvers); }},
     {{"target.mesh", needed, meshKind, "the mesh kind"}, [](Recipe& r, const Reader& v) { r.meshKind = v.OneOf(meshKinds); }},
-    {{"target.quadratic_elements", hasDefault, flag, "the second of the solver's element types"}, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
-    {{"target.annealing", hasDefault, flag, "the deformed mesh is the annealing-deformed one"}, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
+    {{"target.quadratic_elements", hasDefault, flag, "use the second of the solver's element types"}, [](Recipe& r, const Reader& v) { r.quadraticElements = v.Flag(); }},
+    {{"target.annealing", hasDefault, flag, "use the annealing-deformed mesh as the deformed mesh"}, [](Recipe& r, const Reader& v) { r.annealing = v.Flag(); }},
     {{"target.mapped_mesh", hasDefault, anyText, "path of the mapped mesh, which the two mapped mesh kinds need"}, [](Recipe& r, const Reader& v) { r.mappedMesh = v.Path(); }},
-    {{"control_file.folder", hasDefault, anyText, "folder of the control file; otherwise the recipe's"}, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
-    {{"control_file.name", hasDefault, anyText, "name of the control file, without the run number; otherwise project.name"}, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
-    {{"control_file.extension", hasDefault, anyText, "extension of the control file, without the dot; otherwise cmi"}, [](Recipe& r, const Reader& v) { r.controlExtension = v.Extension(); }},
-    {{"output.folder", hasDefault, anyText, "where the translator puts its files; otherwise beside the control file"}, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
+    {{"control_file.folder", hasDefault, anyText, "folder of the control file; by default the recipe's"}, [](Recipe& r, const Reader& v) { r.controlFolder = v.Path(); }},
+    {{"control_file.name", hasDefault, anyText, "name of the control file, without the run number; by default project.name"}, [](Recipe& r, const Reader& v) { r.controlName = v.FileName(); }},
+    {{"control_file.extension", hasDefault, anyText, "extension of the control file, without the dot; by default cmi"}, [](Recipe& r, const Reader& v) { r.controlExtension = v.Extension(); }},
+    {{"output.folder", hasDefault, anyText, "where the translator puts its files; by default next to the control file"}, [](Recipe& r, const Reader& v) { r.outFolder = v.Path(); }},
     {{"weld_lines.angles", hasDefault, threeAngles, "three ascending angles in degrees"}, [](Recipe& r, const Reader& v) { r.weldlineAngles = v.Angles(); }},
     {{"weld_lines.reduction_rates", hasDefault, threeFractions, "remaining strength, as three fractions"}, [](Recipe& r, const Reader& v) { r.reductionRates = v.Three(&Reader::Fraction); }},
-    {{"weld_lines.digimat_angle", hasDefault, angle, "the angle for Digimat in degrees"}, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
+    {{"weld_lines.digimat_angle", hasDefault, angle, "the Digimat angle, in degrees"}, [](Recipe& r, const Reader& v) { r.digimatAngle = v.Angle(); }},
 };
 // clang-format on
 
@@ -272,7 +275,7 @@ std::string SectionOf(std::string_view key) {
 }
 
 std::string Unknown(const std::string& kind, const std::string& name, const Vocabulary& known) {
-    return "unknown " + kind + " " + Quoted(name) + "; nearest: " + Nearest(name, known);
+    return "unknown " + kind + " " + Quoted(name) + "; closest matches: " + Nearest(name, known);
 }
 
 void RefuseKey(const Reader& reader, const Place& place, const std::string& name) {
@@ -374,7 +377,7 @@ void ReadDocument(const Reader& reader, const toml::table& document) {
         } else if (!IsSection(name)) {
             RefuseKey(reader, place, name);
         } else if (!node.is_table()) {
-            reader.Refuse(place, Quoted(name) + " is a section: [" + name + "]");
+            reader.Refuse(place, Quoted(name) + " must be a section: [" + name + "]");
         } else {
             ReadSection(reader, name, *node.as_table());
         }
@@ -386,7 +389,7 @@ void ReadChoiceOverride(const Reader& reader, const std::string& choice) {
     const Place place{reader.recipe.file, 0, 0, "--set " + choice};
     const std::size_t equals = choice.find('=');
     if (equals == std::string::npos) {
-        reader.Refuse(place, "not of the form ITEM=CHOICE");
+        reader.Refuse(place, "must have the form ITEM=CHOICE");
     } else if (const auto itemId = FindItem(reader, place, choice.substr(0, equals))) {
         std::erase_if(choices, [&](const Choice& own) { return own.itemId == itemId; });
         choices.push_back({place, *itemId, choice.substr(equals + 1)});
@@ -446,7 +449,8 @@ void CheckTarget(const Reader& reader, Purpose purpose) {
                       "true needs the mesh kind \"deformed\", not " + mesh);
     }
     if (needsMesh && recipe.mappedMesh.empty()) {
-        reader.Refuse(recipe.PlaceOf("target.mesh"), mesh + " needs target.mapped_mesh, its path");
+        reader.Refuse(recipe.PlaceOf("target.mesh"),
+                      mesh + " requires target.mapped_mesh, the path of the mapped mesh");
     }
     std::error_code error;
     if (needsMesh && recipe.pathsHere.contains("target.mapped_mesh") &&

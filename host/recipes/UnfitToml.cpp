@@ -36,8 +36,8 @@ Part SectionAt(std::string_view text) {
     return name < text.size() && IsAmong(starts, text[name])
                ? Part{name}
                : Part{name, name,
-                      R"(a section's name has the characters a to z, A to Z, 0 to 9, "_" and )"
-                      R"("-", or stands in quotes)"};
+                      R"(a section name may contain only a to z, A to Z, 0 to 9, "_" and "-" )"
+                      R"(unless it is in quotes)"};
 }
 
 /// Bytes of a string with its quotes.
@@ -79,7 +79,7 @@ Part NumberAt(std::string_view text) {
     const std::size_t end = std::min(text.find_first_of(" \t\r\n,]}#="), text.size());
     const std::string_view number = text.substr(0, end);
     return IsLikeADate(number) && !IsPlainDate(number, text.substr(end, 2))
-               ? Part{end, 0, "no value of a recipe is a date or a time; a text stands in quotes"}
+               ? Part{end, 0, "dates and times are not allowed in a recipe; put text in quotes"}
                : Part{end};
 }
 
@@ -117,7 +117,7 @@ Part PartAt(std::string_view text, const Context& context) {
             return context.IsInList() ? Part{1, 0, R"("}" cannot follow "[" or ",")"} : Part{1};
         default:
             return context.IsInList() && IsBeyondAscii(text[0])
-                       ? Part{1, 0, "characters beyond ASCII stand in quotes or in comments"}
+                       ? Part{1, 0, "non-ASCII characters are allowed only in quotes and comments"}
                        : Part{1};
     }
 }

@@ -61,7 +61,8 @@ std::string ReadFile(const fs::path& file, const Place& place) {
     const fs::file_status status = fs::status(file, unknown);
     const bool isFolder = fs::is_directory(status);
     if (fs::exists(status) && !isFolder && !fs::is_regular_file(status)) {
-        Fail(place, "cannot be read: a pipe or a device, and no file", ExitCode::fileTrouble);
+        Fail(place, "cannot be read: it is a pipe or a device, not a regular file",
+             ExitCode::fileTrouble);
     }
     std::string bytes;
     std::error_code error = ReadStart(file, largestFile + 1, bytes);
@@ -86,7 +87,7 @@ std::string ReadStandardInput(const Place& place) {
 std::string ForEngine(const std::string& utf8) {
     const std::optional<std::string> text = ToEngineText(utf8);
     if (!text) {
-        Fail({}, "\"" + utf8 + "\" has characters that the system's code page does not have",
+        Fail({}, "\"" + utf8 + "\" contains characters that are not in the system code page",
              ExitCode::fileTrouble);
     }
     return *text;

@@ -63,7 +63,7 @@ std::string ReasonAgainstReplacing(const FilePlace& place, const fs::file_status
         return std::strerror(EISDIR);
     }
     if (!place.isTaken) {
-        return "a pipe or a device is there, and no file";
+        return "it is a pipe or a device, not a regular file";
     }
     const std::error_code error = CheckWritable(place.file);
     return error ? ReasonOf(error) : std::string();
@@ -78,7 +78,7 @@ std::string Follow(fs::path& file) {
             std::error_code unknown;
             const bool leadsNowhere = followed > 0 && fs::symlink_status(file, unknown).type() ==
                                                           fs::file_type::not_found;
-            return leadsNowhere ? "a link is there that leads to no file" : "";
+            return leadsNowhere ? "it is a symbolic link to a file that does not exist" : "";
         }
         if (!link.isTrusted) {
             return "a link of another user is there";
@@ -169,14 +169,14 @@ void CheckRegularFile(const fs::path& file, std::uintmax_t largest, const Place&
     const std::string name = Utf8Of(file);
     if (!fs::is_regular_file(status)) {
         Fail(place,
-             name + ": " + (fs::is_directory(status) ? "a folder" : "a pipe or a device") +
-                 ", and no file",
+             name + " is " + (fs::is_directory(status) ? "a folder" : "a pipe or a device") +
+                 ", not a regular file",
              ExitCode::fileTrouble);
     }
     const std::uintmax_t size = fs::file_size(file, error);
     if (!error && size > largest) {
         Fail(place,
-             name + ": " + std::to_string(size) + " bytes, but such a file has at most " +
+             name + ": " + std::to_string(size) + " bytes, but the limit is " +
                  std::to_string(largest),
              ExitCode::fileTrouble);
     }

@@ -59,7 +59,7 @@ ScratchFolder::ScratchFolder() {
         std::error_code ignored;
         fs::remove(path_, ignored);
         const std::string where = temporary.empty() ? "" : " in " + Utf8Of(parent);
-        Fail({}, "no temporary folder can be made" + where + ": " + ReasonOf(error),
+        Fail({}, "cannot create a temporary folder" + where + ": " + ReasonOf(error),
              ExitCode::fileTrouble);
     }
     current = this;

@@ -159,7 +159,7 @@ std::uint64_t RandomNumber() {
     // virtual machines.
     std::uint64_t number = 0;
     if (getentropy(&number, sizeof number) != 0) {
-        FailFor(errno, {}, "the system gives no random numbers");
+        FailFor(errno, {}, "cannot get random numbers from the system");
     }
     return number;
 }

@@ -67,7 +67,8 @@ void ExpectUnderstood(const Words& words, const host::CommandCall& call, const A
 void ExpectRefused(const Answer& answer) {
     fuzz::Expect(answer.output.empty(), "a refusal prints nothing on standard output");
     fuzz::Expect(answer.errors.starts_with("zorbi2: ") &&
-                     answer.errors.ends_with("--help tells how it is used\n"),
+                     answer.errors.find("\nfor usage, run zorbi2 ") != std::string::npos &&
+                     answer.errors.ends_with("--help\n"),
                  "a refusal says why, and where help is");
     if (std::ranges::count_if(answer.errors, host::IsControl) != 2) {
         fuzz::Break("two lines, and no control characters, in: " + answer.errors);

@@ -172,27 +172,27 @@ const DamagedFile damagedFiles[] = {
      {At("MapFile", R"("MapFile": must be a single space, because the mesh is not mapped)")}},
     // Values
     {"SegmentBelowTheRange", Replace("SegmentX", "SegmentX = 0 (1~100)"),
-     {At("SegmentX", R"("SegmentX" is 0; allowed is 1~100)")}},
+     {At("SegmentX", R"("SegmentX" is 0; allowed: 1~100)")}},
     {"SegmentAboveTheRange", Replace("SegmentZ", "SegmentZ = 101 (1~100)"),
-     {At("SegmentZ", R"("SegmentZ" is 101; allowed is 1~100)")}},
+     {At("SegmentZ", R"("SegmentZ" is 101; allowed: 1~100)")}},
     {"ThetaSegmentAboveTheRange", Replace("[MATERIAL REDUCTION] FiberThetaYSegment", "FiberThetaYSegment = 31 (1~30)"),
-     {At("[MATERIAL REDUCTION] FiberThetaYSegment", R"("FiberThetaYSegment" is 31; allowed is 1~30)")}},
+     {At("[MATERIAL REDUCTION] FiberThetaYSegment", R"("FiberThetaYSegment" is 31; allowed: 1~30)")}},
     {"StrengthSegmentAboveTheRange", Replace("[MATERIAL REDUCTION] FiberStrengthXSegment", "FiberStrengthXSegment = 21 (1~20)"),
-     {At("[MATERIAL REDUCTION] FiberStrengthXSegment", R"("FiberStrengthXSegment" is 21; allowed is 1~20)")}},
+     {At("[MATERIAL REDUCTION] FiberStrengthXSegment", R"("FiberStrengthXSegment" is 21; allowed: 1~20)")}},
     {"InsertStrengthSegmentAboveTheRange", Replace("[PARTINSERT MATERIAL REDUCTION] FiberStrengthYSegment", "FiberStrengthYSegment = 6 (1~5)"),
-     {At("[PARTINSERT MATERIAL REDUCTION] FiberStrengthYSegment", R"("FiberStrengthYSegment" is 6; allowed is 1~5)")}},
+     {At("[PARTINSERT MATERIAL REDUCTION] FiberStrengthYSegment", R"("FiberStrengthYSegment" is 6; allowed: 1~5)")}},
     {"InsertThetaSegmentNegative", Replace("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment", "FiberThetaXSegment = -8 (1~30)"),
-     {At("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment", R"("FiberThetaXSegment" is -8; allowed is 1~30)")}},
+     {At("[PARTINSERT MATERIAL REDUCTION] FiberThetaXSegment", R"("FiberThetaXSegment" is -8; allowed: 1~30)")}},
     {"DensityReductionOfOne", Replace("DensityReduction", "DensityReduction = 1 (2~10)"),
-     {At("DensityReduction", R"("DensityReduction" is 1; allowed is 2~10)")}},
+     {At("DensityReduction", R"("DensityReduction" is 1; allowed: 2~10)")}},
     {"DensityReductionAboveTheRange", Replace("DensityReduction", "DensityReduction = 11 (2~10)"),
-     {At("DensityReduction", R"("DensityReduction" is 11; allowed is 2~10)")}},
+     {At("DensityReduction", R"("DensityReduction" is 11; allowed: 2~10)")}},
     {"DensityReductionOfZeroThoughOn", Replace("DensityReduction", "DensityReduction = 0 (2~10)"),
      {At("DensityReduction", R"(warning: "DensityReduction" is 0, though density reduction is on)")}},
     {"OnOffValueOfTwo", Replace("IsViewEditModelMapping", "IsViewEditModelMapping = 2 (0:off,1:on)"),
-     {At("IsViewEditModelMapping", R"("IsViewEditModelMapping" is 2; allowed is 0:off,1:on)")}},
+     {At("IsViewEditModelMapping", R"("IsViewEditModelMapping" is 2; allowed: 0:off,1:on)")}},
     {"ItemValueOfTwo", Replace("IsRunnerOutput", "IsRunnerOutput =                2   (0:off,1:on)"),
-     {At("IsRunnerOutput", R"("IsRunnerOutput" is 2; allowed is 0:off,1:on)")}},
+     {At("IsRunnerOutput", R"("IsRunnerOutput" is 2; allowed: 0:off,1:on)")}},
     {"ItemValueInWords", Replace("IsRunnerOutput", "IsRunnerOutput =                on   (0:off,1:on)"),
      {At("IsRunnerOutput", "expected a line like \"IsRunnerOutput =                0   (0:off,1:on)\", found \"IsRunnerOutput =                on   (0:off,1:on)\"")}},
     {"NumberWithPlusSign", Replace("SolverType", "SolverType = +1"),
@@ -208,9 +208,9 @@ const DamagedFile damagedFiles[] = {
     {"CompositeModelUnknown", Replace("IDCompositeModel", "IDCompositeModel = 3"),
      {At("IDCompositeModel", R"(warning: "IDCompositeModel" is 3; the models are 0 to 2)")}},
     {"CompositeModelBelowMissing", Replace("IDCompositeModel", "IDCompositeModel = -3"),
-     {At("IDCompositeModel", R"("IDCompositeModel": must be a model from 0 on, or -2 when results are missing)")}},
+     {At("IDCompositeModel", R"("IDCompositeModel": must be a model number from 0 up, or -2 if the results are missing)")}},
     {"CompositeModelOfMinusOne", Replace("IDCompositeModel", "IDCompositeModel = -1"),
-     {At("IDCompositeModel", R"("IDCompositeModel": must be a model from 0 on, or -2 when results are missing)")}},
+     {At("IDCompositeModel", R"("IDCompositeModel": must be a model number from 0 up, or -2 if the results are missing)")}},
     {"FirstAngleNotZero", Replace("WeldlineAngle1", "WeldlineAngle1 = 15.000"),
      {At("WeldlineAngle1", R"(expected "WeldlineAngle1 = 0.000", found "WeldlineAngle1 = 15.000")")}},
     {"AngleWithTwoDecimals", Replace("WeldlineAngle2", "WeldlineAngle2 = 30.00"),
@@ -244,7 +244,7 @@ const DamagedFile damagedFiles[] = {
     {"AnnealedMeshInAnotherProject", Both(Replace("IsDeformedMesh", "IsDeformedMesh = 0 (0:off,1:on)"), InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
      {At("[MSCNASTRAN]", LinesOfTheSample("MSCNASTRAN without a mesh kind and annealing" + project)),
       At("IsOriginalMesh", "warning: no mesh kind is 1"),
-      At("IsDoMaterialReduction", R"(warning: "IsAnnealingDeformedMesh" has no effect: it is for the deformed mesh of projects of type 3)")}},
+      At("IsDoMaterialReduction", R"(warning: "IsAnnealingDeformedMesh" has no effect: it applies only to the deformed mesh in projects of type 3)")}},
     {"AnnealedAndDeformedMesh", Both(Replace("ProjectType", "ProjectType = 3"), InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"})),
      {At("IsOriginalMesh", R"("IsOriginalMesh": only one mesh kind can be 1, and none for the annealed mesh)")}},
     {"AnnealingLineOfZero", InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 0 (0:off,1:on)"}),
@@ -275,7 +275,7 @@ const DamagedFile damagedFiles[] = {
     {"CutOffBehindTheItems", Remove("IsDoDensityReduction", "[\\REDUCTION RATE]"),
      {At("DigimatTemperatureOutput", "the file ends here, before a line like \"IsDoDensityReduction =          0   (0:off,1:on)\"")}},
     {"CutOffWithAGarbledLineAbove", Both(Remove("[MATERIAL REDUCTION]", "[\\REDUCTION RATE]"), Replace("SegmentY", "SegmentY = 0 (1~100)")),
-     {At("SegmentY", R"("SegmentY" is 0; allowed is 1~100)"),
+     {At("SegmentY", R"("SegmentY" is 0; allowed: 1~100)"),
       At("[\\MAP DOMAIN]", R"(the file ends here, before "[MATERIAL REDUCTION]")")}},
     {"MapDomainMissing", Remove("[MAP DOMAIN]", "[\\MAP DOMAIN]"),
      AllAt("[MAP DOMAIN]", {
@@ -343,7 +343,7 @@ const DamagedFile damagedFiles[] = {
       At("ReductionRate1", R"(expected a line like "ReductionRate1 = 0.000", found "ReductionRate1 = y")")}},
     {"MissingLineAndWrongValueBehindIt", Both(Replace("SegmentZ", "SegmentZ = 101 (1~100)"), Remove("SegmentY")),
      {At("SegmentY", "a line like \"SegmentY = 1 (1~100)\" is missing here"),
-      At("SegmentZ", -1, R"("SegmentZ" is 101; allowed is 1~100)")}},
+      At("SegmentZ", -1, R"("SegmentZ" is 101; allowed: 1~100)")}},
     {"ThreeLinesGarbled", Both(Both(Replace("[MATERIAL REDUCTION] FiberThetaYSegment", "#3"), Replace("[MATERIAL REDUCTION] FiberThetaXSegment", "#2")), Replace("[MATERIAL REDUCTION]", "#1")),
      {At("[MATERIAL REDUCTION]", R"(expected "[MATERIAL REDUCTION]", found "#1")"),
       At("[MATERIAL REDUCTION] FiberThetaXSegment", R"("#2" does not belong here)"),
@@ -374,13 +374,13 @@ const DamagedFile damagedFiles[] = {
     {"CarriageReturnInTheLine", Replace("SegmentX", "SegmentX = 80\r (1~100)"),
      {At("SegmentX", "expected a line like \"SegmentX = 1 (1~100)\", found \"SegmentX = 80\\x0d (1~100)\"")}},
     {"OneLineWithAnotherLineEnd", Replace("SegmentX", "SegmentX = 80 (1~100)\r"),
-     {At("SegmentX", "the line ends in CR LF, those above in LF")}},
+     {At("SegmentX", "this line ends in CR LF, but those above end in LF")}},
     {"SolverTagInLowerCase", Replace("[MSCNASTRAN]", "[mscnastran] "),
      {At("[MSCNASTRAN]", R"(expected a line like "[ANSYS] " (with a space at its end), found "[mscnastran] " (with a space at its end))")}},
     {"MapFileWithThreeSpaces", Replace("MapFile", "MapFile =   "),
      {At("MapFile", R"("MapFile": must be a single space, because the mesh is not mapped)")}},
     {"OnOffValueBelowZero", Replace("QuadraticElement", "QuadraticElement = -1 (0:off,1:on)"),
-     {At("QuadraticElement", R"("QuadraticElement" is -1; allowed is 0:off,1:on)")}},
+     {At("QuadraticElement", R"("QuadraticElement" is -1; allowed: 0:off,1:on)")}},
     // Values that the engine takes as they come
     {"OutFolderEmpty", Replace("OutFolder", "OutFolder = "),
      {At("OutFolder", R"(warning: "OutFolder" names no folder)")}},
@@ -395,14 +395,14 @@ const DamagedFile damagedFiles[] = {
     {"ProjectTypeOfTheSameOffer", Replace("ProjectType", "ProjectType = 11"),
      {}},  // offers what type 6 offers, so nothing tells that it was another one
     {"AnglesEqual", Replace("WeldlineAngle3", "WeldlineAngle3 = 30.000"),
-     {At("WeldlineAngle3", R"(warning: "WeldlineAngle3" is 30.000, which is not above the angle before it)")}},
+     {At("WeldlineAngle3", R"(warning: "WeldlineAngle3" is 30.000, which is not greater than the previous angle)")}},
     {"AnglesDescend", Swap("WeldlineAngle2", "WeldlineAngle4"),
      {At("WeldlineAngle2", R"(expected a line like "WeldlineAngle2 = 0.000", found "WeldlineAngle4 = 90.500")"),
       At("WeldlineAngle4", R"(expected a line like "WeldlineAngle4 = 0.000", found "WeldlineAngle2 = 30.000")")}},
     {"AnglesOutOfOrder", Replace("WeldlineAngle2", "WeldlineAngle2 = 75.000"),
-     {At("WeldlineAngle3", R"(warning: "WeldlineAngle3" is 60.000, which is not above the angle before it)")}},
+     {At("WeldlineAngle3", R"(warning: "WeldlineAngle3" is 60.000, which is not greater than the previous angle)")}},
     {"SecondAngleZero", Replace("WeldlineAngle2", "WeldlineAngle2 = 0.000"),
-     {At("WeldlineAngle2", R"(warning: "WeldlineAngle2" is 0.000, which is not above the angle before it)")}},
+     {At("WeldlineAngle2", R"(warning: "WeldlineAngle2" is 0.000, which is not greater than the previous angle)")}},
     {"DigimatAngleBelowZero", Replace("WeldlineAngle", "WeldlineAngle = -45.000"),
      {}},  // any angle is taken
     {"RateAboveOne", Replace("ReductionRate1", "ReductionRate1 = 1.001"),
@@ -423,7 +423,7 @@ const DamagedFile damagedFiles[] = {
     {"LastItemLineDropped", Remove("DigimatTemperatureOutput"),
      {At("DigimatTemperatureOutput", R"(warning: "DigimatTemperatureOutput" has no line, but the item is offered for )" + offer + project)}},
     {"AllItemLinesDropped", Remove("IsDoMaterialReduction", "DigimatTemperatureOutput"),
-     {At("[MSCNASTRAN]", "warning: no item has a line, though there are items for " + offer + project)}},
+     {At("[MSCNASTRAN]", "warning: no item has a line, although items are offered for " + offer + project)}},
     {"ItemOfAnotherMesh", InsertBefore("DigimatOutput", {"IsPackTempOutput =              0   (0:off,1:on)"}),
      {At("DigimatOutput", R"(warning: "IsPackTempOutput" has a line, but the item is not offered for )" + offer + project)}},
     {"AnnealingItemInAnotherProject", InsertBefore("IsDoDensityReduction", {"IsAnnealingstressOutput =\t0   (0:off,1:on)"}),
@@ -435,7 +435,7 @@ const DamagedFile damagedFiles[] = {
     {"AnnealingProjectWithTheDeformedMesh", Replace("ProjectType", "ProjectType = 3"),
      {}},  // without annealing it offers what the others offer
     {"AnnealingLineInAnotherProject", InsertBefore("IsDoMaterialReduction", {"IsAnnealingDeformedMesh = 1 (0:off,1:on)"}),
-     {At("IsDoMaterialReduction", R"(warning: "IsAnnealingDeformedMesh" has no effect: it is for the deformed mesh of projects of type 3)")}},
+     {At("IsDoMaterialReduction", R"(warning: "IsAnnealingDeformedMesh" has no effect: it applies only to the deformed mesh in projects of type 3)")}},
     {"ShellProjectWithSolidItems", Replace("SolverType", "SolverType = 1"),
      {At("IsRunnerOutput", NeverOffered("IsRunnerOutput", "a shell project of type 6")),
       At("DigimatOutput", R"(warning: "DigimatOutput" has a line, but the item is not offered for )" + offer + " in a shell project of type 6"),
@@ -454,7 +454,7 @@ const DamagedFile damagedFiles[] = {
      {At("[MSCNASTRAN]", LinesOfTheSample("NENASTRAN with mesh kind \"deformed\"" + project))}},
     {"SolverNamedByNoTag", SetSolver(""),
      {At("[MSCNASTRAN]", "warning: the file names no solver"),
-      At("[MSCNASTRAN]", LinesOfTheSample("no solver"))}},
+      At("[MSCNASTRAN]", LinesOfTheSample("a file without a solver"))}},
     {"WorkbenchWithTheOriginalMesh", Both(SetSolver("WORKBENCH"), SetMesh("IsOriginalMesh")),
      {At("[MSCNASTRAN]", LinesOfTheSample("WORKBENCH with mesh kind \"original\"" + project)),
       At("IsOriginalMesh", "warning: mesh kind \"original\" is not offered for WORKBENCH" + project)}},
@@ -483,7 +483,8 @@ TEST(ControlFile, OfALineThatTheFileEndsWithinNothingElseIsTold) {
         At("ReductionRate3",
            "expected a line like \"ReductionRate3 = 0.000\", found "
            "\"ReductionRate3 = high\""),
-        At("[\\REDUCTION RATE]", "the file ends within this line: it has no line end")};
+        At("[\\REDUCTION RATE]",
+           "the file ends in the middle of this line: there is no line ending")};
     EXPECT_EQ(expected, FaultsOf(text.substr(0, text.size() - 1)));
     EXPECT_EQ(expected, FaultsOf(text.substr(0, text.size() - 3)));
 }
@@ -499,7 +500,7 @@ TEST(ControlFile, WholeFileTwiceHasNothingOfTheSecondOne) {
                   " does not belong here";
     }
     Faults expected = FromLineOn(endOfFile, messages);
-    expected.push_back(At(endOfFile, 19, "more faults follow"));
+    expected.push_back(At(endOfFile, 19, "more errors follow"));
     EXPECT_EQ(expected, FaultsOf(Joined(SampleLines()) + Joined(SampleLines())));
 }
 

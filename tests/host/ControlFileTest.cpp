@@ -96,15 +96,18 @@ TEST(ControlFile, LineEndsOfWindowsAreNoPartOfAPath) {
 TEST(ControlFile, MissingLastLineEndIsAFault) {
     std::string text = Joined(SampleLines());
     text.pop_back();
-    EXPECT_EQ(Texts{At("[\\REDUCTION RATE]", "the file ends within this line: it has no line end")},
+    EXPECT_EQ(Texts{At("[\\REDUCTION RATE]",
+                       "the file ends in the middle of this line: there is no line ending")},
               FaultsOf(text));
 }
 
 TEST(ControlFile, FileCutOffWithinALineTellsWhereItEndsOnce) {
     const std::string text = Joined(SampleLines());
-    EXPECT_EQ(Texts{At("ReductionRate2", "the file ends within this line: it has no line end")},
+    EXPECT_EQ(Texts{At("ReductionRate2",
+                       "the file ends in the middle of this line: there is no line ending")},
               FaultsOf(text.substr(0, text.find("ReductionRate2 = 0.") + 19)));
-    EXPECT_EQ(Texts{At("[MAP DOMAIN]", "the file ends within this line: it has no line end")},
+    EXPECT_EQ(Texts{At("[MAP DOMAIN]",
+                       "the file ends in the middle of this line: there is no line ending")},
               FaultsOf(text.substr(0, text.find("[MAP DOMAIN]") + 4)));
 }
 
@@ -119,10 +122,12 @@ TEST(ControlFile, FileCutOffAnywhereHasOneFault) {
 TEST(ControlFile, MixedLineEndsAreAFaultOfTheFirstLineThatDiffers) {
     std::string text = Joined(SampleLines());
     text.insert(text.find("SegmentY") - 1, "\r");
-    EXPECT_EQ(Texts{At("SegmentX", "the line ends in CR LF, those above in LF")}, FaultsOf(text));
+    EXPECT_EQ(Texts{At("SegmentX", "this line ends in CR LF, but those above end in LF")},
+              FaultsOf(text));
     text = Joined(SampleLines(), "\r\n");
     text.erase(text.find("SegmentY") - 2, 1);
-    EXPECT_EQ(Texts{At("SegmentX", "the line ends in LF, those above in CR LF")}, FaultsOf(text));
+    EXPECT_EQ(Texts{At("SegmentX", "this line ends in LF, but those above end in CR LF")},
+              FaultsOf(text));
 }
 
 TEST(ControlFile, ByteOrderMarkIsTheOnlyFaultOfAFileThatIsFineBehindIt) {
@@ -202,7 +207,7 @@ TEST(ControlFile, NoMoreThanTwentyFaultsAreListed) {
     ASSERT_EQ(21U, faults.size());
     EXPECT_EQ(At(endOfFile, "an empty line does not belong here"), faults[0]);
     EXPECT_EQ(At(endOfFile, 19, "an empty line does not belong here"), faults[19]);
-    EXPECT_EQ(At(endOfFile, 19, "more faults follow"), faults[20]);
+    EXPECT_EQ(At(endOfFile, 19, "more errors follow"), faults[20]);
 }
 
 // ---- Random damage ------------------------------------------------------------------------------

@@ -109,7 +109,7 @@ class ProgramTest(unittest.TestCase):
     def commands(self):
         """The program's, as its help lists them."""
         text = self.run_program("--help").stdout
-        listed = text[text.index("Subcommands:\n"):].split("\n\n")[0]
+        listed = text[text.index("Commands:\n"):].split("\n\n")[0]
         return re.findall(r"^  ([a-z]+) ", listed, flags=re.M)
 
     def as_nobody(self):

@@ -68,8 +68,8 @@ class Batch(ProgramTest):
         (self.folder / "r0.toml").write_text(PROJECT + TARGET)
         done = self.run_program("write", "r0.toml", "r1.toml", "r2.toml")
         path = own_path(self.folder / "Cover02.cmi")
-        self.check(done, 2, None, f"r0.toml: {path}: r2.toml would write it too\n"
-                   f"r2.toml: {path}: r0.toml would write it too\n")
+        self.check(done, 2, None, f"r0.toml: {path}: r2.toml would write this file too\n"
+                   f"r2.toml: {path}: r0.toml would write this file too\n")
         self.assertIn("Cover01.cmi", self.files())
         self.assertNotIn("Cover02.cmi", self.files())
 
@@ -78,9 +78,9 @@ class Batch(ProgramTest):
             self.make_recipe(PROJECT + TARGET, name)
         done = self.run_program("write", "a.toml", "b.toml", "c.toml")
         path = own_path(self.folder / "Cover02.cmi")
-        self.check(done, 2, None, f"a.toml: {path}: b.toml would write it too\n"
-                   f"b.toml: {path}: a.toml would write it too\n"
-                   f"c.toml: {path}: a.toml would write it too\n")
+        self.check(done, 2, None, f"a.toml: {path}: b.toml would write this file too\n"
+                   f"b.toml: {path}: a.toml would write this file too\n"
+                   f"c.toml: {path}: a.toml would write this file too\n")
 
     def test_the_same_file_is_known_under_two_paths(self):
         (self.folder / "one").mkdir()
@@ -106,16 +106,16 @@ class Batch(ProgramTest):
     def test_too_many_recipes_for_the_open_files_are_refused_before_the_first_write(self):
         done = self.run_program("write", *self.make_recipes(40),
                                 preexec_fn=limit(resource.RLIMIT_NOFILE, 50))
-        self.check(done, 3, "", "zorbi2: 40 recipes are too many for one call, because each leaves "
-                   "a file open; nothing was written; at most 34 are possible\n")
+        self.check(done, 3, "", "zorbi2: 40 recipes are too many for one command: each keeps a "
+                   "file open, and at most 34 are possible; nothing was written\n")
         self.assertFalse([name for name in self.files() if name.endswith(".cmi")])
 
     @unittest.skipIf(ON_WINDOWS, "limits are POSIX's")
     def test_where_hardly_a_file_can_be_opened_a_single_recipe_is_refused(self):
         names = self.make_recipes(1)
         done = self.run_program("write", *names, preexec_fn=limit(resource.RLIMIT_NOFILE, 16))
-        self.check(done, 3, "", "zorbi2: a single recipe is too many for one call, because each "
-                   "leaves a file open; nothing was written; at most 0 are possible\n")
+        self.check(done, 3, "", "zorbi2: a single recipe is too many for one command: each keeps a "
+                   "file open, and at most 0 are possible; nothing was written\n")
         self.check(self.run_program("write", *names, preexec_fn=limit(resource.RLIMIT_NOFILE, 17)),
                    0)
 
@@ -130,8 +130,8 @@ class Batch(ProgramTest):
                                 preexec_fn=limit(resource.RLIMIT_NOFILE, 50))
         for descriptor in inherited:
             os.close(descriptor)
-        self.check(done, 3, "", "zorbi2: 15 recipes are too many for one call, because each leaves "
-                   "a file open; nothing was written; at most 14 are possible\n")
+        self.check(done, 3, "", "zorbi2: 15 recipes are too many for one command: each keeps a "
+                   "file open, and at most 14 are possible; nothing was written\n")
 
     @unittest.skipIf(ON_WINDOWS, "terminals are POSIX's")
     def test_a_terminal_gets_one_line_of_progress(self):

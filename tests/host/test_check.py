@@ -40,20 +40,20 @@ class Check(ProgramTest):
         return dict(line.strip().split(":", 1) for line in lines)
 
     def test_good_files(self):
-        self.check(self.run_program("check", GOOD), 0, "good.cmi: no faults\n")
+        self.check(self.run_program("check", GOOD), 0, "good.cmi: no errors\n")
         self.check(self.run_program("check", GOOD, "--quiet"), 0, "")
 
     def test_a_file_with_line_ends_of_windows(self):
         text = (self.folder / GOOD).read_bytes().replace(b"\n", b"\r\n")
         (self.folder / "crlf.cmi").write_bytes(text)
-        self.check(self.run_program("check", "crlf.cmi"), 0, "crlf.cmi: no faults\n")
+        self.check(self.run_program("check", "crlf.cmi"), 0, "crlf.cmi: no errors\n")
 
     def test_a_fault_is_told_with_file_and_line(self):
         name = self.damage(("SegmentY = 80", "SegmentY = 101"), ("[\\HEADER]", "[/HEADER]"))
         self.check(self.run_program("check", name), 1, "",
                    f'bad.cmi:{self.line(END_OF_HEADER)}: expected "[\\HEADER]", '
                    'found "[/HEADER]"\n'
-                   f'bad.cmi:{self.line("SegmentY")}: "SegmentY" is 101; allowed is 1~100\n')
+                   f'bad.cmi:{self.line("SegmentY")}: "SegmentY" is 101; allowed: 1~100\n')
 
     def test_an_empty_file_is_a_fault_and_no_trouble(self):
         (self.folder / "empty.cmi").write_bytes(b"")
@@ -64,7 +64,7 @@ class Check(ProgramTest):
     def test_files_that_cannot_be_read(self):
         (self.folder / "endless.cmi").write_bytes(b"\n" * 300_000)
         self.check(self.run_program("check", "none.cmi", ".", "endless.cmi"), 3,
-                   "0 of 3 files without faults\n",
+                   "0 of 3 files without errors\n",
                    "none.cmi: cannot be read: No such file or directory\n"
                    ".: cannot be read: Is a directory\n"
                    "endless.cmi: cannot be read: File too large\n")
@@ -72,12 +72,12 @@ class Check(ProgramTest):
     @unittest.skipIf(ON_WINDOWS, "Windows has no such file")
     def test_a_file_without_an_end(self):
         self.check(self.run_program("check", "/dev/zero"), 3, "",
-                   "/dev/zero: cannot be read: a pipe or a device, and no file\n")
+                   "/dev/zero: cannot be read: it is a pipe or a device, not a regular file\n")
 
     def test_all_files_are_checked_and_the_gravest_decides(self):
         name = self.damage(("[\\HEADER]", "[/HEADER]"))
         done = self.run_program("check", "none.cmi", name, GOOD)
-        self.check(done, 3, "good.cmi: no faults\n1 of 3 files without faults\n", None)
+        self.check(done, 3, "good.cmi: no errors\n1 of 3 files without errors\n", None)
         self.assertEqual(len(done.stderr.splitlines()), 2)
         done = self.run_program("check", "--quiet", name, GOOD)
         self.check(done, 1, "", None)
@@ -150,7 +150,7 @@ class Check(ProgramTest):
         warning = (f'bad.cmi:{self.line("IsRunnerOutput")}: {{}}"IsRunnerOutput" has no line, but '
                    'the item is offered for ANSYS with mesh kind "original" in a solid project of '
                    'type 0\n')
-        self.check(self.run_program("check", name), 0, "bad.cmi: no faults, 1 warning\n",
+        self.check(self.run_program("check", name), 0, "bad.cmi: no errors, 1 warning\n",
                    warning.format("warning: "))
         self.check(self.run_program("check", "--strict", name), 1, "", warning.format(""))
         last = "IsDoDensityReduction"
@@ -162,7 +162,7 @@ class Check(ProgramTest):
     def test_a_file_from_standard_input(self):
         text = (self.folder / GOOD).read_bytes()
         done = self.run_program("check", "-", input=text)
-        self.check(done, 0, "-: no faults\n")
+        self.check(done, 0, "-: no errors\n")
         done = self.run_program("check", "-", input=text.replace(b"[HEADER]", b"[HEADER"))
         self.check(done, 1, "", '-:3: expected "[HEADER]", found "[HEADER"\n')
 
@@ -200,7 +200,7 @@ class Check(ProgramTest):
         for name, end in (("lf.cmi", b"\n"), ("crlf.cmi", b"\r\n")):
             (self.folder / name).write_bytes(text.replace(b"\n", end))
             self.check(self.run_program("check", "--against", "cover.toml", name), 0,
-                       f"{name}: no faults\n", None)
+                       f"{name}: no errors\n", None)
 
     def test_a_recipe_that_cannot_be_written_is_told(self):
         done = self.run_program("check", "--against", "none.toml", GOOD)
@@ -240,7 +240,7 @@ class Check(ProgramTest):
         self.assertEqual([entry["asks"] for entry in document["files"][1:]], [None, None])
         self.assertEqual(document["problems"], [
             {"file": name, "line": self.line("SegmentY"), "column": 0, "severity": "error",
-             "exitCode": 1, "message": '"SegmentY" is 101; allowed is 1~100'},
+             "exitCode": 1, "message": '"SegmentY" is 101; allowed: 1~100'},
             {"file": "none.cmi", "line": 0, "column": 0, "severity": "error",
              "exitCode": 3, "message": "cannot be read: No such file or directory"}])
         asks = document["files"][0]["asks"]
@@ -268,9 +268,9 @@ class Check(ProgramTest):
             (self.folder / name).write_text(text)
         done = self.run_program("check", "--show", "a\u009b31m.cmi", "a\u202eimc.cmi", "a\n.cmi")
         self.check(done, 0)
-        self.assertIn("a\\xc2\\x9b31m.cmi: no faults\n", done.stdout)
-        self.assertIn("a\\xe2\\x80\\xaeimc.cmi: no faults\n", done.stdout)
-        self.assertIn("a\\n.cmi: no faults\n", done.stdout)
+        self.assertIn("a\\xc2\\x9b31m.cmi: no errors\n", done.stdout)
+        self.assertIn("a\\xe2\\x80\\xaeimc.cmi: no errors\n", done.stdout)
+        self.assertIn("a\\n.cmi: no errors\n", done.stdout)
         self.assertIn(r'"D:\Hand\xc2\x9bover', done.stdout)
         self.assertTrue(all(letter.isprintable() for letter in done.stdout.replace("\n", "")))
 

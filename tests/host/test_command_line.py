@@ -7,37 +7,41 @@ from program import EXPECTED, ROOT, ProgramTest
 
 BAD = [
     # arguments, the first line on standard error, the command whose help is named
-    ([], "A command: init, items, write, check, report or schema is required", ""),
-    (["wirte"], "The following argument was not expected: wirte; nearest: write, init, items", ""),
-    (["--wrong"], "The following argument was not expected: --wrong; nearest: --json, --trace, --help", ""),
+    ([], "a command is required: init, items, write, check, report or schema", ""),
+    (["wirte"], "The following argument was not expected: wirte; closest matches: "
+     "write, init, items", ""),
+    (["--wrong"], "The following argument was not expected: --wrong; closest matches: "
+     "--json, --trace, --help", ""),
     (["write"], "RECIPE is required", "write "),
     (["write", "a.toml", "--dryrun"],
-     "The following argument was not expected: --dryrun; nearest: --dry-run, --json, --trace",
-     "write "),
+     "The following argument was not expected: --dryrun; "
+     "closest matches: --dry-run, --json, --trace", "write "),
     (["write", "--dryrun"],
-     "RECIPE is required; --dryrun is no flag; nearest: --dry-run, --json, --trace", "write "),
-    (["write", "a.toml", "--out", ""], "Argument 4 is empty, as an unset variable is", ""),
-    ([""], "Argument 1 is empty, as an unset variable is", ""),
+     "RECIPE is required; unknown option --dryrun; closest matches: --dry-run, --json, --trace",
+     "write "),
+    (["write", "a.toml", "--out", ""], "argument 4 is empty, perhaps from an unset variable", ""),
+    ([""], "argument 1 is empty, perhaps from an unset variable", ""),
     (["itmes", "a.toml"],
-     "The following arguments were not expected: a.toml itmes; nearest: items, init, write", ""),
+     "The following arguments were not expected: a.toml itmes; "
+     "closest matches: items, init, write", ""),
     (["write", "a.toml", "--solver"], "--solver: 1 required S missing", "write "),
     (["write", "a.toml", "--mesh"], "--mesh: 1 required M missing", "write "),
     (["write", "a.toml", "--set"], "--set: 1 required ITEM=CHOICE missing", "write "),
     (["write", "a.toml", "--out"], "--out: 1 required FOLDER missing", "write "),
     (["write", "a.toml", "--matrix"], "The following argument was not expected: --matrix; "
-     "nearest: --strict, --trace, --mesh", "write "),
+     "closest matches: --strict, --trace, --mesh", "write "),
     (["items"], "RECIPE is required", "items "),
     (["items", "a.toml", "b.toml"], "RECIPE: At Most 1 required but received 2", "items "),
     (["items", "a.toml", "--matrix", "--solvers"], "--matrix excludes --solvers", "items "),
     (["items", "a.toml", "--dry-run"], "The following argument was not expected: --dry-run; "
-     "nearest: --json, --trace, --version", "items "),
+     "closest matches: --json, --trace, --version", "items "),
     (["init"], "RUN_FOLDER is required", "init "),
     (["init", "a", "b"], "The following argument was not expected: b", "init "),
     (["init", "a", "\033[2J"], "The following argument was not expected: \\x1b[2J", "init "),
     (["init", "a", "-o"], "--output: 1 required FILE missing", "init "),
     (["check"], "FILE is required", "check "),
     (["check", "a.cmi", "--out", "x"], "The following argument was not expected: --out; "
-     "nearest: --quiet, --help, --json", "check "),
+     "closest matches: --quiet, --help, --json", "check "),
 ]
 
 
@@ -47,7 +51,7 @@ class CommandLine(ProgramTest):
             with self.subTest(arguments):
                 done = self.run_program(*arguments)
                 self.check(done, 2, "", f"zorbi2: {message}\n"
-                           f"zorbi2 {command}--help tells how it is used\n")
+                           f"for usage, run zorbi2 {command}--help\n")
 
     def test_help_goes_to_standard_output_and_has_an_example(self):
         self.assertIn("write", self.commands())
@@ -65,6 +69,11 @@ class CommandLine(ProgramTest):
         text = re.sub("(?<=Excludes: )--[a-z-]+(?: --[a-z-]+)*",
                       lambda flags: " ".join(sorted(flags[0].split())), "\n".join(screens))
         self.assertEqual(text, (EXPECTED / "help.txt").read_text(encoding="utf-8"))
+
+    def test_no_line_of_help_is_too_long_for_a_terminal(self):
+        for command in ([], *([name] for name in self.commands())):
+            for line in self.run_program(*command, "--help").stdout.splitlines():
+                self.assertLessEqual(len(line), 80, line)
 
     def test_the_version_is_the_projects(self):
         version = (ROOT / "VERSION").read_text().strip()

@@ -53,7 +53,7 @@ class Contradictions(ProgramTest):
     def test_home_is_not_expanded_on_the_command_line_either(self):
         self.write(PROJECT + TARGET, "--out=~/out", code=2,
                    stderr='cover.toml: command line: control_file.folder: "~/out" starts with "~", '
-                   "which is not expanded; write the whole path\n")
+                   "which is not expanded; write out the full path\n")
 
     # ---- Numbers ------------------------------------------------------------------------------
 
@@ -69,8 +69,9 @@ class Contradictions(ProgramTest):
 
     def test_items_tells_what_is_required_as_write_does(self):
         self.make_recipe('require = ["flow-stress", "runner"]\n' + PROJECT + TARGET)
-        message = ('cover.toml:1:12: require: flow-stress is not output: the choice is "off"\n'
-                   "cover.toml:1:27: require: runner is not output: results missing: No runners\n")
+        message = ('cover.toml:1:12: require: flow-stress would not be on: the choice is "off"\n'
+                   "cover.toml:1:27: require: runner would not be on: results missing: "
+                   "No runners\n")
         self.check(self.run_program("items", "cover.toml"), 1, None, message)
         self.check(self.run_program("write", "cover.toml"), 1, "", message)
 

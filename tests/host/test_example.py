@@ -26,7 +26,7 @@ class Example(ProgramTest):
 
     def test_the_expected_file_passes_the_check(self):
         done = self.run_program("check", "cover/expected/Cover02.cmi")
-        self.check(done, 0, "cover/expected/Cover02.cmi: no faults\n")
+        self.check(done, 0, "cover/expected/Cover02.cmi: no errors\n")
 
 
 if __name__ == "__main__":

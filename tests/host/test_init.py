@@ -73,11 +73,11 @@ class Init(ProgramTest):
         runs = "Cover, run 2; Cover, run 11; Lid, run 2; Lid, run 3"
         folder = own_path(path)
         self.init(code=2, stderr=f"{folder}: several runs: {runs}; "
-                  "choose one with --name and --run\n")
+                  "choose one with --name, --run or both\n")
         self.init(code=2, options=["--run", "2"], stderr=f"{folder}: several runs: Cover, run 2; "
-                  "Lid, run 2; choose one with --name and --run\n")
+                  "Lid, run 2; choose one with --name, --run or both\n")
         self.init(code=3, options=["--name", "Cover", "--run", "3"],
-                  stderr=f"{folder}: no such run; runs there: {runs}\n")
+                  stderr=f"{folder}: no such run; runs found: {runs}\n")
         self.assertFalse([name for name in self.files() if name.endswith(".toml")])
         for options, name, run in ((["--name", "Lid", "--run", "3"], "Lid", 3),
                                    (["--run", "11"], "Cover", 11)):
@@ -87,7 +87,7 @@ class Init(ProgramTest):
     def test_digits_that_can_be_read_in_two_ways_are_not_guessed_either(self):
         self.make_run("Lid123", folder="job", files=[".k5f", ".k5o"])
         self.init("job", 2, f"{own_path(self.folder / 'job')}: several runs: Lid, run 123; "
-                  "Lid1, run 23; choose one with --name and --run\n")
+                  "Lid1, run 23; choose one with --name, --run or both\n")
         recipe = tomllib.loads(self.init("job", options=["--run", "23"], recipe="Lid123.toml"))
         self.assertEqual(recipe["project"]["name"], "Lid1")
 
@@ -137,7 +137,7 @@ class Init(ProgramTest):
         self.make_run()
         self.make_recipe("mine", "Cover02.toml")
         path = own_path(self.folder / "Cover02.toml")
-        self.init(code=3, stderr=f"{path}: already exists; --force replaces it\n")
+        self.init(code=3, stderr=f"{path}: already exists; use --force to replace it\n")
         self.assertEqual((self.folder / "Cover02.toml").read_text(), "mine")
         self.assertIn("[project]", self.init(options=["--force"]))
 
@@ -154,8 +154,8 @@ class Init(ProgramTest):
         (self.folder / "other" / "notes.txt").write_text("")
         for folder in ("empty", "other"):
             path = own_path(self.folder / folder)
-            self.init(folder, 3, f"{path}: no result file is named after a project and a "
-                      "run, as Cover02.k5o is\n")
+            self.init(folder, 3, f"{path}: no result files found; they have names like "
+                      "Cover02.k5o (project and run number)\n")
         path = own_path(self.folder / "none")
         self.init("none", 3, f"zorbi2: {path}: No such file or directory\n")
         self.assertEqual(self.files(), ["other/notes.txt"])
@@ -187,9 +187,12 @@ class Init(ProgramTest):
     @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
     def test_names_that_a_recipe_cannot_hold_are_refused(self):
         for folder, run, reason in (
-                (b"Geh\xe4use", b"Lid02.k5f", r'"Geh\xe4use" is not UTF-8, as a recipe must be'),
-                (b"fine", b"L\xe4d02.k5f", r'"L\xe4d" is not UTF-8, as a recipe must be'),
-                (b"a\nb", b"Lid02.k5f", r'"a\nb" has control characters, which a recipe cannot hold')):
+                (b"Geh\xe4use", b"Lid02.k5f",
+                 r'"Geh\xe4use" is not valid UTF-8, so a recipe cannot contain it'),
+                (b"fine", b"L\xe4d02.k5f",
+                 r'"L\xe4d" is not valid UTF-8, so a recipe cannot contain it'),
+                (b"a\nb", b"Lid02.k5f",
+                 r'"a\nb" contains control characters, which are not allowed in a recipe')):
             path = os.fsencode(self.folder) + b"/" + folder
             os.mkdir(path)
             with open(path + b"/" + run, "w", encoding="ascii"):
@@ -232,8 +235,8 @@ class Init(ProgramTest):
         for options in ([], ["--force"]):
             done = self.run_program("init", "--all", "root", *options)
             path = own_path(self.folder / "a-b-Lid02.toml")
-            self.check(done, 3, None, f"{path}: already written for another run, so not for "
-                       f"{own_path(self.folder / 'root' / 'a-b')}\n")
+            self.check(done, 3, None, f"{path}: already written for another run, so it was not "
+                       f"written for {own_path(self.folder / 'root' / 'a-b')}\n")
             (self.folder / "a-b-Lid02.toml").unlink()
 
     def test_what_fails_of_all_stops_no_other(self):
@@ -250,8 +253,8 @@ class Init(ProgramTest):
         self.assertEqual(
             [(problem["file"], problem["message"]) for problem in document["problems"]],
             [(own_path(self.folder / "root" / "both"),
-              "several runs: Lid, run 4; Lid, run 5; choose one with --name and --run"),
-             (own_path(self.folder / "Cover02.toml"), "already exists; --force replaces it")])
+              "several runs: Lid, run 4; Lid, run 5; choose one with --name, --run or both"),
+             (own_path(self.folder / "Cover02.toml"), "already exists; use --force to replace it")])
         self.assertEqual((self.folder / "Cover02.toml").read_text(), "mine")
         done = self.run_program("init", "--all", "root", "--run", "4")
         self.assertTrue(done.stdout.endswith("1 written, 0 failed\n"))
@@ -260,7 +263,8 @@ class Init(ProgramTest):
     def test_all_of_nothing_is_an_error(self):
         (self.folder / "root" / "notes").mkdir(parents=True)
         self.check(self.run_program("init", "--all", "root"), 3, "",
-                   f"{own_path(self.folder / 'root')}: no such run lies there or below\n")
+                   f"{own_path(self.folder / 'root')}: no matching run in this folder or below "
+                   "it\n")
         self.check(self.run_program("init", "--all", "root", "-o", "none"), 3, "",
                    f"zorbi2: {own_path(self.folder / 'none')}: No such file or directory\n")
 
@@ -275,8 +279,8 @@ class Init(ProgramTest):
     def test_a_name_with_a_backslash_leads_nowhere(self):
         run = self.make_run(name="..\\..\\evil02", files=[".k5f"])
         self.check(self.run_program("init", "Run02"), 3, "",
-                   f"{own_path(run)}: no result file is named after a project and a run, as "
-                   "Cover02.k5o is\n")
+                   f"{own_path(run)}: no result files found; they have names like "
+                   "Cover02.k5o (project and run number)\n")
         self.make_run(folder="root/a\\b")
         self.check(self.run_program("init", "--all", "root"), 3, "0 written, 1 failed\n",
                    'zorbi2: "root/a\\b" has a backslash, which a recipe takes for a separator\n')
@@ -298,8 +302,8 @@ class Init(ProgramTest):
         os.mkfifo(self.folder / "pipe")
         for force in ([], ["--force"]):
             self.check(self.run_program("init", "Run02", "-o", "pipe", *force), 3, "",
-                       f"{own_path(self.folder / 'pipe')}: cannot be written: a pipe or a device is "
-                       "there, and no file\n")
+                       f"{own_path(self.folder / 'pipe')}: cannot be written: it is a pipe or a "
+                       "device, not a regular file\n")
 
     def test_names_with_odd_characters_are_quoted(self):
         self.make_run(name="Füße's {run} 02", folder="Gehäuse/Run02", files=[".k5f"])

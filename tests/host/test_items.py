@@ -61,7 +61,7 @@ class Items(ProgramTest):
     def test_only_the_solvers_can_do_without_a_recipe(self):
         for options in ([], ["--matrix"]):
             self.check(self.run_program("items", *options), 2, "", "zorbi2: RECIPE is required\n"
-                       "zorbi2 items --help tells how it is used\n")
+                       "for usage, run zorbi2 items --help\n")
 
     def test_the_solvers_of_a_shell_project(self):
         recipe = self.make_recipe(PROJECT + 'analysis = "shell"\n' + TARGET)
@@ -96,7 +96,7 @@ class Items(ProgramTest):
     def test_a_target_that_is_not_offered_has_no_dialog(self):
         recipe = self.make_recipe(PROJECT + TARGET.replace("ANSYS", "Workbench"))
         self.check(self.run_program("items", recipe), 1, "", 'cover.toml:8:8: target.mesh: '
-                   '"original" is not offered for Workbench in this project, only: Mapped\n')
+                   '"original" is not offered for Workbench in this project; offered: Mapped\n')
 
     def test_a_bad_recipe_has_no_dialog(self):
         self.check(self.run_program("items", self.make_recipe(PROJECT)), 2, "",

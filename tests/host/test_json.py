@@ -71,7 +71,8 @@ class JsonDocuments(ProgramTest):
         problems = [{"file": "bad.toml", "line": 10, "column": 10, "severity": "error",
                      "exitCode": 1, "message": "choices.runner: results missing: No runners"},
                     {"file": "bad.toml", "line": 11, "column": 1, "severity": "error", "exitCode": 2,
-                     "message": 'choices: unknown item "foo"; nearest: runner, density, flow-stress'},
+                     "message": 'choices: unknown item "foo"; closest matches: runner, density, '
+                                "flow-stress"},
                     {"file": "none.toml", "line": 0, "column": 0, "severity": "error",
                      "exitCode": 3, "message": "cannot be read: No such file or directory"}]
         self.assertEqual(document["problems"], problems)

@@ -16,6 +16,7 @@ FIRST_LINE = "I2-Output Control Parameter File\n"
 OLD = FIRST_LINE + "old\n"
 LONG_AGO = 1_000_000_000
 ONLY_ROOT = unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "only root gives files away")
+NAMED_LIKE_A_RUN = "is named like a file of a run, so it is not replaced; choose another name"
 NOT_ON_WINDOWS = unittest.skipIf(ON_WINDOWS, "links, modes and pipes are POSIX's")
 
 
@@ -78,18 +79,18 @@ class Replace(ProgramTest):
         for other in ("note\n", "I2-Output Control Parameter File", "x" * 300000,
                       "I2-Output Control Parameter File 2\n"):
             self.file.write_text(other)
-            self.refused("is not a control parameter file; --force replaces it")
+            self.refused("is not a control parameter file; use --force to replace it")
             self.write("--force")
 
     def test_what_the_call_reads_is_never_replaced(self):
-        reads = "is a recipe or a file that a recipe of this call reads, and is not replaced"
+        reads = "is an input of this command (a recipe or a mapped mesh), so it is not replaced"
         self.make_recipe(name="other00.toml")
         recipe = PROJECT.replace("run = 2", "run = 0\nempty_run = true") + TARGET
         recipe += '[control_file]\nname = "other"\nextension = "toml"\n'
         self.make_recipe(recipe)
         self.check(self.run_program("write", "cover.toml"), 3, "",
                    f"cover.toml: {own_path(self.folder / 'other00.toml')}: is not a control "
-                   "parameter file; --force replaces it\n")
+                   "parameter file; use --force to replace it\n")
         done = self.run_program("write", "cover.toml", "other00.toml", "--force")
         self.check(done, 3, None, f"cover.toml: {own_path(self.folder / 'other00.toml')}: {reads}\n")
         (self.folder / "mesh02.cdb").write_text(OLD)
@@ -100,7 +101,7 @@ class Replace(ProgramTest):
     def test_a_file_of_the_run_is_never_replaced(self):
         (self.folder / "Run02" / "Cover02.k5f").write_text("results")
         for ending in ("k5f", "k5p"):  # k5p is empty
-            self.refused("is a file of a run, and is not replaced", "--force",
+            self.refused(NAMED_LIKE_A_RUN, "--force",
                          recipe=f'{PROJECT}{TARGET}[control_file]\nfolder = "Run02"\n'
                                 f'extension = "{ending}"\n',
                          file=self.folder / "Run02" / f"Cover02.{ending}")
@@ -109,7 +110,7 @@ class Replace(ProgramTest):
         other = self.folder / "other"
         other.mkdir()
         (other / "Lid02.k5o").write_text("results")
-        self.refused("is a file of a run, and is not replaced", "--force",
+        self.refused(NAMED_LIKE_A_RUN, "--force",
                      recipe=f'{PROJECT}{TARGET}[control_file]\nfolder = "other"\nname = "Lid"\n'
                             'extension = "k5o"\n', file=other / "Lid02.k5o")
         self.assertEqual((other / "Lid02.k5o").read_text(), "results")
@@ -127,7 +128,7 @@ class Replace(ProgramTest):
     @NOT_ON_WINDOWS
     def test_a_pipe_there_is_refused_even_when_forced(self):
         os.mkfifo(self.file)
-        self.refused("cannot be written: a pipe or a device is there, and no file", "--force",
+        self.refused("cannot be written: it is a pipe or a device, not a regular file", "--force",
                      timeout=20)
 
     def test_no_clobber_keeps_every_existing_file(self):
@@ -157,7 +158,8 @@ class Replace(ProgramTest):
     @NOT_ON_WINDOWS
     def test_a_link_that_leads_nowhere_is_refused(self):
         self.file.symlink_to("nothing")
-        self.refused("cannot be written: a link is there that leads to no file", "--force")
+        self.refused("cannot be written: it is a symbolic link to a file that does not exist",
+                     "--force")
 
     @ONLY_ROOT
     def test_a_link_of_another_user_is_refused(self):
@@ -203,7 +205,7 @@ class Replace(ProgramTest):
     @NOT_ON_WINDOWS
     def test_a_link_to_a_recipe_is_refused(self):
         self.file.symlink_to("cover.toml")
-        self.refused("is a recipe or a file that a recipe of this call reads, and is not replaced",
+        self.refused("is an input of this command (a recipe or a mapped mesh), so it is not replaced",
                      "--force")
 
     @NOT_ON_WINDOWS
@@ -342,8 +344,8 @@ class Replace(ProgramTest):
             results = self.results_of_many("init", "Run02", "-o", file)
             refused = [error for code, _, error in results if code == 3]
             self.assertEqual(sum(code == 0 for code, _, _ in results), 1, results)
-            self.assertEqual(refused, [f"{own_path(self.folder / file)}: already exists; --force "
-                                       "replaces it\n"] * (len(results) - 1))
+            self.assertEqual(refused, [f"{own_path(self.folder / file)}: already exists; use "
+                                       "--force to replace it\n"] * (len(results) - 1))
 
     def test_of_many_writes_at_once_that_keep_files_one_makes_the_file(self):
         self.make_recipe()
@@ -509,15 +511,15 @@ class Replace(ProgramTest):
             path = self.folder / "Run02" / name
             path.unlink(missing_ok=True)
             os.mkfifo(path)
-            told = f"project.folder: {path}: a pipe or a device, and no file\n"
+            told = f"project.folder: {path} is a pipe or a device, not a regular file\n"
             for command in (["write"], ["items"], ["report", "--json"],
                             ["check", FILE, "--against"]):
                 done = self.run_program(*command, "cover.toml", timeout=20)
                 self.check(done, 3, None, "" if "--json" in command else
                            f"cover.toml:4:10: {told}")
             self.check(self.run_program("write", "cover.toml", "--set", "none=on", timeout=20), 3,
-                       "", "cover.toml: --set none=on: unknown item \"none\"; nearest: runner, "
-                       f"density, weld-line\ncover.toml:4:10: {told}")
+                       "", "cover.toml: --set none=on: unknown item \"none\"; closest matches: "
+                       f"runner, density, weld-line\ncover.toml:4:10: {told}")
             self.check(self.run_program("init", "Run02", "-o", "new.toml", timeout=20), 3, "",
                        f"zorbi2: {told}")
             path.unlink()
@@ -538,13 +540,13 @@ class Replace(ProgramTest):
         path = self.folder / "Run02" / "Cover02.cmx"
         path.mkdir()
         self.check(self.run_program("write", "cover.toml"), 3, "", "cover.toml:4:10: "
-                   f"project.folder: {own_path(path)}: a folder, and no file\n")
+                   f"project.folder: {own_path(path)} is a folder, not a regular file\n")
         path.rmdir()
         path.write_bytes(b" " * (1 << 20))
         self.write(word="new")
         path.write_bytes(b" " * ((1 << 20) + 1))
         self.check(self.run_program("write", "cover.toml"), 3, "", "cover.toml:4:10: project.folder: "
-                   f"{own_path(path)}: 1048577 bytes, but such a file has at most 1048576\n")
+                   f"{own_path(path)}: 1048577 bytes, but the limit is 1048576\n")
 
     def test_a_folder_as_result_file_is_what_it_is_for_the_engine(self):
         path = self.folder / "Run02" / "Cover02.k5w"
@@ -573,7 +575,7 @@ class Replace(ProgramTest):
                 word = f"Run02/{name}"
                 done = self.run_program(*command, "-o", word, "--force")
                 shown = own_path(path) if command[0] == "init" else word
-                self.check(done, 3, None, f"{shown}: is a file of a run, and is not replaced\n")
+                self.check(done, 3, None, f"{shown}: {NAMED_LIKE_A_RUN}\n")
             self.assertEqual(path.read_text(encoding="utf-8"), "results")
 
     # ---- What is read and written in one call ---------------------------------------------------
@@ -584,8 +586,8 @@ class Replace(ProgramTest):
             '[control_file]\nname = "r"\nextension = "toml"\n', encoding="utf-8")
         for word in ("Run02/r02.toml", "Run02\\r02.toml", "./Run02/../Run02/r02.toml"):
             done = self.run_program("write", "--force", word)
-            self.check(done, 3, "", f"{word}: {own_path(self.folder / 'Run02' / 'r02.toml')}: is a "
-                       "recipe or a file that a recipe of this call reads, and is not replaced\n")
+            self.check(done, 3, "", f"{word}: {own_path(self.folder / 'Run02' / 'r02.toml')}: is an "
+                       "input of this command (a recipe or a mapped mesh), so it is not replaced\n")
 
     @NOT_ON_WINDOWS
     def test_files_whose_names_are_too_long_are_no_same_file(self):
@@ -621,7 +623,7 @@ class Replace(ProgramTest):
     def test_a_pipe_as_recipe_is_refused(self):
         os.mkfifo(self.folder / "pipe.toml")
         self.check(self.run_program("write", "pipe.toml", timeout=20), 3, "",
-                   "pipe.toml: cannot be read: a pipe or a device, and no file\n")
+                   "pipe.toml: cannot be read: it is a pipe or a device, not a regular file\n")
 
 
 if __name__ == "__main__":

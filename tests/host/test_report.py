@@ -60,7 +60,7 @@ class Report(ProgramTest):
             process.send_signal(signal.SIGCONT)
             stdout, stderr = process.communicate()
         self.assertEqual((process.returncode, stdout, stderr),
-                         (3, "", "page.html: is not a report; --force replaces it\n"))
+                         (3, "", "page.html: is not a report; use --force to replace it\n"))
         self.assertEqual(self.page.read_text(encoding="utf-8"), "mine")
 
     # ---- The data -------------------------------------------------------------------------------
@@ -261,7 +261,7 @@ class Report(ProgramTest):
 
     def test_the_page_tells_where_an_item_is_offered(self):
         self.make_recipe(PROJECT + TARGET.replace("ANSYS", "NE-Nastran"))
-        self.assertIn("<li><strong>Flow induced residual output.</strong>: not here; "
+        self.assertIn("<li><strong>Flow induced residual output.</strong>: "
                       "ANSYS original and mapped; ABAQUS original and mapped; ",
                       self.report("cover.toml"))
 
@@ -294,7 +294,7 @@ class Report(ProgramTest):
 
     def test_a_page_is_needed_unless_data_are(self):
         done = self.run_program("report", "cover.toml")
-        self.check(done, 2, "", "zorbi2: -o FILE is missing: the page to write\n")
+        self.check(done, 2, "", "zorbi2: -o FILE is required unless --json is given\n")
 
     def test_the_result_is_told(self):
         self.make_recipe("[project]\n", "bad.toml")
@@ -307,7 +307,7 @@ class Report(ProgramTest):
         self.assertIn("ABAQUS: original", self.report("cover.toml"))
         self.page.write_text("<!DOCTYPE html>\n<html>mine</html>\n")
         done = self.run_program("report", "cover.toml", "-o", "page.html")
-        self.check(done, 3, "", "page.html: is not a report; --force replaces it\n")
+        self.check(done, 3, "", "page.html: is not a report; use --force to replace it\n")
         self.assertIn("mine", self.page.read_text())
         self.check(self.run_program("report", "cover.toml", "-o", "page.html", "--force"), 0)
         self.assertIn("ABAQUS", self.page.read_text(encoding="utf-8"))
@@ -318,7 +318,7 @@ class Report(ProgramTest):
             before = (self.folder / name).read_bytes()
             done = self.run_program("report", "cover.toml", "Cover02.cmi", "-o", name, "--force")
             self.check(done, 3, "",
-                       f"{name}: is a file that this call reads, and is not replaced\n")
+                       f"{name}: is an input of this command, so it is not replaced\n")
             self.assertEqual((self.folder / name).read_bytes(), before)
 
     def test_a_folder_that_is_not_there(self):

@@ -19,7 +19,7 @@ class RunFolder(ProgramTest):
         self.assertEqual(self.files(), before)
 
     def no_file(self, base, runs):
-        return (f" has no result file of {base}; runs there: {runs}; "
+        return (f" has no result file of {base}; runs found: {runs}; "
                 "set project.empty_run = true if the run is empty on purpose")
 
     def test_a_wrong_number_or_name(self):

@@ -101,7 +101,7 @@ class Schema(ProgramTest):
         self.assertIn("LS-Dyna", target["solver"]["anyOf"][0]["enum"])
         self.assertIn("deformed", target["mesh"]["anyOf"][0]["enum"])
         self.assertEqual(target["annealing"]["description"],
-                         "The deformed mesh is the annealing-deformed one")
+                         "Use the annealing-deformed mesh as the deformed mesh")
 
 
 if __name__ == "__main__":

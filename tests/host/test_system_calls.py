@@ -83,7 +83,7 @@ class SystemCalls(ProgramTest):
     def test_output_of_which_a_part_is_lost_is_an_error(self):
         done = self.traced("--version", options=["-e", "inject=write:error=EIO:when=1"])
         self.assertEqual((done.returncode, done.stderr), (
-            3, "zorbi2: standard output cannot be written: a part of it is lost\n"))
+            3, "zorbi2: cannot write to standard output: some of it was lost\n"))
 
     def injected(self, fault, *command, **others):
         """One fault, in all calls of a kind or in a certain one."""
@@ -165,7 +165,7 @@ class SystemCalls(ProgramTest):
         behind_the_heap = "getrandom:error=ENOSYS:when=2+"
         done = self.injected(behind_the_heap, PROGRAM, "write", "cover.toml")
         self.assertEqual((done.returncode, done.stderr), (
-            3, "zorbi2: the system gives no random numbers: Function not implemented\n"))
+            3, "zorbi2: cannot get random numbers from the system: Function not implemented\n"))
 
     def test_a_closed_stream_whose_number_cannot_be_kept_ends_the_program(self):
         done = self.injected("openat:error=ENOENT", "-P", "/dev/null", PROGRAM, "--version",
@@ -183,7 +183,7 @@ class SystemCalls(ProgramTest):
             done = self.traced("init", "Run02", "-o", "new.toml",
                                options=[*no_rename, "-e", f"inject=linkat:error={error}"])
             self.assertEqual((done.returncode, done.stderr),
-                             (3, f"{self.folder / 'new.toml'}: already exists; --force replaces it\n"))
+                             (3, f"{self.folder / 'new.toml'}: already exists; use --force to replace it\n"))
             self.assertEqual((self.folder / "new.toml").read_text(encoding="utf-8"), "mine")
             self.assertFalse([path for path in self.folder.iterdir()
                               if path.name.startswith("zorbi2-")])

@@ -118,12 +118,12 @@ class Trouble(ProgramTest):
     @NOT_ON_WINDOWS
     def test_a_temporary_folder_that_does_not_exist(self):
         done = self.run_program("write", "cover.toml", environment={"TMPDIR": "/nowhere"})
-        self.check(done, 3, "", "zorbi2: no temporary folder can be made: No such file or directory\n")
+        self.check(done, 3, "", "zorbi2: cannot create a temporary folder: No such file or directory\n")
 
     @unittest.skipIf(ON_WINDOWS or os.geteuid() != 0, "root gives the folder away")
     def test_a_temporary_folder_that_takes_no_folder(self):
         done = self.run_program("write", "cover.toml", environment={"TMPDIR": "/proc/self"})
-        self.assertRegex(done.stderr, "^zorbi2: no temporary folder can be made in /proc/self: "
+        self.assertRegex(done.stderr, "^zorbi2: cannot create a temporary folder in /proc/self: "
                          "[A-Z][a-z ]+\n$")
         self.assertEqual(done.returncode, 3)
 
@@ -142,7 +142,7 @@ class Trouble(ProgramTest):
                           ["items", "cover.toml", "--matrix"], ["check", "Cover02.cmi"]):
             with self.subTest(arguments), open("/dev/full", "w") as full:
                 done = self.run_program(*arguments, stdout=full)
-                self.check(done, 3, None, "zorbi2: standard output cannot be written: "
+                self.check(done, 3, None, "zorbi2: cannot write to standard output: "
                            "No space left on device\n")
 
     @NOT_ON_WINDOWS
@@ -150,7 +150,7 @@ class Trouble(ProgramTest):
         for arguments in (["--help"], ["items", "cover.toml"], ["write", "cover.toml"]):
             with self.subTest(arguments):
                 done = self.run_program(*arguments, preexec_fn=lambda: os.close(1))
-                self.check(done, 3, None, "zorbi2: standard output cannot be written: "
+                self.check(done, 3, None, "zorbi2: cannot write to standard output: "
                            "Bad file descriptor\n")
         text = (self.folder / "Cover02.cmi").read_text()
         self.assertTrue(text.startswith("I2-Output Control Parameter File\n"))
@@ -209,8 +209,8 @@ class Trouble(ProgramTest):
             self.assertEqual(self.on_terminal("write", name, columns=40, stream="stderr", code=3,
                                               environment=environment), expected)
         self.assertEqual(self.on_terminal("wirte", columns=40, stream="stderr", code=2), (
-            "\x1b[31mzorbi2: The following argument was not\n    expected: wirte; nearest: write,"
-            " init,\n    items\x1b[0m\nzorbi2 --help tells how it is used\n"))
+            "\x1b[31mzorbi2: The following argument was not\n    expected: wirte; "
+            "closest matches: write,\n    init, items\x1b[0m\nfor usage, run zorbi2 --help\n"))
 
 
 if __name__ == "__main__":

@@ -7,7 +7,7 @@ from program import ON_WINDOWS, PROJECT, TARGET, ProgramTest, own_path
 
 FILE = "Cover02.cmi"
 NOTHING_ON = "no item is on: nothing is handed over"
-NO_RESULTS = "no results: those of every item are missing"
+NO_RESULTS = "the results of every item are missing"
 
 
 class Warnings(ProgramTest):
@@ -54,8 +54,8 @@ class Warnings(ProgramTest):
             with self.subTest(file):
                 folder = self.make_run(files=[".k5p"])
                 (folder / file).write_text("")
-                self.warned(":4:10", f'project.folder: "{file}" is not found: its name differs in '
-                            f'case from "{wanted}"', PROJECT + TARGET, 1)
+                self.warned(":4:10", f'project.folder: "{file}" is ignored: its name differs only '
+                            f'in case from "{wanted}"', PROJECT + TARGET, 1)
                 (folder / file).unlink()
                 (self.folder / FILE).unlink()
 

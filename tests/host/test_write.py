@@ -213,8 +213,9 @@ class Write(ProgramTest):
             'cover.toml: command line: target.solver: "ANSIS" is not one of: ANSYS, ABAQUS, '
             "MSC-Nastran, NE-Nastran, LS-Dyna, MARC, NX-Nastran, Radioss, Workbench, MSCNASTRAN, "
             "NENASTRAN, LSDYNA, NXNASTRAN\n"
-            'cover.toml: --set foo=1: unknown item "foo"; nearest: runner, density, flow-stress\n'
-            "cover.toml: --set bar: not of the form ITEM=CHOICE\n"))
+            'cover.toml: --set foo=1: unknown item "foo"; closest matches: runner, density, '
+            "flow-stress\n"
+            "cover.toml: --set bar: must have the form ITEM=CHOICE\n"))
 
     def test_choices_of_the_command_line_may_follow_each_other(self):
         expected = self.write("--set", "density=4", "--set", "thermal-stress=on",
@@ -240,7 +241,7 @@ class Write(ProgramTest):
     def test_a_required_item_that_does_not_come_out_leaves_the_old_file(self):
         (self.folder / FILE).write_text(OLD)
         lines = self.write(recipe='require = ["flow-stress"]\n' + PROJECT + TARGET, code=1,
-                           stderr="cover.toml:1:12: require: flow-stress is not output: "
+                           stderr="cover.toml:1:12: require: flow-stress would not be on: "
                            "the choice is \"off\"\n")
         self.assertEqual(lines, OLD.splitlines())
         self.assertEqual([name for name in self.files() if "cmi" in name], [FILE])
@@ -276,8 +277,8 @@ class Write(ProgramTest):
     @unittest.skipUnless(ON_WINDOWS, "only Windows has a code page without some characters")
     def test_characters_outside_the_code_page_are_refused(self):
         self.write(recipe=PROJECT + TARGET + '[output]\nfolder = "D:/漢字"\n', code=3,
-                   stderr='cover.toml: "D:/漢字" has characters that the system\'s code page does not '
-                   "have\n")
+                   stderr='cover.toml: "D:/漢字" contains characters that are not in the '
+                   "system code page\n")
 
     @unittest.skipIf(ON_WINDOWS, "POSIX paths are bytes of any kind")
     def test_characters_of_any_script_are_kept(self):
@@ -325,7 +326,7 @@ class Write(ProgramTest):
     def test_a_dry_run_fails_like_a_real_one(self):
         self.make_recipe('require = ["flow-stress"]\n' + PROJECT + TARGET)
         self.check(self.run_program("write", "--dry-run", "cover.toml"), 1, "",
-                   'cover.toml:1:12: require: flow-stress is not output: the choice is "off"\n')
+                   'cover.toml:1:12: require: flow-stress would not be on: the choice is "off"\n')
 
     def test_quiet_prints_nothing_when_all_is_well(self):
         self.make_recipe()

@@ -82,7 +82,7 @@ test("one recipe: the dialog, the matrix, weld lines, the text and what would ch
   assert.equal(await page.locator(".grid thead .here").innerText(), "D");
   assert.equal(await page.locator(".grid tbody tr").count(), 22);
   assert.match(await page.locator(".elsewhere li", { hasText: "Initial strain" }).innerText(),
-    /not here; ANSYS original and mapped; ABAQUS/);
+    /: ANSYS original and mapped; ABAQUS/);
   assert.match(await page.locator(".weld > svg").getAttribute("aria-label"), /0 to 30 degrees 0.8; 30 to 60 degrees 0.9;/);
   assert.deepEqual(await page.locator(".difference .added").allInnerTexts().then((lines) => lines.slice(0, 2).map((line) => line.trim())),
     ["+IsOriginalMesh = 0 (0:off,1:on)", "+IsDeformedMesh = 1 (0:off,1:on)"]);
@@ -95,7 +95,7 @@ test("one recipe: each line of the control file is explained when it is pointed 
   assert.match(await page.locator(".meaning").innerText(), /^\[MAP DOMAIN\] SegmentX: Segments along X/);
   await page.mouse.move(0, 0); // it would point at what scrolls under it
   await page.locator(".text a", { hasText: "OutFolder" }).focus();
-  assert.match(await page.locator(".meaning").innerText(), /Folder into which the translator puts its files/);
+  assert.match(await page.locator(".meaning").innerText(), /Folder where the translator puts its files/);
   await page.keyboard.press("Tab");
   await page.locator(".meaning", { hasText: "MapFile: " }).waitFor();
   assert.equal(await page.locator(".text li > span").count(), 0, "lines without a meaning");

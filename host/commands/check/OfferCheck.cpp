@@ -100,10 +100,11 @@ private:
 
     void CheckAnnealing() {
         if (IsOn(file_, annealingKey) && !IsAnnealedMesh(file_)) {
-            Warn(annealingKey, Quoted(annealingKey) +
-                                   " has no effect: it is for the deformed mesh of projects of "
-                                   "type " +
-                                   std::to_string(kProjectTypeAnnealing));
+            Warn(annealingKey,
+                 Quoted(annealingKey) +
+                     " has no effect: it applies only to the deformed mesh in projects of "
+                     "type " +
+                     std::to_string(kProjectTypeAnnealing));
         }
     }
 
@@ -114,7 +115,8 @@ private:
             return;
         }
         if (found.empty()) {
-            return Warn("SolverName", "no item has a line, though there are items for " + Offer());
+            return Warn("SolverName",
+                        "no item has a line, although items are offered for " + Offer());
         }
         if (const auto other = kind_.StatusWith(found)) {
             return Warn("SolverName", "the item lines are those of " + TargetInWords(*other) +
@@ -138,7 +140,7 @@ private:
     }
 
     std::string Offer() const {
-        return status_.solver == noSolver ? "no solver"
+        return status_.solver == noSolver ? "a file without a solver"
                                           : TargetInWords(status_) + " in " + KindInWords();
     }
 

@@ -82,14 +82,15 @@ FilePlace Reporter::LookAtPage() const {
     }
     const std::string identity = FileIdentity(file_);
     if (recipesRead_.contains(identity) || controlFilesRead_.contains(identity)) {
-        Fail({name}, "is a file that this call reads, and is not replaced", ExitCode::fileTrouble);
+        Fail({name}, "is an input of this command, so it is not replaced", ExitCode::fileTrouble);
     }
     if (place.isTaken && IsNamedAsOfARun(place.file)) {
-        Fail({name}, "is a file of a run, and is not replaced", ExitCode::fileTrouble);
+        Fail({name}, "is named like a file of a run, so it is not replaced; choose another name",
+             ExitCode::fileTrouble);
     }
     const std::string text = place.isTaken ? StartOf(place.file) : std::string();
     if (!text.empty() && !Page::IsPage(text) && !options_.force) {
-        Fail({name}, "is not a report; --force replaces it", ExitCode::fileTrouble);
+        Fail({name}, "is not a report; use --force to replace it", ExitCode::fileTrouble);
     }
     return place;
 }
@@ -156,7 +157,7 @@ void Reporter::PutInPlace() {
 ExitCode Reporter::Run() {
     Terminal& terminal = host_.terminal;
     if (!options_.page && !terminal.options.json) {
-        Fail({}, "-o FILE is missing: the page to write", ExitCode::badUsage);
+        Fail({}, "-o FILE is required unless --json is given", ExitCode::badUsage);
     }
     ReadRecipes();
     if (options_.page) {
@@ -181,11 +182,12 @@ ExitCode Reporter::Run() {
 RunFunction AddReport(Arguments& arguments) {
     const auto options = std::make_shared<ReportOptions>();
     arguments.Words("FILE", options->files, "Recipes (TOML) or control parameter files");
-    arguments.Value("-o,--output", "FILE", options->page, "Page to write (HTML); JSON needs none");
+    arguments.Value("-o,--output", "FILE", options->page,
+                    "HTML page to write; optional with --json");
     AddOverrides(arguments, options->overrides);
     arguments.Value("--out", "FOLDER", options->overrides.controlFolder,
-                    "Folder of the control files that the recipes would write");
-    arguments.Flag("--force", options->force, "Replace also what is not a report");
+                    "Override the recipe's folder of control files");
+    arguments.Flag("--force", options->force, "Also replace a file that is not a report");
     return [options](Terminal& terminal) { return Reporter(*options, terminal).Run(); };
 }
 

@@ -45,19 +45,21 @@ ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, b
         Fail({}, name + "cannot be written: " + there.reason, ExitCode::fileTrouble);
     }
     if (isRead) {
-        Fail({},
-             name + "is a recipe or a file that a recipe of this call reads, and is not replaced",
-             ExitCode::fileTrouble);
+        Fail(
+            {},
+            name + "is an input of this command (a recipe or a mapped mesh), so it is not replaced",
+            ExitCode::fileTrouble);
     }
     there.text = there.isTaken ? StartOf(there.file) : std::string();
     if (!there.isTaken || IsControlFile(there.text)) {
         return there;
     }
     if (IsOfRun(file, recipe) || IsNamedAsOfARun(there.file)) {
-        Fail({}, name + "is a file of a run, and is not replaced", ExitCode::fileTrouble);
+        Fail({}, name + "is named like a file of a run, so it is not replaced; choose another name",
+             ExitCode::fileTrouble);
     }
     if (!there.text.empty() && !isForced) {  // with an empty file nothing is lost
-        Fail({}, name + "is not a control parameter file; --force replaces it",
+        Fail({}, name + "is not a control parameter file; use --force to replace it",
              ExitCode::fileTrouble);
     }
     return there;

@@ -135,7 +135,7 @@ void RefuseSameFile(std::vector<Job>& jobs) {
             const Job& other = *same[i == 0 ? 1 : 0];
             same[i]->problems.emplace_back(
                 Place{same[i]->recipe.file},
-                Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write it too",
+                Utf8Of(other.controlFile) + ": " + other.recipe.file + " would write this file too",
                 ExitCode::badUsage);
         }
     }

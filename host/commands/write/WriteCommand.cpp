@@ -140,8 +140,8 @@ void Writer::ShowSummary() {
         problems_.emplace_back(
             Place{},
             "interrupted: " + counts +
-                (tried_ < all ? ", " + std::to_string(all - tried_) + " not done, from " +
-                                    options_.recipes[tried_] + " on"
+                (tried_ < all ? ", " + std::to_string(all - tried_) + " not done; continue with " +
+                                    options_.recipes[tried_]
                               : ""),
             ExitCode::fileTrouble);
     } else if (all > 1) {
@@ -166,14 +166,14 @@ RunFunction AddWrite(Arguments& arguments) {
     const auto options = std::make_shared<WriteOptions>();
     arguments.Words("RECIPE", options->recipes, "Recipes (TOML)");
     AddOverrides(arguments, options->overrides);
-    arguments.Value("--out", "FOLDER", options->overrides.controlFolder, "Folder for the files");
+    arguments.Value("--out", "FOLDER", options->overrides.controlFolder,
+                    "Folder for the files, overriding the recipe's");
     arguments.Flag("--dry-run", options->dryRun, "Print the files instead of writing them");
-    arguments.Flag("--diff", options->diff, "Print what would change instead of writing it",
+    arguments.Flag("--diff", options->diff, "Print what would change; write nothing", "--dry-run");
+    arguments.Flag("--check", options->check, "Write nothing; exit 1 if anything would change",
                    "--dry-run");
-    arguments.Flag("--check", options->check, "Write nothing, exit 1 when anything would change",
-                   "--dry-run");
-    arguments.Flag("--no-clobber", options->keep, "Keep every existing file");
-    arguments.Flag("--force", options->force, "Replace also what is not a control parameter file",
+    arguments.Flag("--no-clobber", options->keep, "Do not replace existing files");
+    arguments.Flag("--force", options->force, "Also replace files that are not control files",
                    "--no-clobber");
     return [options](Terminal& terminal) { return Writer(*options, terminal).Run(); };
 }
