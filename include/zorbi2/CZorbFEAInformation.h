@@ -25,7 +25,7 @@ public:
     /// Not a static member: under C++11 that would need a definition in the library.
     enum : std::size_t { kFlagCount = 20 };
 
-    std::string projectName;       ///< base name of the run's files, without run number
+    std::string projectName;       ///< base name of the run's files, without the run number
     std::int32_t runNumber = 0;    ///< run whose results are handed over
     std::string projectFolder;     ///< folder of the run's files; last component normally "RunNN"
     std::string text3;             ///< carried

@@ -16,7 +16,7 @@ public:
     std::int32_t FileVersion = 0;               ///< kControlFileVersion
     std::int32_t SolverType = 0;                ///< kind of molding analysis, of the project record
     std::int32_t ProjectType = 0;               ///< of the project record
-    std::int32_t QuadraticElement = 0;          ///< elements of the second order
+    std::int32_t QuadraticElement = 0;          ///< second-order elements
     std::int32_t IDCompositeModel = 0;          ///< option of kItemMicroMechanics
     std::string OutFolder;                      ///< where the translator puts its files
     std::int32_t IsOriginalMesh = 0;            ///< mesh kind is kMeshOriginal
@@ -27,7 +27,7 @@ public:
     std::int32_t IsDistributeModel = 0;         ///< option 6 of kItemFiberOrientation
     std::int32_t OutputFlags[kItemCount] = {};  ///< by item id; that of
                                                 ///< kItemMicroMechanics is never used
-    std::int32_t IsDoDensityReduction = 0;      ///< kItemDensity has a level that reduces
+    std::int32_t IsDoDensityReduction = 0;      ///< kItemDensity is at a level that reduces density
     std::int32_t SegmentX = 0;                  ///< mapping-domain divisions
     std::int32_t SegmentY = 0;                  ///< likewise
     std::int32_t SegmentZ = 0;                  ///< likewise

@@ -1,5 +1,5 @@
 // The state of one open project: the host's record, the solver slots, the items, the user's
-// choices and the settings. Created by the manager, which is the only way for a host to change it.
+// choices and the settings. Created by the manager; hosts change it only through the manager.
 #pragma once
 
 #include <cstdint>

@@ -41,7 +41,7 @@ class CZorbI2WeldlineDataStatus;
 ///     manager.SetOutFolder(folder);
 ///     manager.SetMappedMeshFilePath(mesh);
 ///     manager.SetCMIFileFullPath(folder, name, run, "cmi");
-///     // 3. The status; which items are offered then, counted and read until the answer is false.
+///     // 3. The status; the items then offered, counted, and read until a call returns false.
 ///     manager.SetEngineCurrentStatus(kSolverAnsys, kMeshDeformed, 0, 0);
 ///     manager.SetPopItems();
 ///     manager.HasPopItem();
@@ -57,7 +57,7 @@ class CZorbI2WeldlineDataStatus;
 /// Steps 3 and 4 may be repeated for other solvers and mesh kinds.
 ///
 /// A project record whose flag 1 is not exactly 1 gives a bare engine. It takes the settings of
-/// step 2 and answers GetProjectResults, GetItem and Has...Item; WriteCMIFile writes nothing.
+/// step 2 and supports GetProjectResults, GetItem and Has...Item; WriteCMIFile writes nothing.
 /// All other operations below step 2 require an engine that is not bare.
 ///
 /// Calling an operation before the Create operations that it requires breaks the contract: debug
@@ -66,24 +66,24 @@ class CZorbI2WeldlineDataStatus;
 /// Text is bytes in the system code page. Objects are not synchronized: use a manager and all it
 /// owns from one thread at a time. Operations throw only std::bad_alloc and what they name below.
 ///
-/// Strings, maps and vectors cross the boundary by value, so host and library must be built with
-/// the same compiler family, the same runtime and the same standard library settings.
+/// Strings, maps and vectors cross the boundary by value, so the host and the library must be
+/// built with the same compiler family, the same runtime and the same standard library settings.
 class ZORBI2_ENGINE_API CZorbI2EngineManager {
 public:
-    /// Starts without engine, data block and writer.
+    /// Starts with no engine, data block or writer.
     CZorbI2EngineManager();
 
-    /// Destroys engine, data block and writer, in this order.
+    /// Destroys the engine, the data block and the writer, in that order.
     ~CZorbI2EngineManager();
 
     CZorbI2EngineManager(const CZorbI2EngineManager&) = delete;
 
     /// Copies the three pointers and nothing else: deliberate.
-    /// Afterwards both managers point at the same objects, and the host must destroy only one of
+    /// Afterward both managers point at the same objects, and the host must destroy only one of
     /// the two. Objects that this manager held before are not freed.
     CZorbI2EngineManager& operator=(const CZorbI2EngineManager&);
 
-    /// Does nothing: objects are released by the destructor only.
+    /// Does nothing: only the destructor frees the objects.
     /// Returns: true.
     bool Close();
 
@@ -120,7 +120,7 @@ public:
 
     // ---- Project settings ---------------------------------------------------------------------
 
-    /// Sets the output folder that the file names for the translator ("OutFolder").
+    /// Sets the output folder ("OutFolder"), where the translator puts its files.
     /// Requires: CreateEngine.
     /// Parameters: `folder` is stored as it is.
     void SetOutFolder(std::string folder);
@@ -133,18 +133,18 @@ public:
     /// Sets where WriteCMIFile writes: folder, backslash unless the folder ends in one, name, run
     /// number, dot, extension. `C:\Work`, Part, 2 and cmi give `C:\Work\Part02.cmi`.
     /// Requires: CreateEngine, CreateCMIAccess.
-    /// Parameters: `folder` not empty; `run` below 10 is written with a 0 before it, any other as
+    /// Parameters: `folder` not empty; `run` below 10 is written with a leading 0, any other as
     ///     it is; `extension` without dot.
     /// Throws: std::out_of_range("invalid string position") for an empty folder; the path stays.
     void SetCMIFileFullPath(std::string folder, std::string name, int run, std::string extension);
 
-    /// Switches the mapping of a model edited in the viewer ("IsViewEditModelMapping").
+    /// Turns the mapping of a model edited in the viewer on or off ("IsViewEditModelMapping").
     /// Requires: CreateEngine. Until set, kViewEditAtStart of the project record decides.
     void SetViewEdit(bool on);
 
     /// Sets the weld-line angle for Digimat, 135.0 until set.
     /// Requires: CreateEngine.
-    /// Parameters: `angle` in degrees; any value is taken.
+    /// Parameters: `angle` in degrees; any value is accepted.
     void SetDigimatWeldlineData(double angle);
 
     // ---- Solver status and offered items ------------------------------------------------------
@@ -155,7 +155,7 @@ public:
     /// Parameters: `solver` one of kSolver...; `meshKind` one of kMesh...; `quadraticElement` 0
     ///     off, else on; `annealingMode` kAnnealingDeformedMesh: the deformed mesh is the
     ///     annealing-deformed one. A solver without a slot keeps no status of its own; a value
-    ///     that is no solver also leaves the previous solver's choices current.
+    ///     that is not a solver also leaves the previous solver's choices current.
     void SetEngineCurrentStatus(int solver, int meshKind, int quadraticElement, int annealingMode);
 
     /// Reads the status last set for a solver, current or not; zeros until then.
@@ -209,13 +209,13 @@ public:
     /// Returns: true; false for a null `item`, a negative id, one above kItemCount or an item for
     ///     which there was no memory. Both records stay untouched then.
     /// Throws: std::out_of_range("invalid vector<T> subscript") for kItemCount itself: deliberate.
-    ///     As long as no solver was ever set, only id 0 throws, and all others are answered false.
+    ///     As long as no solver was ever set, only id 0 throws, and all others return false.
     bool GetPartPopItemByID(int itemId, CZorbI2Item* item, CZorbI2ItemStatus* status);
 
-    /// As GetPartPopItem, for part inserts.
+    /// Like GetPartPopItem, but for part inserts.
     bool GetPartInsertPopItem(int position, CZorbI2Item* item, CZorbI2ItemStatus* status);
 
-    /// As GetPartPopItem, for the moldbase.
+    /// Like GetPartPopItem, but for the moldbase.
     bool GetMoldBasePopItem(int position, CZorbI2Item* item, CZorbI2ItemStatus* status);
 
     // ---- Items and results --------------------------------------------------------------------
@@ -223,7 +223,7 @@ public:
     /// Reads one item of the catalogue.
     /// Requires: CreateEngine.
     /// Parameters: `category` one of kCategory...; `itemId` one of kItem...; `item` is filled.
-    /// Returns: true; false for a null `item`, an id outside the range or another category than
+    /// Returns: true; false for a null `item`, an id outside the range or a category other than
     ///     the item's. `*item` stays untouched then.
     bool GetItem(int category, int itemId, CZorbI2Item* item);
 
@@ -248,8 +248,8 @@ public:
     /// Requires: SetEngineCurrentStatus.
     void SetItemsValue();
 
-    /// Checks the files for the results of an item as they are now. The items themselves keep what
-    /// was found when the engine was created.
+    /// Checks again whether the results of an item exist, by the files as they are now. The items
+    /// themselves keep what was found when the engine was created.
     /// Requires: CreateEngine.
     /// Parameters: `itemId` one of kItem....
     /// Returns: kResultAvailable when they exist; otherwise a code for what is missing.
@@ -266,9 +266,9 @@ public:
     /// file only through SetWeldlineDataValue.
     /// Requires: CreateEngine.
     /// Parameters: `solver` one of kSolver...; `angles` in degrees and `rates` as fractions, at
-    ///     least three of each, further ones ignored.
+    ///     least three of each; any more are ignored.
     /// Returns: true.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for a value that is no
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a value that is not a
     ///     solver and for a list that is too short; values stored before the fault stay stored.
     bool SetWeldlineDataStatus(int solver, std::vector<double> angles, std::vector<double> rates);
 
@@ -276,14 +276,14 @@ public:
     /// Until the first call, that is 30, 60, 90 degrees and 0.8, 0.9, 0.95.
     /// Requires: SetEngineCurrentStatus.
     /// Throws: std::out_of_range("invalid vector<T> subscript") when the current solver is
-    ///     not a solver; the working data stays.
+    ///     none of kSolver...; the working data stays as it is.
     void SetWeldlineDataValue();
 
     /// Reads the weld-line record of a solver.
     /// Requires: CreateEngine.
     /// Parameters: `solver` one of kSolver...; `status` is filled and must not be null.
     /// Returns: true.
-    /// Throws: std::out_of_range("invalid vector<T> subscript") for a value that is no solver.
+    /// Throws: std::out_of_range("invalid vector<T> subscript") for a value that is not a solver.
     bool GetWeldlinePopData(int solver, CZorbI2WeldlineDataStatus* status);
 
     // ---- The control parameter file -----------------------------------------------------------
@@ -292,7 +292,7 @@ public:
     /// earlier one. Refills the data block: values set in it by hand are lost.
     /// Requires: all three Create operations, SetCMIFileFullPath, SetEngineCurrentStatus.
     /// Parameters: the integer is ignored.
-    /// Returns: true, even when the file could not be opened or written. A host that must know
+    /// Returns: true, even when the file could not be opened or written. A host that needs to know
     ///     reads the file back.
     /// Throws: std::out_of_range("invalid vector<T> subscript") when the working weld-line data has
     ///     fewer than three angles or rates; no file is touched then.

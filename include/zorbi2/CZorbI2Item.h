@@ -31,7 +31,7 @@ public:
     ItemCategory category = 0;    ///< model section, one of kCategory...
     std::int32_t itemId = 0;      ///< one of kItem...
     bool isAvailable = false;     ///< the results existed when the engine was created
-    std::int32_t checkState = 0;  ///< -1 chosen by option; otherwise 0 off, 1 on
+    std::int32_t checkState = 0;  ///< -1: set by option; otherwise 0 off, 1 on
     /// Option key to label, ascending. -2: results missing (the label says why); -1: no options;
     /// 0 and above: real choices. Never empty for an item of the engine.
     std::map<std::int32_t, std::string> options;

@@ -12,6 +12,6 @@ public:
     /// never filled.
     CZorbI2Item* item = nullptr;
     std::int32_t itemId = 0;       ///< id of that item
-    std::int32_t checkState = 0;   ///< -1: chosen by option; otherwise 0 off, 1 on
+    std::int32_t checkState = 0;   ///< -1: set by option; otherwise 0 off, 1 on
     std::int32_t optionValue = 0;  ///< chosen key; -2: results missing, -1: no options
 };

@@ -15,7 +15,7 @@
 /// FileVersion of every file.
 constexpr std::int32_t kControlFileVersion = 9064;
 
-/// What the file calls a solver. Differs from the display name.
+/// What the file calls a solver. Not always the display name.
 struct SolverKeyword {
     SolverIndex solver;   ///< one of kSolver...
     const char* keyword;  ///< such as "MSCNASTRAN"
@@ -54,8 +54,8 @@ enum class ControlFileValue {
     decimal,       ///< "%.3f": three decimals and a decimal point
 };
 
-/// One line of the file. Its text is what the engine prints, without the line end, and with one of
-/// printf's conversions where the value goes.
+/// One line of the file. Its text is what the engine prints, without the line ending, and with a
+/// printf conversion where the value goes.
 struct ControlFileLine {
     typedef CZorbI2CMIData Data;  ///< whose fields lines print
 
@@ -210,8 +210,8 @@ inline const ControlFileLine* ControlFileLineOfItem(std::int32_t itemId) {
 /// The range that a line prints after its number, such as "(1~100)" or "(0:off,1:on)". The engine
 /// does not check values against it.
 struct ControlFileRange {
-    std::int32_t lowest;   ///< first number in the brackets
-    std::int32_t highest;  ///< last number in the brackets
+    std::int32_t lowest;   ///< first number in the parentheses
+    std::int32_t highest;  ///< last number in the parentheses
 };
 
 /// Whether the line prints a whole number with its range, which is then stored in `*range`.

@@ -32,7 +32,7 @@ public:
     std::int32_t projectType;                       ///< of the project record
     std::int32_t solverType;                        ///< of the project record
     std::uint8_t voxelFlag;                         ///< low byte of the record's flag; 1 means set
-    /// List sizes as of the last HasPopItem: they bound the reads by position until the next one.
+    /// List sizes as of the last HasPopItem; they limit reads by position until its next call.
     std::int32_t partCount = 0;
     std::int32_t partInsertCount = 0;              ///< likewise
     std::int32_t moldbaseCount = 0;                ///< likewise

@@ -13,7 +13,7 @@
 /// Owned by the engine, one per offered solver. A host reads it to fill its solver choice.
 class SolverSlot {
 public:
-    /// Makes a slot with the status that no host has set yet.
+    /// Makes a slot whose status no host has set yet.
     SolverSlot(SolverIndex index, std::string displayName, std::vector<std::string> meshes,
                std::vector<std::string> elements)
         : solverIndex(index),

@@ -1,13 +1,13 @@
 // The integer vocabulary of the engine: solvers, items, mesh kinds, result codes.
-// All are plain 32-bit integers, because hosts pass values outside the named ones and the engine
-// has an answer for each of those too.
+// All are plain 32-bit integers, because hosts also pass values other than the named ones, and the
+// engine handles each of those too.
 #pragma once
 
 #include <cstdint>
 
 // ---- Solvers ------------------------------------------------------------------------------------
 
-/// Structural solver. A value without a name (a negative one included) is no solver.
+/// Structural solver. A value without a name (a negative one included) is not a solver.
 typedef std::int32_t SolverIndex;
 
 constexpr SolverIndex kSolverAnsys = 0;       ///< ANSYS
@@ -23,9 +23,9 @@ constexpr SolverIndex kSolverWorkbench = 8;   ///< ANSYS Workbench
 constexpr std::int32_t kSolverCount = kSolverWorkbench + 1;
 
 // Mesh kinds of SetEngineCurrentStatus.
-constexpr std::int32_t kMeshOriginal = 0;  ///< the mesh of the simulation
-constexpr std::int32_t kMeshDeformed = 1;  ///< that mesh after deformation
-constexpr std::int32_t kMeshMapped = 2;    ///< a mesh of its own, onto which results are mapped
+constexpr std::int32_t kMeshOriginal = 0;        ///< the mesh of the simulation
+constexpr std::int32_t kMeshDeformed = 1;        ///< that mesh after deformation
+constexpr std::int32_t kMeshMapped = 2;          ///< a separate mesh, onto which results are mapped
 constexpr std::int32_t kMesh3DMappingShell = 3;  ///< a shell mesh that takes solid results
 
 /// Annealing mode of SetEngineCurrentStatus in which the deformed mesh is the annealed one.
@@ -79,7 +79,7 @@ constexpr ItemCategory kCategoryMoldbase = 2;    ///< the mold itself
 constexpr std::int32_t kOptionResultsMissing = -2;  ///< its label is the reason
 constexpr std::int32_t kOptionNone = -1;            ///< the item is a switch
 
-/// Check state of an item that is chosen by an option and not by a check mark.
+/// Check state of an item that is set by an option and not by a check box.
 constexpr std::int32_t kNotACheckItem = -1;
 
 /// Digimat weld-line angle, in degrees, until the host sets another.
@@ -96,8 +96,8 @@ constexpr ResultCode kResultNoFiberResultsNorO2w = 0;    ///< neither fiber resu
 constexpr ResultCode kResultNoFiberResults = -1;         ///< the project has no fiber results
 constexpr ResultCode kResultNoO2w = -2;                  ///< no usable fiber orientation file
 constexpr ResultCode kResultNoRunners = -3;              ///< the project has no runners
-constexpr ResultCode kResultOstraMeshAndNoK5w = -4;      ///< answered by no check
-constexpr ResultCode kResultOstraMesh = -5;              ///< answered by no check
+constexpr ResultCode kResultOstraMeshAndNoK5w = -4;      ///< returned by no check
+constexpr ResultCode kResultOstraMesh = -5;              ///< returned by no check
 constexpr ResultCode kResultNoK5w = -6;                  ///< no thermal stress
 constexpr ResultCode kResultNoRsf = -7;                  ///< no flow-induced stress
 constexpr ResultCode kResultNoK5f = -8;                  ///< no filling result, or no shell strain
@@ -110,13 +110,13 @@ constexpr ResultCode kResultNoMoldbase = -15;            ///< the project has no
 constexpr ResultCode kResultNoMoldbaseNorK5f = -16;      ///< no ".k5f", with or without moldbase
 constexpr ResultCode kResultNoMoldbaseNorK5c = -17;      ///< neither moldbase nor ".k5c"
 constexpr ResultCode kResultNoK5c = -18;                 ///< no cooling result
-constexpr ResultCode kResultNoInsertFiberResults = -19;  ///< none of a previous shot
+constexpr ResultCode kResultNoInsertFiberResults = -19;  ///< no fiber results from a previous shot
 constexpr ResultCode kResultNoDigimatInformation = -23;  ///< only the shell's fiber orientation
 constexpr ResultCode kResultNoMeetingAngle = -24;        ///< no weld-line meeting angles
 constexpr ResultCode kResultNeitherRsfNorK5w = -25;      ///< no residual stress; without a text
 constexpr ResultCode kResultNeitherK5pNorK5c = -26;      ///< no temperature; without a text
 constexpr ResultCode kResultNoK5s = -27;                 ///< no annealing stress; without a text
-/// Has the text of kResultNoFiberResults; answered by no check.
+/// Has the text of kResultNoFiberResults; returned by no check.
 constexpr ResultCode kResultNoFiberResultsEither = 15;
 /// The lowest code. Every code from here to kResultAvailable has a row in the table of messages.
 constexpr ResultCode kResultLowest = kResultNoK5s;
