@@ -81,6 +81,8 @@ std::size_t FilesLeft(rlim_t limit, std::size_t enough) {
 }  // namespace
 
 std::size_t RaiseOpenFileLimit(std::size_t wanted) {
+    // The most that are open at once beside the engine's: a file with its folder, a folder that is
+    // read, libraries that the C library loads when it needs them, and some to spare.
     constexpr std::size_t filesAtWork = 13;
     struct rlimit limit {};
     getrlimit(RLIMIT_NOFILE, &limit);

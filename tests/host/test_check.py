@@ -159,6 +159,16 @@ class Check(ProgramTest):
                    f'bad.cmi:{self.line(last)}: "IsAnnealingstressOutput" has a line, but the item '
                    'is never offered in a solid project of type 0\n')
 
+    def test_an_item_that_only_annealing_offers_is_a_warning(self):
+        last = "IsDoDensityReduction"
+        name = self.damage((last, f"IsAnnealingstressOutput =\t0   (0:off,1:on)\n{last}"),
+                           ("ProjectType = 0", "ProjectType = 3"))
+        done = self.run_program("check", name)
+        self.check(done, 0, "bad.cmi: no errors, 1 warning\n",
+                   f'bad.cmi:{self.line(last)}: warning: "IsAnnealingstressOutput" has a line, but '
+                   'the item is not offered for ANSYS with mesh kind "original" in a solid project '
+                   'of type 3\n')
+
     def test_a_file_from_standard_input(self):
         text = (self.folder / GOOD).read_bytes()
         done = self.run_program("check", "-", input=text)

@@ -296,6 +296,16 @@ class Init(ProgramTest):
         self.check(done, 3, "0 written, 1 failed\n", None)
         self.assertTrue(done.stderr.endswith(": Permission denied\n"), done.stderr)
 
+    @unittest.skipIf(ON_WINDOWS, "modes are POSIX's")
+    def test_a_folder_that_cannot_be_listed_is_an_error(self):
+        run = self.make_run(folder="root/Run02")
+        run.chmod(0o711)
+        self.as_another_user()
+        reason = f"zorbi2: {own_path(run)}: Permission denied\n"
+        self.check(self.run_program("init", run, **self.as_nobody()), 3, "", reason)
+        self.check(self.run_program("init", "--all", "root", **self.as_nobody()), 3,
+                   "0 written, 1 failed\n", reason)
+
     @unittest.skipIf(ON_WINDOWS, "pipes are POSIX's")
     def test_what_is_no_file_is_not_told_to_exist_already(self):
         self.make_run()

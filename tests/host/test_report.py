@@ -331,6 +331,12 @@ class Report(ProgramTest):
                                 "--set", "density=3", "--json")
         self.assertEqual(json.loads(done.stdout)["entries"][0]["solver"], "MARC")
 
+    def test_a_failed_recipe_does_not_count_as_one_with_a_warning(self):
+        self.make_recipe(PROJECT + TARGET + "[output]\nfolder = 'none'\n"
+                         "[choices]\nrunner = \"on\"\n")
+        summary = self.data("cover.toml", code=1)["summary"]
+        self.assertEqual((summary["failed"], summary["warned"]), (1, 0))
+
     def test_strict_makes_failures_of_warnings(self):
         self.make_recipe(PROJECT + TARGET + "[output]\nfolder = 'none'\n")
         self.assertEqual(self.data("cover.toml")["summary"]["warned"], 1)
