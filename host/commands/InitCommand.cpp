@@ -185,7 +185,7 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
              ExitCode::fileTrouble);
     }
     const std::string reason = mayReplace ? ReplaceFile(place, text) : MakeFile(place, text);
-    if (!reason.empty() && !mayReplace && IsTaken(place, reason)) {
+    if (!reason.empty() && !mayReplace && (place.isTaken || CameMeanwhile(reason))) {
         Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
     }
     if (!reason.empty()) {

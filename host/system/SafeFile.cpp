@@ -88,25 +88,26 @@ std::string Follow(fs::path& file) {
     return std::strerror(ELOOP);
 }
 
+const std::string anotherCame = "another file has come there meanwhile";
+
 /// Returns why it could not.
-std::string Put(const FilePlace& place, const std::string& bytes, bool mayReplace) {
+std::string Put(const FilePlace& place, const std::string& bytes, const Replaceable& replaceable) {
     if (!place.reason.empty()) {
         return place.reason;
     }
-    bool isInPlace = false;
-    const std::error_code error =
-        PutFile(place.file, TemporaryName(), bytes, mayReplace, isInPlace);
-    if (error && isInPlace) {
+    PutState state{};
+    const std::error_code error = PutFile(place.file, TemporaryName(), bytes, replaceable, state);
+    if (error && state == PutState::isInPlace) {
         return "the new file is in its place, but its folder does not reach the disk: " +
                ReasonOf(error);
     }
-    return error ? ReasonOf(error) : std::string();
+    return state == PutState::isAnother ? anotherCame : error ? ReasonOf(error) : std::string();
 }
 
 }  // namespace
 
 FilePlace LookAtPlace(const fs::path& file) {
-    FilePlace place{file, false, {}};
+    FilePlace place{file, false, {}, {}};
     place.reason = Follow(place.file);
     if (!place.reason.empty()) {
         return place;
@@ -125,16 +126,26 @@ FilePlace LookAtPlace(const fs::path& file) {
     return place;
 }
 
+std::string StartOf(FilePlace& place) {
+    std::string start;
+    place.read.emplace();
+    if (const std::error_code error = ReadStart(place.file, largestFile, start, &*place.read)) {
+        Fail({}, Utf8Of(place.file) + ": cannot be read: " + ReasonOf(error),
+             ExitCode::fileTrouble);
+    }
+    return start;
+}
+
 std::string ReplaceFile(const FilePlace& place, const std::string& bytes) {
-    return Put(place, bytes, true);
+    return Put(place, bytes, {place.isTaken && !place.read, place.read});
 }
 
 std::string MakeFile(const FilePlace& place, const std::string& bytes) {
-    return Put(place, bytes, false);
+    return Put(place, bytes, {});
 }
 
-bool IsTaken(const FilePlace& place, const std::string& reason) {
-    return place.isTaken || reason == std::strerror(EEXIST);
+bool CameMeanwhile(const std::string& reason) {
+    return reason == anotherCame;
 }
 
 std::string TemporaryName() {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "problems/Problem.h"
+#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -13,19 +15,25 @@ struct FilePlace {
     std::filesystem::path file;  ///< that a link there leads to, which is the user's own
     bool isTaken = false;        ///< by a regular file
     std::string reason;          ///< why no file can be written there; empty when one can
+    std::optional<FileId> read;  ///< the file there whose text was looked at
 };
 
 FilePlace LookAtPlace(const std::filesystem::path& file);
 
-/// Replaces the file at a place that was looked at in one step, or makes it anew. A link that has
-/// come there meanwhile is replaced, and not followed. Returns why it could not; the old file is
-/// whole then, unless the reason says that the new one is there, and nothing is left behind.
+/// The start of the file at a place, which is all of what zorbi2 writes. From then on no other file
+/// is replaced there. Throws a Failure when it cannot be read.
+std::string StartOf(FilePlace& place);
+
+/// Replaces the file at a place that was looked at in one step, or makes it anew. No link that has
+/// come there meanwhile is followed. Returns why it could not; the old file is whole then, unless
+/// the reason says that the new one is there, and nothing is left behind.
 std::string ReplaceFile(const FilePlace& place, const std::string& bytes);
 
 /// The same where no file is. One that comes meanwhile stays.
 std::string MakeFile(const FilePlace& place, const std::string& bytes);
-/// Whether that is why it could not be made.
-bool IsTaken(const FilePlace& place, const std::string& reason);
+
+/// Whether another file that came there meanwhile is why it could not.
+bool CameMeanwhile(const std::string& reason);
 
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();

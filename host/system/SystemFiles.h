@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -42,10 +43,18 @@ std::error_code CheckWritable(const std::filesystem::path& path);
 std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view start,
                            std::vector<std::string>& names);
 
+/// A file by the numbers that the system gives it; the same for all on Windows.
+struct FileId {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+
+    bool operator==(const FileId&) const = default;
+};
+
 /// Reads a file in blocks of 4 KiB until that is enough or it ends; a signal that the host waits
 /// for ends it too. Waits for no writer of a pipe.
-std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough,
-                          std::string& bytes);
+std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough, std::string& bytes,
+                          FileId* id = nullptr);
 
 /// Whether any user may rename what others have in a folder: all may write, and it has no sticky
 /// bit. On Windows, no.
@@ -64,13 +73,23 @@ std::error_code MakePrivateFolder(const std::filesystem::path& folder);
 /// Removes the files in the current folder as far as it can, without memory of its own.
 void RemoveFilesHere();
 
+/// What a file may replace.
+struct Replaceable {
+    bool any = false;            ///< whatever has its name, but for a folder
+    std::optional<FileId> only;  ///< otherwise this file, or nothing
+};
+
+enum class PutState {
+    hasFailed,
+    isInPlace,  ///< with an error too, when it is the folder that does not reach the disk
+    isAnother,  ///< something else has come to the place
+};
+
 /// Puts bytes in the place of a file, in one step, with its mode, its list of access rules and,
-/// where the right exists, its owner and group (on Windows with the rights of its folder); or, when
-/// none may be replaced, only where none is. The bytes are on the disk when it returns. They come
-/// by way of a file with a temporary name in the same folder, which is made anew and gone in the
-/// end. No link is followed. `isInPlace` tells whether the bytes are there: with an error too, when
-/// it is the folder that does not reach the disk.
+/// where the right exists, its owner and group (on Windows with the rights of its folder). The
+/// bytes are on the disk when it returns. They come by way of a file with a temporary name in the
+/// same folder, which is made anew and gone in the end. No link is followed.
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, bool mayReplace, bool& isInPlace);
+                        const std::string& bytes, const Replaceable& replaceable, PutState& state);
 
 }  // namespace host

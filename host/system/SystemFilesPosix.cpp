@@ -64,6 +64,10 @@ bool Synchronize(int file) {
     return result == 0;
 }
 
+FileId IdOf(const struct stat& status) {
+    return {status.st_dev, status.st_ino};
+}
+
 /// A file that is to be replaced.
 struct Replaced {
     struct stat status {};
@@ -209,11 +213,15 @@ std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view
     return LastError();  // readdir leaves errno as it is at the end
 }
 
-std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough,
-                          std::string& bytes) {
+std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough, std::string& bytes,
+                          FileId* id) {
     const Descriptor opened(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    if (opened.number < 0) {
+    struct stat status {};
+    if (opened.number < 0 || (id != nullptr && fstat(opened.number, &status) != 0)) {
         return LastError();
+    }
+    if (id != nullptr) {
+        *id = IdOf(status);
     }
     std::array<char, 4096> block{};
     while (bytes.size() < enough) {
@@ -266,8 +274,8 @@ void RemoveFilesHere() {
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, bool mayReplace, bool& isInPlace) {
-    isInPlace = false;
+                        const std::string& bytes, const Replaceable& replaceable, PutState& state) {
+    state = PutState::hasFailed;
     const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.number < 0) {
         return LastError();
@@ -276,16 +284,23 @@ std::error_code PutFile(const std::filesystem::path& file, const std::string& te
     Replaced old;
     const bool isThere =
         fstatat(folder.number, name.c_str(), &old.status, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isThere && !replaceable.any && replaceable.only != IdOf(old.status)) {
+        state = PutState::isAnother;
+        return std::make_error_code(std::errc::file_exists);
+    }
     if (isThere) {
         ReadRules(file, old);
     }
-    isInPlace = Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
-                Rename(folder.number, temporaryName.c_str(), name.c_str(), mayReplace);
-    if (!isInPlace) {
+    const bool isMoved =
+        Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
+        Rename(folder.number, temporaryName.c_str(), name.c_str(), isThere);
+    if (!isMoved) {
         const std::error_code reason = LastError();
+        state = errno == EEXIST ? PutState::isAnother : state;
         unlinkat(folder.number, temporaryName.c_str(), 0);
         return reason;
     }
+    state = PutState::isInPlace;
     // Not every file system can bring a folder to the disk.
     return Synchronize(folder.number) || errno == EINVAL ? std::error_code() : LastError();
 }

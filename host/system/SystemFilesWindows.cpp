@@ -124,8 +124,8 @@ std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view
     return GetLastError() == ERROR_NO_MORE_FILES ? std::error_code() : LastError();
 }
 
-std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough,
-                          std::string& bytes) {
+std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough, std::string& bytes,
+                          FileId* /*id*/) {
     std::ifstream stream(file, std::ios::binary);
     std::array<char, 4096> block{};
     while (bytes.size() < enough &&
@@ -163,14 +163,17 @@ void RemoveFilesHere() {
 }
 
 std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, bool mayReplace, bool& isInPlace) {
+                        const std::string& bytes, const Replaceable& replaceable, PutState& state) {
     const std::filesystem::path temporary = file.parent_path() / temporaryName;
     std::error_code reason = Fill(temporary, bytes);
+    const bool mayReplace = replaceable.any || replaceable.only;
     const DWORD how = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0);
     if (!reason && MoveFileExW(temporary.c_str(), file.c_str(), how) == 0) {
         reason = LastError();
     }
-    isInPlace = !reason;
+    state = !reason                            ? PutState::isInPlace
+            : reason == std::errc::file_exists ? PutState::isAnother
+                                               : PutState::hasFailed;
     if (reason) {
         DeleteFileW(temporary.c_str());
     }

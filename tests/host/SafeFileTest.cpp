@@ -75,6 +75,30 @@ TEST(SafeFile, DoesNotFollowALinkThatComesAfterTheLook) {
     EXPECT_FALSE(fs::is_symlink(folder.Path() / "old"));
 }
 
+TEST(SafeFile, ReplacesOnlyWhatWasRead) {
+    const support::TemporaryFolder folder;
+    folder.MakeFile("old", "old");
+    folder.MakeFile("note", "note");
+    host::FilePlace place = host::LookAtPlace(folder.Path() / "old");
+    EXPECT_EQ(host::StartOf(place), "old");
+    fs::rename(folder.Path() / "note", folder.Path() / "old");
+    const std::string reason = host::ReplaceFile(place, "new");
+    EXPECT_TRUE(host::CameMeanwhile(reason)) << reason;
+    EXPECT_EQ(folder.BytesOf("old"), "note");
+}
+
+TEST(SafeFile, ReplacesNothingWhereNothingWas) {
+    const support::TemporaryFolder folder;
+    const host::FilePlace place = host::LookAtPlace(folder.Path() / "new");
+    folder.MakeFile("new", "note");
+    EXPECT_TRUE(host::CameMeanwhile(host::ReplaceFile(place, "new")));
+    EXPECT_TRUE(host::CameMeanwhile(host::MakeFile(place, "new")));
+    EXPECT_EQ(folder.BytesOf("new"), "note");
+    fs::remove(folder.Path() / "new");
+    EXPECT_EQ(host::MakeFile(place, "new"), "");
+    EXPECT_EQ(folder.BytesOf("new"), "new");
+}
+
 TEST(SafeFile, IsRefusedWhereLinksLeadInACircle) {
     const support::TemporaryFolder folder;
     fs::create_symlink("second", folder.Path() / "first");

@@ -88,7 +88,7 @@ FilePlace Reporter::LookAtPage() const {
         Fail({name}, "is named like a file of a run, so it is not replaced; choose another name",
              ExitCode::fileTrouble);
     }
-    const std::string text = place.isTaken ? StartOf(place.file) : std::string();
+    const std::string text = place.isTaken ? StartOf(place) : std::string();
     if (!text.empty() && !Page::IsPage(text) && !options_.force) {
         Fail({name}, "is not a report; use --force to replace it", ExitCode::fileTrouble);
     }

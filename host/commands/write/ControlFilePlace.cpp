@@ -5,7 +5,6 @@
 #include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
-#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -23,14 +22,6 @@ bool IsOfRun(const fs::path& file, const Recipe& recipe) {
 }
 
 }  // namespace
-
-std::string StartOf(const fs::path& file) {
-    std::string start;
-    if (const std::error_code error = ReadStart(file, largestFile, start)) {
-        Fail({}, Utf8Of(file) + ": cannot be read: " + ReasonOf(error), ExitCode::fileTrouble);
-    }
-    return start;
-}
 
 bool IsControlFile(const std::string& text) {
     const std::string first = kControlFileLines[0].text;
@@ -50,7 +41,7 @@ ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, b
             name + "is an input of this command (a recipe or a mapped mesh), so it is not replaced",
             ExitCode::fileTrouble);
     }
-    there.text = there.isTaken ? StartOf(there.file) : std::string();
+    there.text = there.isTaken ? StartOf(there) : std::string();
     if (!there.isTaken || IsControlFile(there.text)) {
         return there;
     }

@@ -20,9 +20,6 @@ struct ControlFilePlace : FilePlace {
     std::string text;  ///< of the file that is there
 };
 
-/// The start of a file, which is all of a control file. Throws a Failure when it cannot be read.
-std::string StartOf(const std::filesystem::path& file);
-
 /// Whether a text starts as control files do.
 bool IsControlFile(const std::string& text);
 

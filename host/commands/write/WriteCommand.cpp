@@ -45,7 +45,7 @@ public:
 
 private:
     void WriteControlFile(Job& job);
-    void PutInPlace(Job& job, const FilePlace& place);
+    bool PutInPlace(Job& job, const FilePlace& place, bool mayTryAgain);
     void WriteJobs();
     void Show(const Job& job);
     void ShowSummary();
@@ -62,32 +62,38 @@ private:
     Json list_ = Json::array();
 };
 
-/// Puts the text in its place, unless a file that is to be kept has come there meanwhile.
-void Writer::PutInPlace(Job& job, const FilePlace& place) {
+/// Puts the text in its place, unless a file has come there meanwhile, which is to be kept. Returns
+/// false when that file must be looked at first.
+bool Writer::PutInPlace(Job& job, const FilePlace& place, bool mayTryAgain) {
     const fs::path folder = place.file.parent_path();
     if (cleanFolders_.insert(folder).second) {
         RemoveLeftOvers(folder, fs::file_type::regular);
     }
     const std::string reason =
         options_.keep ? MakeFile(place, job.text) : ReplaceFile(place, job.text);
-    if (!reason.empty() && options_.keep && IsTaken(place, reason)) {
+    if (CameMeanwhile(reason) && options_.keep) {
         job.change = Change::isKept;
+    } else if (CameMeanwhile(reason) && mayTryAgain) {
+        return false;
     } else if (!reason.empty()) {
         FailToWrite(job, reason);
     }
+    return true;
 }
 
 void Writer::WriteControlFile(Job& job) {
     MakeText(job, host_.terminal.options);
-    const ControlFilePlace there =
-        LookAtControlFile(job.controlFile, job.recipe, filesRead_.contains(job.controlFileIdentity),
-                          options_.force || options_.keep);
-    CompareWithPlace(job, there, options_.keep, options_.diff);
-    if (IsInterrupted()) {
-        return;  // a signal may have ended a call of the engine
-    }
-    if (job.WouldChange() && !options_.WritesNothing()) {
-        PutInPlace(job, there);
+    bool isDone = false;
+    for (int triesLeft = 10; !isDone; --triesLeft) {  // others may write the same file
+        const ControlFilePlace there = LookAtControlFile(
+            job.controlFile, job.recipe, filesRead_.contains(job.controlFileIdentity),
+            options_.force || options_.keep);
+        CompareWithPlace(job, there, options_.keep, options_.diff);
+        if (IsInterrupted()) {
+            return;  // a signal may have ended a call of the engine
+        }
+        isDone =
+            !job.WouldChange() || options_.WritesNothing() || PutInPlace(job, there, triesLeft > 0);
     }
     job.isFinished = true;
 }
