@@ -75,7 +75,7 @@ class SystemCalls(ProgramTest):
                          and not re.match(r"write\([12],", text)]
                 # The engine's own write comes first, in the scratch folder.
                 steps = [re.match(r"\w+", text)[0] for text in steps[-4:]]
-                moved = "renameat" if command[0] == "write" else "renameat2"
+                moved = "renameat" if command[0] == "write" and old else "renameat2"
                 self.assertEqual(steps, ["write", "fsync", moved, "fsync"])
                 self.assertRegex(self.calls.read_text(), rf'{moved}\(.*"{re.escape(name)}"')
                 self.remove_made()
