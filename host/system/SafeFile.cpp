@@ -88,7 +88,7 @@ std::string Follow(fs::path& file) {
     return std::strerror(ELOOP);
 }
 
-const std::string anotherCame = "another file has come there meanwhile";
+constexpr const char* anotherCame = "another file has come there meanwhile";
 
 /// Returns why it could not.
 std::string Put(const FilePlace& place, const std::string& bytes, const Replaceable& replaceable) {
