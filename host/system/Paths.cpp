@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 #include "system/HostPlatform.h"
 #include "system/SystemFiles.h"
@@ -76,6 +77,10 @@ std::string ReadFile(const fs::path& file, const Place& place) {
 }
 
 std::string ReadStandardInput(const Place& place) {
+    static bool isRead = false;
+    if (std::exchange(isRead, true)) {
+        Fail(place, "standard input can be read only once", ExitCode::badUsage);
+    }
     std::string bytes(largestFile + 1, '\0');
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stdin));  // std::cin hides errors
     if (std::ferror(stdin) != 0 || bytes.size() > largestFile) {

@@ -176,6 +176,12 @@ class Check(ProgramTest):
         done = self.run_program("check", "-", input=text.replace(b"[HEADER]", b"[HEADER"))
         self.check(done, 1, "", '-:3: expected "[HEADER]", found "[HEADER"\n')
 
+    def test_standard_input_is_read_once(self):
+        text = (self.folder / GOOD).read_bytes()
+        done = self.run_program("check", "-", "-", input=text)
+        self.check(done, 2, "-: no errors\n1 of 2 files without errors\n",
+                   "-: standard input can be read only once\n")
+
     def test_standard_input_that_has_no_end(self):
         done = self.run_program("check", "-", input=b"\n" * 300_000)
         self.check(done, 3, "", "-: cannot be read: File too large\n")
