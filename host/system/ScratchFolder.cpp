@@ -20,49 +20,63 @@ bool IsOwnAndEmpty(const fs::path& folder) {
     return IsOwn(folder) && !AddNamesIn(folder, "", names) && names.empty();
 }
 
+/// The user's. Throws a Failure for one that the engine cannot be given.
+fs::path CurrentFolder() {
+    std::error_code error;
+    const fs::path folder = fs::current_path(error);
+    if (error) {
+        Fail({}, "the current folder cannot be used: " + ReasonOf(error), ExitCode::fileTrouble);
+    }
+    if (folder != PathOfAny(Utf8Of(folder))) {
+        Fail({},
+             "the current folder cannot be used: a backslash in its name would be taken for a "
+             "separator",
+             ExitCode::fileTrouble);
+    }
+    return folder;
+}
+
 const ScratchFolder* current = nullptr;
 
 }  // namespace
 
 ScratchFolder::ScratchFolder() {
     KeepSignals();
+    start_ = CurrentFolder();
     std::error_code error;
-    start_ = fs::current_path(error);
-    if (error) {
-        Fail({}, "the current folder cannot be used: " + ReasonOf(error), ExitCode::fileTrouble);
-    }
-    if (start_ != PathOfAny(Utf8Of(start_))) {
-        Fail({},
-             "the current folder cannot be used: a backslash in its name would be taken for a "
-             "separator",
-             ExitCode::fileTrouble);
-    }
     const fs::path temporary = fs::temp_directory_path(error);
     const fs::path parent = start_ / temporary;
-    // Where all may rename, a folder can be another one by the time that it is used.
-    const bool mayBeAnother = !error && MayAllRename(parent);
     if (!error) {
-        if (!mayBeAnother) {
-            RemoveLeftOvers(parent, fs::file_type::directory);
-        }
-        path_ = parent / TemporaryName();
-        error = MakePrivateFolder(path_);
-    }
-    if (!error) {
-        fs::current_path(path_, error);
-    }
-    if (!error && mayBeAnother && !IsOwnAndEmpty(".")) {
-        fs::current_path(start_, error);
-        Fail({}, "another folder has taken the place of " + Utf8Of(path_), ExitCode::fileTrouble);
+        error = EnterNewFolderIn(parent);
     }
     if (error) {
-        std::error_code ignored;
-        fs::remove(path_, ignored);
         const std::string where = temporary.empty() ? "" : " in " + Utf8Of(parent);
         Fail({}, "cannot create a temporary folder" + where + ": " + ReasonOf(error),
              ExitCode::fileTrouble);
     }
     current = this;
+}
+
+std::error_code ScratchFolder::EnterNewFolderIn(const fs::path& parent) {
+    // Where all may rename, a folder can be another one by the time that it is used.
+    const bool mayBeAnother = MayAllRename(parent);
+    if (!mayBeAnother) {
+        RemoveLeftOvers(parent, fs::file_type::directory);
+    }
+    path_ = parent / TemporaryName();
+    std::error_code error = MakePrivateFolder(path_);
+    if (error) {
+        return error;
+    }
+    fs::current_path(path_, error);
+    std::error_code ignored;
+    if (!error && mayBeAnother && !IsOwnAndEmpty(".")) {
+        fs::current_path(start_, ignored);
+        error = std::make_error_code(std::errc::operation_not_permitted);
+    } else if (error) {
+        fs::remove(path_, ignored);
+    }
+    return error;
 }
 
 ScratchFolder::~ScratchFolder() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <system_error>
 
 namespace host {
 
@@ -25,6 +26,7 @@ public:
     static void RemoveCurrent();
 
 private:
+    std::error_code EnterNewFolderIn(const std::filesystem::path& parent);
     void Remove() const;
 
     std::filesystem::path start_;
