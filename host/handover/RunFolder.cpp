@@ -219,8 +219,7 @@ void CheckShotFileWasRead(const Recipe& recipe, int number) {
 
 void WarnOfClosedRuns(const Recipe& recipe, Problems& problems) {
     const std::string start = "Run";
-    const fs::path folder = PathOf(recipe.project.projectFolder);
-    const fs::path root = folder.parent_path();
+    const fs::path root = PathOf(recipe.project.projectFolder).parent_path();
     std::error_code error;
     std::vector<std::string> runs;
     if (fs::exists(ShotFileOf(recipe.project), error)) {
@@ -230,7 +229,7 @@ void WarnOfClosedRuns(const Recipe& recipe, Problems& problems) {
         const fs::path file =
             root / PathOf(run) /
             PathOf(recipe.project.projectName + run.substr(start.size()) + ".k5o");
-        if (file.parent_path() != folder && !fs::status_known(fs::status(file, error))) {
+        if (!fs::status_known(fs::status(file, error))) {
             problems.push_back(Warning(recipe.PlaceOf("project.folder"),
                                        Utf8Of(file) + ": " + ReasonOf(error) +
                                            "; if it is of an earlier shot, it counts as missing",

@@ -9,6 +9,7 @@ import re
 import shutil
 import signal
 import subprocess
+import time
 import unittest
 
 from program import (EXAMPLE, EXPECTED, ON_WINDOWS, PROGRAM, PROJECT, ROOT, TARGET, ProgramTest,
@@ -50,11 +51,12 @@ class Report(ProgramTest):
         self.run_program("write", "cover.toml")
         scratch = self.folder / "scratch"
         scratch.mkdir()
-        with subprocess.Popen([PROGRAM, "report", *["Cover02.cmi"] * 500, "-o", "page.html"],
+        with subprocess.Popen([PROGRAM, "report", *["Cover02.cmi"] * 2000, "-o", "page.html"],
                               cwd=self.folder, env={**os.environ, "TMPDIR": str(scratch)},
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as process:
-            while not os.listdir(scratch):  # it is at its beginning
+            while not os.listdir(scratch):
                 self.assertIsNone(process.poll())
+            time.sleep(0.15)  # it has looked at the place, and reads the files now
             process.send_signal(signal.SIGSTOP)
             self.page.write_text("mine", encoding="utf-8")
             process.send_signal(signal.SIGCONT)
