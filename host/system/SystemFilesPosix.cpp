@@ -202,15 +202,20 @@ std::error_code CheckWritable(const std::filesystem::path& path) {
 std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view start,
                            std::vector<std::string>& names) {
     const OpenFolder entries(opendir(folder.c_str()), closedir);
-    errno = entries ? 0 : errno;
-    const dirent* entry = nullptr;
-    while (entries && (entry = readdir(entries.get())) != nullptr) {
+    if (!entries) {
+        return LastError();
+    }
+    const auto next = [&entries] {
+        errno = 0;  // readdir leaves it so at the end
+        return readdir(entries.get());
+    };
+    while (const dirent* const entry = next()) {
         const std::string_view name = entry->d_name;
         if (name.starts_with(start) && name != "." && name != "..") {
             names.emplace_back(name);
         }
     }
-    return LastError();  // readdir leaves errno as it is at the end
+    return LastError();
 }
 
 std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough, std::string& bytes,
