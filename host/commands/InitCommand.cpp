@@ -105,7 +105,7 @@ std::string TomlText(const std::string& text) {
              ExitCode::fileTrouble);
     }
     if (text.find('\\') != std::string::npos) {
-        Fail({}, Quoted(text) + " has a backslash, which a recipe takes for a separator",
+        Fail({}, Quoted(text) + " contains a backslash, which a recipe would take for a separator",
              ExitCode::fileTrouble);
     }
     try {

@@ -213,7 +213,7 @@ void CheckShotFileWasRead(const Recipe& recipe, int number) {
     std::error_code error;
     if (fs::exists(file, error) && !IsReadToItsEnd(number, file)) {
         Fail(recipe.PlaceOf("project.folder"),
-             Utf8Of(file) + ": the engine could not read it to its end", ExitCode::fileTrouble);
+             Utf8Of(file) + ": the engine could not read all of it", ExitCode::fileTrouble);
     }
 }
 
@@ -230,10 +230,11 @@ void WarnOfClosedRuns(const Recipe& recipe, Problems& problems) {
             root / PathOf(run) /
             PathOf(recipe.project.projectName + run.substr(start.size()) + ".k5o");
         if (!fs::status_known(fs::status(file, error))) {
-            problems.push_back(Warning(recipe.PlaceOf("project.folder"),
-                                       Utf8Of(file) + ": " + ReasonOf(error) +
-                                           "; if it is of an earlier shot, it counts as missing",
-                                       ExitCode::fileTrouble));
+            problems.push_back(
+                Warning(recipe.PlaceOf("project.folder"),
+                        Utf8Of(file) + ": " + ReasonOf(error) +
+                            "; if it belongs to an earlier shot, it counts as missing",
+                        ExitCode::fileTrouble));
         }
     }
 }

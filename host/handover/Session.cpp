@@ -40,7 +40,7 @@ void Session::CheckMissingResults() {
             manager_.GetProjectResults(item->itemId) == kResultAvailable) {
             Fail(recipe_.PlaceOf("project.folder"),
                  NameOf(item->itemId, shortNames) +
-                     ": results that are there were not found at first",
+                     ": its results exist but were not found at first",
                  ExitCode::fileTrouble);
         }
     }

@@ -51,7 +51,7 @@ std::string ReasonAgainstFolder(const fs::path& folder) {
         return std::strerror(ENOTDIR);
     }
     if (fs::equivalent(folder, ".", error)) {
-        return "the folder is zorbi2's own, and removed in the end";
+        return "the folder is zorbi2's temporary one, which is removed at the end";
     }
     error = CheckWritable(folder);
     return error ? ReasonOf(error) : std::string();
@@ -81,14 +81,14 @@ std::string Follow(fs::path& file) {
             return leadsNowhere ? "it is a symbolic link to a file that does not exist" : "";
         }
         if (!link.isTrusted) {
-            return "a link of another user is there";
+            return "it is a symbolic link of another user";
         }
         file = file.parent_path() / link.target;
     }
     return std::strerror(ELOOP);
 }
 
-constexpr const char* anotherCame = "another file has come there meanwhile";
+constexpr const char* anotherCame = "another file has appeared there in the meantime";
 
 /// Returns why it could not.
 std::string Put(const FilePlace& place, const std::string& bytes, const Replaceable& replaceable) {
@@ -98,7 +98,7 @@ std::string Put(const FilePlace& place, const std::string& bytes, const Replacea
     PutState state{};
     const std::error_code error = PutFile(place.file, TemporaryName(), bytes, replaceable, state);
     if (error && state == PutState::isInPlace) {
-        return "the new file is in its place, but its folder does not reach the disk: " +
+        return "the new file is in place, but its folder could not be flushed to disk: " +
                ReasonOf(error);
     }
     return state == PutState::isAnother ? anotherCame : error ? ReasonOf(error) : std::string();

@@ -283,7 +283,7 @@ class Init(ProgramTest):
                    "Cover02.k5o (project and run number)\n")
         self.make_run(folder="root/a\\b")
         self.check(self.run_program("init", "--all", "root"), 3, "0 written, 1 failed\n",
-                   'zorbi2: "root/a\\b" has a backslash, which a recipe takes for a separator\n')
+                   'zorbi2: "root/a\\b" contains a backslash, which a recipe would take for a separator\n')
 
     @unittest.skipIf(ON_WINDOWS, "modes are POSIX's")
     def test_results_that_cannot_be_reached_are_not_missing(self):

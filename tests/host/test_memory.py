@@ -16,7 +16,7 @@ BEYOND = 1000000  # more allocations than a run makes
 FILE = "Cover02.cmi"
 PAGE = "page.html"
 REASON = ("(out of memory|.*Cannot allocate memory|the engine wrote nothing|"
-          ".*Cover02.cmx: the engine could not read it to its end)")
+          ".*Cover02.cmx: the engine could not read all of it)")
 
 
 @unittest.skipUnless(LIBRARY and not ON_WINDOWS, "needs a library that the loader puts in front")

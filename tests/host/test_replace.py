@@ -170,7 +170,7 @@ class Replace(ProgramTest):
                 (self.folder / name).unlink(missing_ok=True)
                 (self.folder / name).symlink_to("note")
                 os.lchown(self.folder / name, 65534, 65534)
-            reason = "cannot be written: a link of another user is there"
+            reason = "cannot be written: it is a symbolic link of another user"
             self.refused(reason)
             self.refused(reason, "--force")
             self.check(self.run_program("init", "Run02", "-o", "new.toml", "--force"), 3, "",
@@ -192,7 +192,7 @@ class Replace(ProgramTest):
     def test_the_folder_that_is_removed_in_the_end_takes_no_file(self):
         done = self.run_program("write", "cover.toml", "--out", "/proc/self/cwd")
         self.check(done, 3, "", f"cover.toml: /proc/self/cwd/{FILE}: cannot be written: the folder "
-                   "is zorbi2's own, and removed in the end\n")
+                   "is zorbi2's temporary one, which is removed at the end\n")
 
     @NOT_ON_WINDOWS
     def test_up_from_a_link_is_up_from_where_it_leads_to(self):

@@ -78,7 +78,7 @@ class RunFolder(ProgramTest):
         (run / "Cover02.cmx").write_text("<SOLID_MCM>\n</SOLID_MCM>\n")
         done = self.run_program("write", "cover.toml", **self.as_nobody())
         warning = (f"cover.toml:4:10: warning: project.folder: {path / 'Cover01.k5o'}: Permission "
-                   "denied; if it is of an earlier shot, it counts as missing\n")
+                   "denied; if it belongs to an earlier shot, it counts as missing\n")
         self.check(done, 0, stderr=warning)
         done = self.run_program("write", "cover.toml", "--strict", **self.as_nobody())
         self.check(done, 3, "", warning.replace("warning: ", ""))

@@ -125,10 +125,10 @@ class SystemCalls(ProgramTest):
             done = self.injected(fault, "-P", str(shot), PROGRAM, "write", "cover.toml")
             self.assertEqual(done.returncode, 3)
             self.assertTrue(done.stderr.endswith(
-                f"{shot}: the engine could not read it to its end\n"), done.stderr)
+                f"{shot}: the engine could not read all of it\n"), done.stderr)
 
     def test_a_folder_that_does_not_reach_the_disk_is_an_error(self):
-        reason = ("the new file is in its place, but its folder does not reach the disk: "
+        reason = ("the new file is in place, but its folder could not be flushed to disk: "
                   "Input/output error\n")
         for command, name in ((["write", "cover.toml"], FILE),
                               (["write", "cover.toml", "--no-clobber"], FILE),
