@@ -23,7 +23,7 @@ bool IsOwnAndEmpty(const fs::path& folder) {
 /// The user's. Throws a Failure for one that the engine cannot be given.
 fs::path CurrentFolder() {
     std::error_code error;
-    const fs::path folder = fs::current_path(error);
+    fs::path folder = fs::current_path(error);
     if (error) {
         Fail({}, "the current folder cannot be used: " + ReasonOf(error), ExitCode::fileTrouble);
     }
