@@ -52,7 +52,7 @@ void CheckFilesOfRun(const Recipe& recipe);
 void CheckShotFileWasRead(const Recipe& recipe, int number);
 
 /// Warns of runs beside the recipe's that cannot be looked into, if it has a shot file: the engine
-/// would take results of an earlier shot there for missing.
+/// would take results of an earlier shot there for missing. Reads the folder of all runs.
 void WarnOfClosedRuns(const Recipe& recipe, Problems& problems);
 
 /// Warns of files that are not found, because their names differ in case from those of the run.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include <zorbi2/CZorbFEAInformation.h>
 #include <zorbi2/CZorbI2Engine.h>
 #include <zorbi2/CZorbI2WeldlineDataStatus.h>
 #include <zorbi2/ZorbI2Types.h>
@@ -133,7 +134,10 @@ Problems Session::ApplyRecipe() {
     CheckRequired(problems);
     if (!HasErrors(problems)) {
         WarnOfNothing(problems);
-        WarnOfClosedRuns(recipe_, problems);
+        if (recipe_.project.flags[CZorbFEAInformation::kHasInsertedPart] != 0 &&
+            !Engine().items[kItemInsertFiberMaterial]->isAvailable) {
+            WarnOfClosedRuns(recipe_, problems);
+        }
         WarnOfCase(recipe_, problems);
     }
     SortByLine(problems);

@@ -72,7 +72,7 @@ class RunFolder(ProgramTest):
         self.as_another_user()
         path = self.make_run("Cover01", "Run01")
         run = self.make_run()
-        self.make_recipe(PROJECT + TARGET)
+        self.make_recipe(PROJECT + "inserted_part = true\n" + TARGET)
         path.chmod(0)
         self.check(self.run_program("write", "cover.toml", **self.as_nobody()), 0)
         (run / "Cover02.cmx").write_text("<SOLID_MCM>\n</SOLID_MCM>\n")
@@ -82,8 +82,9 @@ class RunFolder(ProgramTest):
         self.check(done, 0, stderr=warning)
         done = self.run_program("write", "cover.toml", "--strict", **self.as_nobody())
         self.check(done, 3, "", warning.replace("warning: ", ""))
-        path.chmod(0o755)
+        self.make_recipe(PROJECT + TARGET)
         self.check(self.run_program("write", "cover.toml", **self.as_nobody()), 0)
+        path.chmod(0o755)
 
 
 if __name__ == "__main__":
