@@ -1,6 +1,5 @@
 // The command "schema": what a recipe looks like, as a JSON schema for editors.
 #include <cctype>
-#include <cstdint>
 
 #include "commands/Commands.h"
 #include "commands/RecipeCommand.h"
@@ -21,16 +20,14 @@ Json NameSchema(const Vocabulary& words) {
 }
 
 Json NumberSchema(const KeyForm& form) {
-    Json schema = {{"type", form.type}, {"minimum", 0}};
-    schema["maximum"] = static_cast<std::int64_t>(form.highest);
-    return schema;
+    return {{"type", form.type}, {"minimum", 0}, {"maximum", form.highest}};
 }
 
 Json ValueSchema(const KeyForm& form, const Names& names) {
     if (form.words != nullptr) {
         return NameSchema(form.words(names));
     }
-    Json schema = form.highest > 0.0 ? NumberSchema(form) : Json{{"type", form.type}};
+    Json schema = form.highest > 0 ? NumberSchema(form) : Json{{"type", form.type}};
     if (form.count > 1) {
         schema = {{"type", "array"},
                   {"items", schema},
@@ -77,7 +74,7 @@ Json RecipeSchema(const Names& names) {
                    {"type", "object"},
                    {"additionalProperties", false},
                    {"properties", {{"require", RequireSchema()}}}};
-    for (const KeyDescription& key : RecipeKeys()) {
+    for (const RecipeKey& key : RecipeKeys()) {
         const std::size_t point = key.name.find('.');
         const auto section = schema["properties"]
                                  .emplace(std::string(key.name.substr(0, point)), SectionSchema())

@@ -1,28 +1,34 @@
-// The keys of a recipe as a list, for what describes recipes and does not read them.
+// The keys of a recipe: what each is called, what its value looks like, and where it goes.
 #pragma once
 
+#include <cstdint>
+#include <span>
 #include <string_view>
-#include <vector>
 
 #include "recipes/Names.h"
 
 namespace host {
 
+struct Recipe;
+class RecipeValue;
+
 /// What the value of a key looks like.
 struct KeyForm {
-    std::string_view type;  ///< of JSON, or "name": a text or number out of `words`
-    double highest = 0.0;   ///< of numbers, which start at 0
-    int count = 1;          ///< of values; more than one is a list
+    std::string_view type = {};      ///< of JSON, or "name": a text or number out of `words`
+    std::string_view quantity = {};  ///< what a number is: "a fraction"
+    std::int64_t highest = 0;        ///< of numbers, which start at 0
+    std::size_t count = 1;           ///< of values; more than one is a list
     Vocabulary (*words)(const Names& names) = nullptr;
 };
 
-struct KeyDescription {
+struct RecipeKey {
     std::string_view name;  ///< with its section: "target.solver"
     bool isNeeded;          ///< otherwise it has a default
     KeyForm form;
     std::string_view description;
+    void (*read)(Recipe& recipe, const RecipeValue& value);
 };
 
-std::vector<KeyDescription> RecipeKeys();
+std::span<const RecipeKey> RecipeKeys();
 
 }  // namespace host

@@ -1,6 +1,7 @@
 """Manual, man pages and program say the same."""
 
 import itertools
+import json
 import re
 import shutil
 import subprocess
@@ -79,22 +80,62 @@ class Manual(ProgramTest):
                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
             self.assertEqual((done.returncode, done.stdout), (0, ""))
 
-    def test_the_manual_lists_the_keys_of_a_new_recipe(self):
-        self.make_run()
-        self.run_program("init", "Run02")
-        text = (self.folder / "Cover02.toml").read_text(encoding="utf-8")
-        text = re.sub(r"^# (?=angles|reduction_rates|digimat_angle)", "", text, flags=re.M)
-        recipe = tomllib.loads(text)
-        keys = {("", "require")} | {(section, key) for section, table in recipe.items()
-                                    if isinstance(table, dict) for key in table}
-        listed, section = set(), ""
+    def rows_of_keys(self):
+        """What the manual's table says of each key: what its value is, and its default."""
+        rows, section = {}, ""
         table = self.manual[self.manual.index("| key | value | default |"):]
         for row in table[:table.index("\n\n")].splitlines():
             if heading := re.match(r"\| \*\*`\[(\w+)\]`\*\*", row):
                 section = heading[1]
-            elif key := re.match(r"\| `(\w+)` \|", row):
-                listed.add((section, key[1]))
-        self.assertEqual(listed, keys)
+            elif key := re.match(r"\| `(\w+)` \| (.+) \| (.+) \|$", row):
+                rows[section, key[1]] = key[2], key[3]
+        return rows
+
+    def new_recipe(self, files=None):
+        """Of "init", with the lines that it gives as comments."""
+        self.make_run(files=files)
+        self.run_program("init", "Run02")
+        text = (self.folder / "Cover02.toml").read_text(encoding="utf-8")
+        return re.sub(r"^# (?=angles|reduction_rates|digimat_angle)", "", text, flags=re.M)
+
+    def test_the_manual_lists_the_keys_of_a_new_recipe(self):
+        recipe = tomllib.loads(self.new_recipe())
+        keys = {("", "require")} | {(section, key) for section, table in recipe.items()
+                                    if isinstance(table, dict) for key in table}
+        self.assertEqual(set(self.rows_of_keys()), keys)
+
+    def test_the_manuals_defaults_are_those_of_a_new_recipe(self):
+        recipe, compared = tomllib.loads(self.new_recipe([".k5f"])), 0
+        for (section, key), (_, default) in self.rows_of_keys().items():
+            try:
+                value = tomllib.loads("value = " + default.strip("`"))["value"]
+            except tomllib.TOMLDecodeError:  # in words
+                continue
+            self.assertEqual(recipe[section][key], value, key)
+            compared += 1
+        self.assertGreater(compared, 12)
+
+    def test_a_new_recipe_says_what_holds_without_it(self):
+        text = self.new_recipe([".k5f"])
+        recipe = tomllib.loads(text)
+        needed = "".join(f"{section}.{key} = {json.dumps(recipe[section][key])}\n"
+                         for section, key in (("project", "name"), ("project", "run"),
+                                              ("project", "folder"), ("target", "solver"),
+                                              ("target", "mesh")))
+        self.make_recipe(text, "whole.toml")
+        self.make_recipe(needed, "short.toml")
+        whole, short = (self.run_program("write", "--dry-run", name).stdout
+                        for name in ("whole.toml", "short.toml"))
+        self.assertIn("WeldlineAngle", whole)
+        self.assertEqual(whole, short)
+
+    def test_the_manuals_ranges_are_those_of_the_schema(self):
+        sections = json.loads(self.run_program("schema").stdout)["properties"]
+        for (section, key), (value, _) in self.rows_of_keys().items():
+            form = sections.get(section, {}).get("properties", {}).get(key, {})
+            highest = form.get("items", form).get("maximum", 2**31 - 1)
+            if highest < 2**31 - 1:
+                self.assertIn(f"{form.get('items', form)['minimum']} to {highest}", value)
 
     def test_the_manual_lists_the_short_names(self):
         listed = {int(number): name
