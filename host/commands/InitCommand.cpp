@@ -184,8 +184,9 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
         Fail({file}, "is named like a file of a run, so it is not replaced; choose another name",
              ExitCode::fileTrouble);
     }
-    const std::string reason = mayReplace ? ReplaceFile(place, text) : MakeFile(place, text);
-    if (!reason.empty() && !mayReplace && (place.isTaken || CameMeanwhile(reason))) {
+    const auto [reason, isAnotherThere] =
+        mayReplace ? ReplaceFile(place, text) : MakeFile(place, text);
+    if (!reason.empty() && !mayReplace && (place.isTaken || isAnotherThere)) {
         Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
     }
     if (!reason.empty()) {

@@ -88,20 +88,19 @@ std::string Follow(fs::path& file) {
     return std::strerror(ELOOP);
 }
 
-constexpr const char* anotherCame = "another file has appeared there in the meantime";
-
-/// Returns why it could not.
-std::string Put(const FilePlace& place, const std::string& bytes, const Replaceable& replaceable) {
+WriteFailure Put(const FilePlace& place, const std::string& bytes, const Replaceable& replaceable) {
     if (!place.reason.empty()) {
-        return place.reason;
+        return {place.reason};
     }
-    PutState state{};
-    const std::error_code error = PutFile(place.file, TemporaryName(), bytes, replaceable, state);
-    if (error && state == PutState::isInPlace) {
-        return "the new file is in place, but its folder could not be flushed to disk: " +
-               ReasonOf(error);
+    const PutResult result = PutFile(place.file, TemporaryName(), bytes, replaceable);
+    if (result.isAnotherThere) {
+        return {"another file has appeared there in the meantime", true};
     }
-    return state == PutState::isAnother ? anotherCame : error ? ReasonOf(error) : std::string();
+    const std::string reason = result.error ? ReasonOf(result.error) : std::string();
+    if (result.isInPlace && !reason.empty()) {
+        return {"the new file is in place, but its folder could not be flushed to disk: " + reason};
+    }
+    return {reason};
 }
 
 }  // namespace
@@ -136,16 +135,12 @@ std::string StartOf(FilePlace& place) {
     return start;
 }
 
-std::string ReplaceFile(const FilePlace& place, const std::string& bytes) {
+WriteFailure ReplaceFile(const FilePlace& place, const std::string& bytes) {
     return Put(place, bytes, {place.isTaken && !place.read, place.read});
 }
 
-std::string MakeFile(const FilePlace& place, const std::string& bytes) {
+WriteFailure MakeFile(const FilePlace& place, const std::string& bytes) {
     return Put(place, bytes, {});
-}
-
-bool CameMeanwhile(const std::string& reason) {
-    return reason == anotherCame;
 }
 
 std::string TemporaryName() {

@@ -24,16 +24,19 @@ FilePlace LookAtPlace(const std::filesystem::path& file);
 /// is replaced there. Throws a Failure when it cannot be read.
 std::string StartOf(FilePlace& place);
 
+/// Why a file was not written.
+struct WriteFailure {
+    std::string reason;           ///< empty when it was
+    bool isAnotherThere = false;  ///< a file that came meanwhile is why
+};
+
 /// Replaces the file at a place that was looked at in one step, or makes it anew. No link that has
-/// come there meanwhile is followed. Returns why it could not; the old file is whole then, unless
-/// the reason says that the new one is there, and nothing is left behind.
-std::string ReplaceFile(const FilePlace& place, const std::string& bytes);
+/// come there meanwhile is followed. When it fails, the old file is whole, unless the reason says
+/// that the new one is there, and nothing is left behind.
+WriteFailure ReplaceFile(const FilePlace& place, const std::string& bytes);
 
 /// The same where no file is. One that comes meanwhile stays.
-std::string MakeFile(const FilePlace& place, const std::string& bytes);
-
-/// Whether another file that came there meanwhile is why it could not.
-bool CameMeanwhile(const std::string& reason);
+WriteFailure MakeFile(const FilePlace& place, const std::string& bytes);
 
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();

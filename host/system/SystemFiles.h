@@ -79,17 +79,18 @@ struct Replaceable {
     std::optional<FileId> only;  ///< otherwise this file, or nothing
 };
 
-enum class PutState {
-    hasFailed,
-    isInPlace,  ///< with an error too, when it is the folder that does not reach the disk
-    isAnother,  ///< something else has come to the place
+/// What came of a file that was put in its place.
+struct PutResult {
+    bool isInPlace = false;       ///< with an error, when its folder does not reach the disk
+    bool isAnotherThere = false;  ///< which came meanwhile, and is not to be replaced
+    std::error_code error = {};
 };
 
 /// Puts bytes in the place of a file, in one step, with its mode, its list of access rules and,
 /// where the right exists, its owner and group (on Windows with the rights of its folder). The
 /// bytes are on the disk when it returns. They come by way of a file with a temporary name in the
 /// same folder, which is made anew and gone in the end. No link is followed.
-std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, const Replaceable& replaceable, PutState& state);
+PutResult PutFile(const std::filesystem::path& file, const std::string& temporaryName,
+                  const std::string& bytes, const Replaceable& replaceable);
 
 }  // namespace host

@@ -278,20 +278,18 @@ void RemoveFilesHere() {
     }
 }
 
-std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, const Replaceable& replaceable, PutState& state) {
-    state = PutState::hasFailed;
+PutResult PutFile(const std::filesystem::path& file, const std::string& temporaryName,
+                  const std::string& bytes, const Replaceable& replaceable) {
     const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.number < 0) {
-        return LastError();
+        return {false, false, LastError()};
     }
     const std::string name = file.filename().string();
     Replaced old;
     const bool isThere =
         fstatat(folder.number, name.c_str(), &old.status, AT_SYMLINK_NOFOLLOW) == 0;
     if (isThere && !replaceable.any && replaceable.only != IdOf(old.status)) {
-        state = PutState::isAnother;
-        return std::make_error_code(std::errc::file_exists);
+        return {false, true, std::make_error_code(std::errc::file_exists)};
     }
     if (isThere) {
         ReadRules(file, old);
@@ -300,14 +298,13 @@ std::error_code PutFile(const std::filesystem::path& file, const std::string& te
         Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
         Rename(folder.number, temporaryName.c_str(), name.c_str(), isThere);
     if (!isMoved) {
-        const std::error_code reason = LastError();
-        state = errno == EEXIST ? PutState::isAnother : state;
+        const std::error_code error = LastError();
         unlinkat(folder.number, temporaryName.c_str(), 0);
-        return reason;
+        return {false, error == std::errc::file_exists, error};
     }
-    state = PutState::isInPlace;
     // Not every file system can bring a folder to the disk.
-    return Synchronize(folder.number) || errno == EINVAL ? std::error_code() : LastError();
+    const bool isOnDisk = Synchronize(folder.number) || errno == EINVAL;
+    return {true, false, isOnDisk ? std::error_code() : LastError()};
 }
 
 }  // namespace host

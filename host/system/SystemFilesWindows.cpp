@@ -162,22 +162,19 @@ void RemoveFilesHere() {
     }
 }
 
-std::error_code PutFile(const std::filesystem::path& file, const std::string& temporaryName,
-                        const std::string& bytes, const Replaceable& replaceable, PutState& state) {
+PutResult PutFile(const std::filesystem::path& file, const std::string& temporaryName,
+                  const std::string& bytes, const Replaceable& replaceable) {
     const std::filesystem::path temporary = file.parent_path() / temporaryName;
-    std::error_code reason = Fill(temporary, bytes);
+    std::error_code error = Fill(temporary, bytes);
     const bool mayReplace = replaceable.any || replaceable.only;
     const DWORD how = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0);
-    if (!reason && MoveFileExW(temporary.c_str(), file.c_str(), how) == 0) {
-        reason = LastError();
+    if (!error && MoveFileExW(temporary.c_str(), file.c_str(), how) == 0) {
+        error = LastError();
     }
-    state = !reason                            ? PutState::isInPlace
-            : reason == std::errc::file_exists ? PutState::isAnother
-                                               : PutState::hasFailed;
-    if (reason) {
+    if (error) {
         DeleteFileW(temporary.c_str());
     }
-    return reason;
+    return {!error, error == std::errc::file_exists, error};
 }
 
 }  // namespace host

@@ -69,7 +69,7 @@ TEST(SafeFile, DoesNotFollowALinkThatComesAfterTheLook) {
     const host::FilePlace place = host::LookAtPlace(folder.Path() / "old");
     fs::remove(folder.Path() / "old");
     fs::create_symlink("note", folder.Path() / "old");
-    EXPECT_EQ(host::ReplaceFile(place, "new"), "");
+    EXPECT_EQ(host::ReplaceFile(place, "new").reason, "");
     EXPECT_EQ(folder.BytesOf("note"), "note");
     EXPECT_EQ(folder.BytesOf("old"), "new");
     EXPECT_FALSE(fs::is_symlink(folder.Path() / "old"));
@@ -82,8 +82,7 @@ TEST(SafeFile, ReplacesOnlyWhatWasRead) {
     host::FilePlace place = host::LookAtPlace(folder.Path() / "old");
     EXPECT_EQ(host::StartOf(place), "old");
     fs::rename(folder.Path() / "note", folder.Path() / "old");
-    const std::string reason = host::ReplaceFile(place, "new");
-    EXPECT_TRUE(host::CameMeanwhile(reason)) << reason;
+    EXPECT_TRUE(host::ReplaceFile(place, "new").isAnotherThere);
     EXPECT_EQ(folder.BytesOf("old"), "note");
 }
 
@@ -91,11 +90,11 @@ TEST(SafeFile, ReplacesNothingWhereNothingWas) {
     const support::TemporaryFolder folder;
     const host::FilePlace place = host::LookAtPlace(folder.Path() / "new");
     folder.MakeFile("new", "note");
-    EXPECT_TRUE(host::CameMeanwhile(host::ReplaceFile(place, "new")));
-    EXPECT_TRUE(host::CameMeanwhile(host::MakeFile(place, "new")));
+    EXPECT_TRUE(host::ReplaceFile(place, "new").isAnotherThere);
+    EXPECT_TRUE(host::MakeFile(place, "new").isAnotherThere);
     EXPECT_EQ(folder.BytesOf("new"), "note");
     fs::remove(folder.Path() / "new");
-    EXPECT_EQ(host::MakeFile(place, "new"), "");
+    EXPECT_EQ(host::MakeFile(place, "new").reason, "");
     EXPECT_EQ(folder.BytesOf("new"), "new");
 }
 

@@ -147,7 +147,7 @@ void Reporter::PutInPlace() {
     if (HasLackedMemory()) {
         throw std::bad_alloc();  // the page may be cut off
     }
-    const std::string reason = ReplaceFile(place, text);
+    const std::string reason = ReplaceFile(place, text).reason;
     if (!reason.empty()) {
         Fail({*options_.page}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }

@@ -69,14 +69,14 @@ bool Writer::PutInPlace(Job& job, const FilePlace& place, bool mayTryAgain) {
     if (cleanFolders_.insert(folder).second) {
         RemoveLeftOvers(folder, fs::file_type::regular);
     }
-    const std::string reason =
+    const WriteFailure failure =
         options_.keep ? MakeFile(place, job.text) : ReplaceFile(place, job.text);
-    if (CameMeanwhile(reason) && options_.keep) {
+    if (failure.isAnotherThere && options_.keep) {
         job.change = Change::isKept;
-    } else if (CameMeanwhile(reason) && mayTryAgain) {
+    } else if (failure.isAnotherThere && mayTryAgain) {
         return false;
-    } else if (!reason.empty()) {
-        FailToWrite(job, reason);
+    } else if (!failure.reason.empty()) {
+        FailToWrite(job, failure.reason);
     }
     return true;
 }
