@@ -9,6 +9,7 @@
 
 #include "control_files/ControlFile.h"
 #include "control_files/LayoutRow.h"
+#include "control_files/TextLines.h"
 #include "problems/Problem.h"
 #include "problems/VisibleText.h"
 
@@ -27,18 +28,18 @@ struct Line {
 
 /// The lines of a text without their ends, which are LF or CR LF. At least one; no more than bound
 /// the work on what is no control file.
-std::vector<Line> SplitLines(std::string_view text) {
+std::vector<Line> LinesWithKeys(std::string_view text) {
     constexpr std::size_t mostLines = 1000;
     std::vector<Line> lines;
     lines.reserve(std::size(kControlFileLines));
-    do {
-        const std::size_t length = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, length);
-        const bool hasReturn = line.ends_with('\r');
-        line.remove_suffix(hasReturn ? 1 : 0);
-        lines.push_back({line, ControlFileKeyOf(line), hasReturn});
-        text.remove_prefix(std::min(length + 1, text.size()));
-    } while (!text.empty() && lines.size() < mostLines);
+    for (const std::string_view whole : LinesOf(text, mostLines)) {
+        const std::string_view line = WithoutEnd(whole);
+        lines.push_back(
+            {line, ControlFileKeyOf(line), whole.substr(line.size()).starts_with('\r')});
+    }
+    if (lines.empty()) {
+        lines.push_back({});
+    }
     return lines;
 }
 
@@ -86,7 +87,7 @@ public:
     Reader(std::string name, std::string_view text)
         : name_(std::move(name)),
           text_(text),
-          lines_(SplitLines(text.substr(HasMark() ? byteOrderMark.size() : 0))),
+          lines_(LinesWithKeys(text.substr(HasMark() ? byteOrderMark.size() : 0))),
           rows_(RowsFor(lines_)) {}
 
     ControlFile Read() {
@@ -258,7 +259,7 @@ std::uint32_t LineOf(std::string_view text, const std::string& name) {
     const auto wanted = std::ranges::find(rows, name, &LayoutRow::name);
     auto row = rows.begin();
     std::uint32_t number = 0;
-    for (const Line& line : SplitLines(text)) {
+    for (const Line& line : LinesWithKeys(text)) {
         ++number;
         row = std::find_if(row, rows.end(), [&](const auto& r) { return r.IsOf(line.key); });
         if (row >= wanted) {

@@ -7,6 +7,7 @@
 
 #include "commands/write/Job.h"
 #include "commands/write/TextDifference.h"
+#include "control_files/TextLines.h"
 #include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
 
@@ -14,19 +15,13 @@ namespace host {
 
 namespace {
 
-using Lines = std::vector<std::string>;
+using Lines = std::vector<std::string_view>;
 
-Lines SplitLines(std::string_view text) {
+Lines LinesToCompare(std::string_view text) {
     constexpr std::size_t mostLines = 1000;  // the work grows with their square
     Lines lines;
-    while (!text.empty() && lines.size() < mostLines) {
-        const std::size_t length = std::min(text.find('\n'), text.size());
-        std::string line(text.substr(0, length));
-        if (line.ends_with('\r')) {
-            line.pop_back();
-        }
-        lines.push_back(line);
-        text.remove_prefix(std::min(length + 1, text.size()));
+    for (const std::string_view line : LinesOf(text, mostLines)) {
+        lines.push_back(WithoutEnd(line));
     }
     return lines;
 }
@@ -75,7 +70,7 @@ Problems DifferencesFrom(std::string_view wanted, const std::string& name, std::
     Problems problems;
     Gap gap;
     std::size_t line = 0;
-    for (const DifferenceLine& merged : MergedLines(SplitLines(wanted), SplitLines(text))) {
+    for (const DifferenceLine& merged : MergedLines(LinesToCompare(wanted), LinesToCompare(text))) {
         line += merged.mark == '-' ? 0 : 1;
         if (merged.mark == ' ') {
             TellGap(std::exchange(gap, {}), name, line - 1, problems);

@@ -6,6 +6,7 @@
 #include <zorbi2/ControlFileFormat.h>
 
 #include "control_files/LayoutRow.h"
+#include "control_files/TextLines.h"
 
 namespace host {
 
@@ -125,17 +126,14 @@ std::vector<NumberedLine> ExplainedLines(std::string_view text) {
     const std::vector<LayoutRow>& layout = Layout();
     std::vector<NumberedLine> lines;
     auto next = layout.begin();
-    while (!text.empty()) {
-        const std::size_t length = std::min(text.find('\n'), text.size());
-        std::string line(text.substr(0, length));
-        text.remove_prefix(std::min(length + 1, text.size()));
-        line.resize(line.size() - (line.ends_with('\r') ? 1 : 0));
-        const auto key = ControlFileKeyOf<std::string_view>(line);
+    for (const std::string_view whole : LinesOf(text)) {
+        const std::string_view line = WithoutEnd(whole);
+        const auto key = ControlFileKeyOf(line);
         const auto row = std::find_if(next, layout.end(),
                                       [&key](const LayoutRow& one) { return one.IsOf(key); });
         const bool isKnown = row != layout.end();
-        lines.push_back({line, isKnown ? static_cast<std::size_t>(row - layout.begin())
-                                       : NumberedLine::noMeaning});
+        lines.push_back({std::string(line), isKnown ? static_cast<std::size_t>(row - layout.begin())
+                                                    : NumberedLine::noMeaning});
         next = isKnown ? row + 1 : next;
     }
     return lines;

@@ -13,6 +13,7 @@
 #include "commands/report/LineMeanings.h"
 #include "commands/report/PageText.h"
 #include "commands/report/Summary.h"
+#include "control_files/TextLines.h"
 #include "recipes/Names.h"
 
 namespace host {
@@ -202,7 +203,7 @@ Json MatrixOf(const Json& entry, const CZorbI2Engine& engine) {
     return matrix;
 }
 
-Json LinesOf(const Json& entry) {
+Json RowsOfText(const Json& entry) {
     Json lines = Json::array();
     for (const auto& [text, meaning] : ExplainedLines(entry.value("text", ""))) {
         const bool isKnown = meaning != NumberedLine::noMeaning;
@@ -215,10 +216,9 @@ Json LinesOf(const Json& entry) {
 Json DifferenceOf(const Json& entry) {
     Json lines = Json::array();
     const std::string text = entry.value("diff", "");
-    std::string_view rest = OutcomeOf(entry) == "changed" ? std::string_view(text) : "";
-    while (!rest.empty()) {
-        const std::string line(rest.substr(0, rest.find('\n')));
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    for (const std::string_view whole :
+         LinesOf(OutcomeOf(entry) == "changed" ? std::string_view(text) : "")) {
+        const std::string_view line = WithoutEnd(whole);
         const bool isHead = line.starts_with("--- ") || line.starts_with("+++ ");
         lines.push_back({{"text", line},
                          {"added", !isHead && line.starts_with('+')},
@@ -277,7 +277,7 @@ Json DetailsOf(const Json& entry, std::size_t number, const CZorbI2Engine& engin
     view["hasElsewhere"] = !view["elsewhere"].empty();
     view["asks"] = AsksOf(entry);
     view["hasAsks"] = !view["asks"].empty();
-    view["lines"] = LinesOf(entry);
+    view["lines"] = RowsOfText(entry);
     view["hasLines"] = !view["lines"].empty();
     view["difference"] = DifferenceOf(entry);
     view["isChanged"] = !view["difference"].empty();

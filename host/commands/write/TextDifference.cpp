@@ -4,26 +4,16 @@
 #include <cstddef>
 #include <vector>
 
+#include "control_files/TextLines.h"
 #include "problems/VisibleText.h"
 
 namespace host {
 
 namespace {
 
-/// The lines with their ends; the last one may have none.
-std::vector<std::string> LinesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
-        lines.push_back(text.substr(start, end - start));
-        start = end;
-    }
-    return lines;
-}
-
 /// For each pair of tails, the length of the longest sequence of lines that both have.
-std::vector<std::vector<std::size_t>> CommonLengths(const std::vector<std::string>& before,
-                                                    const std::vector<std::string>& after) {
+std::vector<std::vector<std::size_t>> CommonLengths(const std::vector<std::string_view>& before,
+                                                    const std::vector<std::string_view>& after) {
     std::vector lengths(before.size() + 1, std::vector<std::size_t>(after.size() + 1));
     for (std::size_t i = before.size(); i-- > 0;) {
         for (std::size_t j = after.size(); j-- > 0;) {
@@ -35,13 +25,9 @@ std::vector<std::vector<std::size_t>> CommonLengths(const std::vector<std::strin
 }
 
 std::string Shown(const DifferenceLine& line) {
-    std::string text = line.text;
-    const bool hasEnd = text.ends_with('\n');
-    text.resize(text.size() - (hasEnd ? 1 : 0));
-    if (text.ends_with('\r')) {
-        text.pop_back();
-    }
-    return line.mark + Visible(text, "\t") + (hasEnd ? "\n" : "\n\\ No newline at end of file\n");
+    const bool hasEnd = line.text.ends_with('\n');
+    return line.mark + Visible(WithoutEnd(line.text), "\t") +
+           (hasEnd ? "\n" : "\n\\ No newline at end of file\n");
 }
 
 /// "12,7": the first line of a part and how many it has; of an empty part the line before it.
@@ -73,8 +59,8 @@ std::string Header(const std::string& name) {
 
 }  // namespace
 
-std::vector<DifferenceLine> MergedLines(const std::vector<std::string>& before,
-                                        const std::vector<std::string>& after) {
+std::vector<DifferenceLine> MergedLines(const std::vector<std::string_view>& before,
+                                        const std::vector<std::string_view>& after) {
     const auto lengths = CommonLengths(before, after);
     std::vector<DifferenceLine> lines;
     std::size_t i = 0;

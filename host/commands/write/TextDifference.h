@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace host {
@@ -9,15 +10,16 @@ namespace host {
 /// A line that both texts have (' '), or the old ('-') or the new one ('+') alone.
 struct DifferenceLine {
     char mark;
-    std::string text;
+    std::string_view text;
 };
 
-/// The lines of two texts in one row, with as many as possible kept together.
-std::vector<DifferenceLine> MergedLines(const std::vector<std::string>& before,
-                                        const std::vector<std::string>& after);
+/// The lines of two texts in one row, with as many as possible kept together. They point into what
+/// was given.
+std::vector<DifferenceLine> MergedLines(const std::vector<std::string_view>& before,
+                                        const std::vector<std::string_view>& after);
 
-/// The unified difference with three lines of context; empty for equal texts. Control characters,
-/// which a terminal would obey, are shown as question marks.
+/// The unified difference with three lines of context; empty for equal texts. What cannot be
+/// seen, but for tabs, is shown as what it is.
 std::string TextDifference(const std::string& oldName, const std::string& oldText,
                            const std::string& newName, const std::string& newText);
 
