@@ -14,7 +14,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-Words NamesIn(const Vocabulary& vocabulary, const char* end) {
+Words WordsOf(const Vocabulary& vocabulary, const char* end) {
     Words names;
     for (const auto& [number, name] : vocabulary) {
         names.push_back(name + end);
@@ -25,13 +25,13 @@ Words NamesIn(const Vocabulary& vocabulary, const char* end) {
 /// Values by their placeholder in the help.
 Words ValuesFor(const std::string& placeholder) {
     if (placeholder == "S") {
-        return NamesIn(solverKeywords, "");
+        return WordsOf(solverKeywords, "");
     }
     if (placeholder == "M") {
-        return NamesIn(meshKinds, "");
+        return WordsOf(meshKinds, "");
     }
     if (placeholder == "ITEM=CHOICE") {
-        return NamesIn(shortNames, "=");
+        return WordsOf(shortNames, "=");
     }
     if (placeholder == "RECIPE") {
         return {":recipes"};

@@ -207,26 +207,16 @@ Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& te
 
 // ---- All runs below a folder ------------------------------------------------------------------
 
-/// Does one step, or tells what is in its way.
-void Attempt(Problems& problems, const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const std::exception& error) {
-        const Problems found = ProblemsOf(error);
-        problems.insert(problems.end(), found.begin(), found.end());
-    }
-}
-
 /// The run folders below a folder, itself included. Links are not followed: they could lead in a
 /// circle.
 std::vector<FoundRun> FindRuns(const fs::path& root, const InitOptions& options,
                                Problems& problems) {
     std::vector<FoundRun> found;
     std::vector<fs::path> folders = {root};
-    while (!folders.empty()) {
+    while (!folders.empty() && !IsInterrupted()) {
         const fs::path folder = folders.back();
         folders.pop_back();
-        Attempt(problems, [&] {
+        Collect(problems, [&] {
             const std::vector<fs::path> entries = EntriesOf(folder, {});
             std::copy_if(
                 entries.rbegin(), entries.rend(), std::back_inserter(folders),
@@ -263,7 +253,7 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
     Problems problems;
     CheckFolder(Utf8Of(output), {});
     std::vector<FoundRun> found = FindRuns(root, options, problems);
-    if (found.empty() && problems.empty()) {
+    if (found.empty() && problems.empty() && !IsInterrupted()) {
         Fail({Utf8Of(root)}, "no matching run in this folder or below it", ExitCode::fileTrouble);
     }
     CheckOpenFileLimit(found.size());
@@ -275,7 +265,7 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
         if (IsInterrupted()) {
             break;
         }
-        Attempt(problems, [&] {
+        Collect(problems, [&] {
             if (!written.insert(FileIdentity(one.recipeFile)).second) {
                 Fail({Utf8Of(one.recipeFile)},
                      "already written for another run, so it was not written for " +

@@ -123,7 +123,7 @@ bool HasFileOf(const CZorbFEAInformation& project, const Place& place) {
 }
 
 /// What is in a folder, in any order. Throws a Failure, of a place, with the system's reason.
-std::vector<std::string> NamesIn(const fs::path& folder, const Place& place) {
+std::vector<std::string> NamesOfEntries(const fs::path& folder, const Place& place) {
     std::vector<std::string> names;
     if (const std::error_code error = AddNamesIn(folder, "", names)) {
         Fail(place, Utf8Of(folder) + ": " + ReasonOf(error), ExitCode::fileTrouble);
@@ -135,7 +135,7 @@ std::vector<std::string> NamesIn(const fs::path& folder, const Place& place) {
 
 std::vector<fs::path> EntriesOf(const fs::path& folder, const Place& place) {
     std::vector<fs::path> entries;
-    for (const std::string& name : NamesIn(folder, place)) {
+    for (const std::string& name : NamesOfEntries(folder, place)) {
         entries.push_back(folder / PathOf(name));
     }
     std::ranges::sort(entries);
@@ -185,7 +185,7 @@ void CheckRun(const Recipe& recipe) {
     const Place place = recipe.PlaceOf("project.folder");
     CheckFolder(project.projectFolder, place);
     const fs::path folder = PathOf(project.projectFolder);
-    NamesIn(folder, place);  // whether it can be read
+    NamesOfEntries(folder, place);  // whether it can be read
     if (!recipe.emptyRun && !HasFileOf(project, place)) {
         Fail(place,
              project.projectFolder + " has no result file of " + StartOfNames(project) +
@@ -244,7 +244,7 @@ void WarnOfCase(const Recipe& recipe, Problems& problems) {
     const std::string start = StartOfNames(recipe.project);
     const Place place = recipe.PlaceOf("project.folder");
     std::map<std::string, std::string> notFound;  // with the names that they would need
-    for (const std::string& file : NamesIn(folder, place)) {
+    for (const std::string& file : NamesOfEntries(folder, place)) {
         const std::optional<std::string> ending = EndingOf(InLowerCase(file));
         const std::string name = start + ending.value_or("");
         std::error_code error;

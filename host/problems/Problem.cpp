@@ -56,6 +56,15 @@ Problems ProblemsOf(const std::exception& error) {
     return {{Place{}, TextFor(error), ExitCode::fileTrouble}};
 }
 
+void Collect(Problems& problems, const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const std::exception& error) {
+        const Problems found = ProblemsOf(error);
+        problems.insert(problems.end(), found.begin(), found.end());
+    }
+}
+
 void Fail(const Place& place, const std::string& text, ExitCode code) {
     throw Failure({{place, text, code}});
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -61,6 +62,9 @@ private:
 
 /// The problems that any exception stands for.
 Problems ProblemsOf(const std::exception& error);
+
+/// Takes a step, and adds the problems of the exception that ends it.
+void Collect(Problems& problems, const std::function<void()>& step);
 
 [[noreturn]] void Fail(const Place& place, const std::string& text, ExitCode code);
 

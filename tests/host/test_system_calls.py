@@ -103,6 +103,14 @@ class SystemCalls(ProgramTest):
             self.assertTrue(done.stderr.endswith(": cannot be read: Input/output error\n"))
             self.assertEqual(path.read_text(encoding="utf-8"), note)
 
+    def test_a_signal_ends_the_search_for_runs(self):
+        for run in range(3, 23):
+            self.make_run(f"Cover{run:02}", f"all/more{run}/Run{run:02}", [".k5f"])
+        done = self.injected("getdents64:signal=TERM:when=9", PROGRAM, "init", "--all", "all")
+        self.assertEqual(done.returncode, -signal.SIGTERM)
+        self.assertEqual(done.stderr, "zorbi2: interrupted: 0 written, 0 failed, of 1 runs\n")
+        self.assertLess(self.calls.read_text().count("getdents64"), 25)
+
     def test_results_that_cannot_be_tested_once_are_not_missing(self):
         for call, name in (("newfstatat", ".k5p"), ("newfstatat", ".k5w"), ("openat", ".k5o")):
             path = str(self.folder / "Run02" / ("Cover02" + name))

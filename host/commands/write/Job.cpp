@@ -86,13 +86,8 @@ void FailToWrite(const Job& job, const std::string& reason) {
 }
 
 void Attempt(Job& job, const GeneralOptions& options, const std::function<void()>& step) {
-    try {
-        if (!HasErrors(job.problems)) {
-            step();
-        }
-    } catch (const std::exception& error) {
-        const Problems problems = ProblemsOf(error);
-        job.problems.insert(job.problems.end(), problems.begin(), problems.end());
+    if (!HasErrors(job.problems)) {
+        Collect(job.problems, step);
     }
     for (Problem& problem : job.problems) {
         problem.place.file = job.recipe.file;
