@@ -146,11 +146,21 @@ std::string SchemaAddress() {
     return address;
 }
 
+/// The path of a folder from that of a recipe, as both are called, or, where a link is in the way,
+/// as they are.
+fs::path FromRecipe(const fs::path& folder, const fs::path& home) {
+    const fs::path path = folder.lexically_proximate(home);
+    std::error_code unknown;
+    return AbsolutePath(Utf8Of(path), home) == Utf8Of(folder)
+               ? path
+               : fs::proximate(folder, home, unknown);
+}
+
 std::string TextOf(const Recipe& recipe, const fs::path& home) {
     Session session(recipe);
     const CZorbFEAInformation& project = recipe.project;
-    const fs::path folder = PathOf(project.projectFolder).lexically_proximate(home);
-    const std::u8string generic = folder.generic_u8string();
+    const std::u8string generic =
+        FromRecipe(PathOf(project.projectFolder), home).generic_u8string();
     const std::map<std::string, std::string> values = {
         {"schema", SchemaAddress()},
         {"name", TomlText(project.projectName)},

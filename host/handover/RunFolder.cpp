@@ -107,19 +107,21 @@ fs::path ShotFileOf(const CZorbFEAInformation& project) {
     return StartOfPaths(project) += ".cmx";
 }
 
+/// Looks at all of them: the engine takes one that it cannot test for missing.
 bool HasFileOf(const CZorbFEAInformation& project, const Place& place) {
     const fs::path start = StartOfPaths(project);
-    return std::ranges::any_of(knownEndings, [&](std::string_view ending) {
+    bool hasFile = false;
+    for (const std::string_view ending : knownEndings) {
         std::error_code error;
-        const bool exists = fs::exists(fs::path(start) += ending, error);
+        hasFile = fs::exists(fs::path(start) += ending, error) || hasFile;
         if (error) {
             Fail(place,
                  project.projectFolder + ": " + StartOfNames(project) + std::string(ending) + ": " +
                      ReasonOf(error),
                  ExitCode::fileTrouble);
         }
-        return exists;
-    });
+    }
+    return hasFile;
 }
 
 /// What is in a folder, in any order. Throws a Failure, of a place, with the system's reason.
@@ -186,7 +188,7 @@ void CheckRun(const Recipe& recipe) {
     CheckFolder(project.projectFolder, place);
     const fs::path folder = PathOf(project.projectFolder);
     NamesOfEntries(folder, place);  // whether it can be read
-    if (!recipe.emptyRun && !HasFileOf(project, place)) {
+    if (!HasFileOf(project, place) && !recipe.emptyRun) {
         Fail(place,
              project.projectFolder + " has no result file of " + StartOfNames(project) +
                  "; runs found: " + Listed(RunsAmong(EntriesOf(folder, place))) +
@@ -218,17 +220,20 @@ void CheckShotFileWasRead(const Recipe& recipe, int number) {
 }
 
 void WarnOfClosedRuns(const Recipe& recipe, Problems& problems) {
-    const std::string start = "Run";
-    const fs::path root = PathOf(recipe.project.projectFolder).parent_path();
+    // As the engine finds them: with another number behind the last "Run" of the folder's path.
+    const std::string& folder = recipe.project.projectFolder;
+    const std::size_t run = std::min(folder.rfind("Run"), folder.size());
+    const fs::path front = PathOf(folder.substr(0, run) + (run < folder.size() ? "" : "/") + "Run");
+    const std::string start = Utf8Of(front.filename());
     std::error_code error;
     std::vector<std::string> runs;
     if (fs::exists(ShotFileOf(recipe.project), error)) {
-        AddNamesIn(root, start, runs);
+        AddNamesIn(front.parent_path(), start, runs);
     }
-    for (const std::string& run : runs) {
+    for (const std::string& name : runs) {
         const fs::path file =
-            root / PathOf(run) /
-            PathOf(recipe.project.projectName + run.substr(start.size()) + ".k5o");
+            front.parent_path() / PathOf(name) /
+            PathOf(recipe.project.projectName + name.substr(start.size()) + ".k5o");
         if (!fs::status_known(fs::status(file, error))) {
             problems.push_back(
                 Warning(recipe.PlaceOf("project.folder"),

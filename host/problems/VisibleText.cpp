@@ -8,20 +8,35 @@ namespace host {
 
 namespace {
 
-/// Code points that cannot be seen, beside the control characters.
+/// Code points that cannot be seen, or are none.
 struct Invisible {
     std::uint32_t first;
     std::uint32_t last;
 };
 constexpr auto invisible = std::to_array<Invisible>({
-    {0x00, 0x1F},      // control characters
-    {0x7F, 0xA0},      // DEL, more control characters, and the space that does not break
-    {0xAD, 0xAD},      // soft hyphen
-    {0x2000, 0x200F},  // spaces, some without width, and marks of the writing direction
-    {0x2028, 0x202F},  // line separators and more marks
-    {0x205F, 0x206F},  // invisible operators
-    {0x3000, 0x3000},  // wide space
-    {0xFEFF, 0xFEFF},  // byte order mark
+    {0x00, 0x1F},          // control characters
+    {0x7F, 0xA0},          // DEL, more control characters, and the space that does not break
+    {0xAD, 0xAD},          // soft hyphen
+    {0x34F, 0x34F},        // joiner of graphemes
+    {0x61C, 0x61C},        // a mark of the writing direction
+    {0x115F, 0x1160},      // fillers
+    {0x1680, 0x1680},      // a space
+    {0x17B4, 0x17B5},      // vowels without a shape
+    {0x180B, 0x180F},      // selectors of variants, and a separator without width
+    {0x2000, 0x200F},      // spaces, some without width, and more marks of the direction
+    {0x2028, 0x202F},      // line separators and more marks
+    {0x205F, 0x206F},      // invisible operators
+    {0x3000, 0x3000},      // wide space
+    {0x3164, 0x3164},      // filler
+    {0xD800, 0xDFFF},      // halves of pairs
+    {0xFE00, 0xFE0F},      // selectors of variants
+    {0xFEFF, 0xFEFF},      // byte order mark
+    {0xFFA0, 0xFFA0},      // filler
+    {0xFFF0, 0xFFFB},      // marks of annotations
+    {0x1BCA0, 0x1BCA3},    // marks of shorthand
+    {0x1D173, 0x1D17A},    // marks of music
+    {0xE0000, 0xE0FFF},    // tags, and more selectors
+    {0x110000, 0x1FFFFF},  // beyond the last
 });
 
 bool IsContinuation(char byte) {
@@ -45,15 +60,15 @@ std::size_t VisibleLength(std::string_view text) {
         !std::ranges::all_of(text.substr(1, length - 1), IsContinuation)) {
         return 0;
     }
+    constexpr std::uint32_t lowest[] = {0, 0, 0x80, 0x800, 0x10000};  // in as many bytes
     std::uint32_t point = length == 1 ? first : first & (0x7FU >> length);
     for (const char byte : text.substr(1, length - 1)) {
         point = point << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
     }
-    return std::ranges::any_of(
-               invisible,
-               [point](const auto& row) { return point >= row.first && point <= row.last; })
-               ? 0
-               : length;
+    const bool isInvisible = std::ranges::any_of(invisible, [point](const Invisible& row) {
+        return point >= row.first && point <= row.last;
+    });
+    return isInvisible || point < lowest[length] ? 0 : length;
 }
 
 std::string InDigits(char byte) {

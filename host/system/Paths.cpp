@@ -31,15 +31,17 @@ bool MayBeElsewhere(const std::string& path) {
 /// With ".." behind a link as the system takes it: from where the link leads to. Windows goes by
 /// the names.
 fs::path WithoutLinksBeforeUp(const fs::path& path) {
+    constexpr bool goesByNames = fs::path::preferred_separator != '/';
     fs::path walked;
     for (const fs::path& part : path) {
         std::error_code unknown;
-        if (part == ".." && fs::path::preferred_separator == '/' &&
-            fs::is_symlink(walked, unknown)) {
-            const fs::path target = fs::canonical(walked, unknown);
-            walked = unknown ? walked : target;
+        if (goesByNames || (part != ".." && part != ".")) {
+            walked /= part;
+        } else if (part == "..") {
+            const fs::path target =
+                fs::is_symlink(walked, unknown) ? fs::canonical(walked, unknown) : walked;
+            walked = (unknown ? walked : target).parent_path();
         }
-        walked /= part;
     }
     return walked;
 }

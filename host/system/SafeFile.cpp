@@ -186,8 +186,9 @@ void CheckRegularFile(const fs::path& file, std::uintmax_t largest, const Place&
                  std::to_string(largest),
              ExitCode::fileTrouble);
     }
-    if (!std::ifstream(file)) {
-        FailFor(errno, place, name + ": cannot be read");
+    std::string start;
+    if ((error = ReadStart(file, 1, start))) {
+        Fail(place, name + ": cannot be read: " + ReasonOf(error), ExitCode::fileTrouble);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "system/ScratchFolder.h"
 
 #include <string>
-#include <vector>
 
 #include "problems/Problem.h"
 #include "system/Paths.h"
@@ -14,11 +13,6 @@ namespace host {
 namespace fs = std::filesystem;
 
 namespace {
-
-bool IsOwnAndEmpty(const fs::path& folder) {
-    std::vector<std::string> names;
-    return IsOwn(folder) && !AddNamesIn(folder, "", names) && names.empty();
-}
 
 /// The user's. Throws a Failure for one that the engine cannot be given.
 fs::path CurrentFolder() {
@@ -47,7 +41,11 @@ ScratchFolder::ScratchFolder() {
     const fs::path temporary = fs::temp_directory_path(error);
     const fs::path parent = start_ / temporary;
     if (!error) {
-        error = EnterNewFolderIn(parent);
+        if (IsSafeFromOthers(parent)) {  // they might have put what is not left over there
+            RemoveLeftOvers(parent, fs::file_type::directory);
+        }
+        path_ = parent / TemporaryName();
+        error = EnterNewFolder(path_);
     }
     if (error) {
         const std::string where = temporary.empty() ? "" : " in " + Utf8Of(parent);
@@ -55,28 +53,6 @@ ScratchFolder::ScratchFolder() {
              ExitCode::fileTrouble);
     }
     current = this;
-}
-
-std::error_code ScratchFolder::EnterNewFolderIn(const fs::path& parent) {
-    // Where all may rename, a folder can be another one by the time that it is used.
-    const bool mayBeAnother = MayAllRename(parent);
-    if (!mayBeAnother) {
-        RemoveLeftOvers(parent, fs::file_type::directory);
-    }
-    path_ = parent / TemporaryName();
-    std::error_code error = MakePrivateFolder(path_);
-    if (error) {
-        return error;
-    }
-    fs::current_path(path_, error);
-    std::error_code ignored;
-    if (!error && mayBeAnother && !IsOwnAndEmpty(".")) {
-        fs::current_path(start_, ignored);
-        error = std::make_error_code(std::errc::operation_not_permitted);
-    } else if (error) {
-        fs::remove(path_, ignored);
-    }
-    return error;
 }
 
 ScratchFolder::~ScratchFolder() {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <system_error>
 
 namespace host {
 
@@ -26,7 +25,6 @@ public:
     static void RemoveCurrent();
 
 private:
-    std::error_code EnterNewFolderIn(const std::filesystem::path& parent);
     void Remove() const;
 
     std::filesystem::path start_;

@@ -1,4 +1,6 @@
 // POSIX: a signal that comes during a blocking call ends that call.
+#include <unistd.h>
+
 #include <csignal>
 
 #include "system/Signals.h"
@@ -14,11 +16,12 @@ constexpr int endingSignals[] = {SIGHUP,  SIGINT,    SIGQUIT, SIGTERM, SIGXCPU,
 volatile sig_atomic_t signalThatCame = 0;
 
 void Keep(int number) {
-    if (signalThatCame != 0) {
+    if (signalThatCame != 0 && number != SIGALRM) {
         signal(number, SIG_DFL);
         raise(number);
     }
-    signalThatCame = number;
+    signalThatCame = signalThatCame != 0 ? signalThatCame : number;
+    alarm(1);  // a call that blocks only after the signal is ended by the next one
 }
 
 }  // namespace

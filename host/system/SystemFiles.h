@@ -43,10 +43,13 @@ std::error_code CheckWritable(const std::filesystem::path& path);
 std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view start,
                            std::vector<std::string>& names);
 
-/// A file by the numbers that the system gives it; the same for all on Windows.
+/// A file by the numbers that the system gives it, and a state of it by its size and when it was
+/// last written, in nanoseconds; the same for all on Windows.
 struct FileId {
     std::uint64_t device = 0;
     std::uint64_t number = 0;
+    std::uint64_t size = 0;
+    std::int64_t written = 0;
 
     bool operator==(const FileId&) const = default;
 };
@@ -56,9 +59,8 @@ struct FileId {
 std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough, std::string& bytes,
                           FileId* id = nullptr);
 
-/// Whether any user may rename what others have in a folder: all may write, and it has no sticky
-/// bit. On Windows, no.
-bool MayAllRename(const std::filesystem::path& folder);
+/// Whether nobody but the administrator can rename what this user has in a folder. On Windows, yes.
+bool IsSafeFromOthers(const std::filesystem::path& folder);
 
 /// The number that the next file gets which this process opens; -1 on Windows.
 int NextFileNumber();
@@ -66,9 +68,9 @@ int NextFileNumber();
 /// Whether the file is open by a number, and read to its end. Yes for -1.
 bool IsReadToItsEnd(int number, const std::filesystem::path& file);
 
-/// Makes a folder that only this user can enter; on Windows, whoever can enter the one around it.
-/// An error when there is one of that name.
-std::error_code MakePrivateFolder(const std::filesystem::path& folder);
+/// Makes a folder that only this user can enter, and enters it; on Windows, whoever can enter the
+/// one around it. An error when there is one of that name, or another in its place by then.
+std::error_code EnterNewFolder(const std::filesystem::path& folder);
 
 /// Removes the files in the current folder as far as it can, without memory of its own.
 void RemoveFilesHere();

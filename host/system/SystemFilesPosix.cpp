@@ -65,7 +65,9 @@ bool Synchronize(int file) {
 }
 
 FileId IdOf(const struct stat& status) {
-    return {status.st_dev, status.st_ino};
+    constexpr std::int64_t second = 1'000'000'000;
+    return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+            status.st_mtim.tv_sec * second + status.st_mtim.tv_nsec};
 }
 
 /// A file that is to be replaced.
@@ -88,6 +90,7 @@ void ReadRules(const std::filesystem::path& file, Replaced& replaced) {
 /// and group.
 bool TakeOver(int file, const Replaced& other) {
     const auto& [status, hasRules, rules] = other;
+    fremovexattr(file, accessRules);  // those that its folder has for new files
     const bool hasGroup = fchown(file, static_cast<uid_t>(-1), status.st_gid) == 0;
     const bool hasOwner = fchown(file, status.st_uid, static_cast<gid_t>(-1)) == 0;
     // Rights of an owner or group that it does not have are not for the ones that it has; with
@@ -115,6 +118,29 @@ bool Fill(int folder, const char* name, const Replaced* replaced, const std::str
            (replaced == nullptr || TakeOver(file.number, *replaced)) && Synchronize(file.number);
 }
 
+/// Goes through the names in a folder without memory of its own, which opendir would ask for.
+/// Returns whether all were read.
+template <class Visit>
+bool ForEachEntry(int folder, const Visit& visit) {
+    alignas(dirent64) std::array<char, 4096> block;
+    ssize_t size = 0;
+    while ((size = getdents64(folder, block.data(), block.size())) > 0) {
+        for (const char* next = block.data(); next < block.data() + size;) {
+            const auto* const entry = reinterpret_cast<const dirent64*>(next);
+            if (entry->d_name != std::string_view(".") && entry->d_name != std::string_view("..")) {
+                visit(entry->d_name);
+            }
+            next += entry->d_reclen;
+        }
+    }
+    return size == 0;
+}
+
+bool IsEmpty(int folder) {
+    bool isEmpty = true;
+    return ForEachEntry(folder, [&isEmpty](const char* /*name*/) { isEmpty = false; }) && isEmpty;
+}
+
 /// Not every file system can rename without replacing. A second link never replaces a file; where a
 /// file system has none either, the place is looked at first.
 bool Rename(int folder, const char* from, const char* to, bool mayReplace) {
@@ -138,6 +164,17 @@ bool Rename(int folder, const char* from, const char* to, bool mayReplace) {
         return false;
     }
     return !hasLinks && renameat(folder, from, folder, to) == 0;
+}
+
+/// Looked at as late as can be: to bring the bytes to the disk has taken its time.
+bool MayReplace(int folder, const char* name, const Replaceable& replaceable) {
+    struct stat there {};
+    if (!replaceable.any && fstatat(folder, name, &there, AT_SYMLINK_NOFOLLOW) == 0 &&
+        replaceable.only != IdOf(there)) {
+        errno = EEXIST;
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -255,27 +292,35 @@ bool IsReadToItsEnd(int number, const std::filesystem::path& file) {
                           lseek(number, 0, SEEK_CUR) >= opened.st_size);
 }
 
-bool MayAllRename(const std::filesystem::path& folder) {
+bool IsSafeFromOthers(const std::filesystem::path& folder) {
     struct stat status {};
-    return stat(folder.c_str(), &status) == 0 && (status.st_mode & S_IWOTH) != 0 &&
-           (status.st_mode & S_ISVTX) == 0;
+    const bool isThere = stat(folder.c_str(), &status) == 0;
+    const bool mayOthersWrite = (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+    return isThere && (status.st_uid == geteuid() || status.st_uid == 0) &&
+           (!mayOthersWrite || (status.st_mode & S_ISVTX) != 0);
 }
 
-std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
-    return mkdir(folder.c_str(), S_IRWXU) == 0 ? std::error_code() : LastError();
+std::error_code EnterNewFolder(const std::filesystem::path& folder) {
+    if (mkdir(folder.c_str(), S_IRWXU) != 0) {
+        return LastError();
+    }
+    const Descriptor made(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status {};
+    if (made.number < 0 || fstat(made.number, &status) != 0) {
+        const std::error_code error = LastError();
+        rmdir(folder.c_str());
+        return error;
+    }
+    fchmod(made.number, S_IRWXU);  // if it is another of this user's, which all may write to
+    if (status.st_uid != geteuid() || !IsEmpty(made.number) || fchdir(made.number) != 0) {
+        return std::make_error_code(std::errc::operation_not_permitted);
+    }
+    return {};
 }
 
 void RemoveFilesHere() {
     const Descriptor folder(open(".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    alignas(dirent64) std::array<char, 4096> block;  // opendir would ask for memory
-    ssize_t size = 0;
-    while ((size = getdents64(folder.number, block.data(), block.size())) > 0) {
-        for (const char* next = block.data(); next < block.data() + size;) {
-            const auto* const entry = reinterpret_cast<const dirent64*>(next);
-            unlink(entry->d_name);  // fails for the folders "." and ".."
-            next += entry->d_reclen;
-        }
-    }
+    ForEachEntry(folder.number, [](const char* name) { unlink(name); });
 }
 
 PutResult PutFile(const std::filesystem::path& file, const std::string& temporaryName,
@@ -288,14 +333,12 @@ PutResult PutFile(const std::filesystem::path& file, const std::string& temporar
     Replaced old;
     const bool isThere =
         fstatat(folder.number, name.c_str(), &old.status, AT_SYMLINK_NOFOLLOW) == 0;
-    if (isThere && !replaceable.any && replaceable.only != IdOf(old.status)) {
-        return {false, true, std::make_error_code(std::errc::file_exists)};
-    }
     if (isThere) {
         ReadRules(file, old);
     }
     const bool isMoved =
         Fill(folder.number, temporaryName.c_str(), isThere ? &old : nullptr, bytes) &&
+        MayReplace(folder.number, name.c_str(), replaceable) &&
         Rename(folder.number, temporaryName.c_str(), name.c_str(), isThere);
     if (!isMoved) {
         const std::error_code error = LastError();

@@ -144,12 +144,20 @@ bool IsReadToItsEnd(int /*number*/, const std::filesystem::path& /*file*/) {
     return true;
 }
 
-bool MayAllRename(const std::filesystem::path& /*folder*/) {
-    return false;
+bool IsSafeFromOthers(const std::filesystem::path& /*folder*/) {
+    return true;
 }
 
-std::error_code MakePrivateFolder(const std::filesystem::path& folder) {
-    return CreateDirectoryW(folder.c_str(), nullptr) != 0 ? std::error_code() : LastError();
+std::error_code EnterNewFolder(const std::filesystem::path& folder) {
+    if (CreateDirectoryW(folder.c_str(), nullptr) == 0) {
+        return LastError();
+    }
+    if (SetCurrentDirectoryW(folder.c_str()) == 0) {
+        const std::error_code error = LastError();
+        RemoveDirectoryW(folder.c_str());
+        return error;
+    }
+    return {};
 }
 
 void RemoveFilesHere() {

@@ -25,8 +25,10 @@ std::string Repeated(const std::string& text, int times) {
 
 TEST(QuotedLine, ShowsCharactersBesideTheInvisibleOnesAsTheyAre) {
     for (const std::string visible :
-         {" .", "~", "\u00A1", "\u00AC", "\u00AE", "\u0905", "\u1FFE", "\u2010", "\u2027", "\u2030",
-          "\u205E", "\u2070", "\u2FFB", "\u3001", "\uFE70", "\uFF01", "\U00010000", "\U0010FFFD"}) {
+         {" .",     "~",      "\u00A1",     "\u00AC",     "\u00AE",     "\u0905",
+          "\u1FFE", "\u2010", "\u2027",     "\u2030",     "\u205E",     "\u2070",
+          "\u2FFB", "\u3001", "\uFE70",     "\uFF01",     "\u0800",     "\uD7FB",
+          "\uE000", "\uFFFC", "\U00010000", "\U000DFFFD", "\U000E1000", "\U0010FFFD"}) {
         EXPECT_EQ(QuotedLine(visible), '"' + visible + '"');
     }
 }
@@ -49,6 +51,13 @@ TEST(QuotedLine, ShowsInvisibleCharactersInDigits) {
         {"\u206F",             R"("\xe2\x81\xaf")"},
         {"\u3000",             R"("\xe3\x80\x80")"},
         {"\uFEFF",             R"("\xef\xbb\xbf")"},
+        {"\u061C",             R"("\xd8\x9c")"},
+        {"\u1160",             R"("\xe1\x85\xa0")"},
+        {"\u180E",             R"("\xe1\xa0\x8e")"},
+        {"\u3164",             R"("\xe3\x85\xa4")"},
+        {"\uFE0F",             R"("\xef\xb8\x8f")"},
+        {"\uFFF9",             R"("\xef\xbf\xb9")"},
+        {"\U000E0041",         R"("\xf3\xa0\x81\x81")"},
     };
     // clang-format on
     for (const auto& [line, expected] : rows) {
@@ -63,6 +72,10 @@ TEST(QuotedLine, ShowsBytesThatAreNoCharacterInDigits) {
     EXPECT_EQ(QuotedLine("\xC3 ="), R"("\xc3 =")");
     EXPECT_EQ(QuotedLine("\xE2\x82"), R"("\xe2\x82")");
     EXPECT_EQ(QuotedLine("\xFF\xC3\xBC"), "\"\\xff\u00FC\"");
+    EXPECT_EQ(QuotedLine("\xED\xA0\x80"), R"("\xed\xa0\x80")");
+    EXPECT_EQ(QuotedLine("\xE0\x9F\xBF"), R"("\xe0\x9f\xbf")");
+    EXPECT_EQ(QuotedLine("\xF0\x8F\xBF\xBF"), R"("\xf0\x8f\xbf\xbf")");
+    EXPECT_EQ(QuotedLine("\xF4\x90\x80\x80"), R"("\xf4\x90\x80\x80")");
 }
 
 TEST(VisibleText, IsInOneLine) {

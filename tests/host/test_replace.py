@@ -196,11 +196,12 @@ class Replace(ProgramTest):
 
     @NOT_ON_WINDOWS
     def test_up_from_a_link_is_up_from_where_it_leads_to(self):
-        (self.folder / "far" / "inner").mkdir(parents=True)
+        (self.folder / "far" / "inner" / "most").mkdir(parents=True)
         (self.folder / "near").symlink_to("far/inner")
-        done = self.run_program("write", "cover.toml", "--out", "near/..")
-        self.check(done, 0, f"new      {own_path(self.folder / 'far' / FILE)}\n")
-        self.assertTrue((self.folder / "far" / FILE).exists())
+        for up in ("near/..", "near/./..", "near/most/../.."):
+            done = self.run_program("write", "cover.toml", "--out", up)
+            self.check(done, 0, f"new      {own_path(self.folder / 'far' / FILE)}\n")
+            (self.folder / "far" / FILE).unlink()
 
     @NOT_ON_WINDOWS
     def test_a_link_to_a_recipe_is_refused(self):
@@ -449,15 +450,19 @@ class Replace(ProgramTest):
         self.assertTrue((self.folder / name).exists())
 
     @NOT_ON_WINDOWS
-    def test_where_all_may_rename_no_folder_is_taken_for_a_left_one(self):
+    def test_where_others_may_rename_no_folder_is_taken_for_a_left_one(self):
         with subprocess.Popen(["true"]) as gone:
             pass
         scratch = self.folder / "tmp"
         scratch.mkdir()
         dead = scratch / self.leftover_name(gone.pid)
-        for mode, stays in ((0o777, True), (0o1777, False)):
+        for mode, owner, stays in ((0o777, -1, True), (0o770, -1, True), (0o1777, -1, False),
+                                   (0o1777, 65534, True)):
+            if owner >= 0 and os.geteuid() != 0:
+                continue
             dead.mkdir(exist_ok=True)
             scratch.chmod(mode)
+            os.chown(scratch, owner, -1)
             self.check(self.run_program("write", "cover.toml", "--set", "flow-stress=on",
                                         environment={"TMPDIR": str(scratch)}), 0)
             self.assertEqual(os.listdir(scratch), [dead.name] if stays else [])
@@ -566,6 +571,18 @@ class Replace(ProgramTest):
                        "denied\n")
             path.chmod(0o644)
 
+    @NOT_ON_WINDOWS
+    def test_results_that_cannot_be_reached_are_told(self):
+        self.as_another_user()
+        (self.folder / "closed").mkdir()
+        (self.folder / "closed" / "Cover02.rso").touch()
+        (self.folder / "closed").chmod(0)
+        (self.folder / "Run02" / "Cover02.rso").symlink_to("../closed/Cover02.rso")
+        self.check(self.run_program("write", "cover.toml", **self.as_nobody()), 3, "",
+                   f"cover.toml:4:10: project.folder: {self.folder / 'Run02'}: Cover02.rso: "
+                   "Permission denied\n")
+        (self.folder / "closed").chmod(0o755)
+
     def test_files_of_runs_are_replaced_by_no_recipe_and_no_report(self):
         for name in ("Cover02.k5o", "Cover02.cmx", "Lid11_medi.crp"):
             path = self.folder / "Run02" / name
@@ -618,6 +635,21 @@ class Replace(ProgramTest):
         self.write("--set", "flow-stress=on")
         self.assertEqual(os.getxattr(self.file, "system.posix_acl_access"), rules)
         self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), 0o660)
+
+    @NOT_ON_WINDOWS
+    def test_no_access_rules_come_from_the_folder(self):
+        self.write(word="new")
+        self.file.chmod(0o640)
+        entries = [(0x01, 7, -1), (0x02, 7, 1234), (0x04, 5, -1), (0x10, 7, -1), (0x20, 5, -1)]
+        rules = struct.pack("<I", 2) + b"".join(
+            struct.pack("<HHi", tag, rights, who) for tag, rights, who in entries)
+        try:
+            os.setxattr(self.folder, "system.posix_acl_default", rules)
+        except OSError:
+            self.skipTest("no such rules on this file system")
+        self.write("--set", "flow-stress=on")
+        self.assertNotIn("system.posix_acl_access", os.listxattr(self.file))
+        self.assertEqual(stat.S_IMODE(self.file.stat().st_mode), 0o640)
 
     @NOT_ON_WINDOWS
     def test_a_pipe_as_recipe_is_refused(self):

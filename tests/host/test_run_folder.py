@@ -86,6 +86,20 @@ class RunFolder(ProgramTest):
         self.check(self.run_program("write", "cover.toml", **self.as_nobody()), 0)
         path.chmod(0o755)
 
+    @unittest.skipIf(ON_WINDOWS, "permissions are POSIX's")
+    def test_earlier_runs_are_where_the_engine_looks_for_them(self):
+        self.as_another_user()
+        for folder, closed in (("MyRun02", "MyRun01"), ("Run02/results", "Run01"),
+                               ("other", "other/Run01")):
+            self.make_recipe(PROJECT.replace("Run02", folder) + "inserted_part = true\n" + TARGET)
+            (self.make_run(folder=folder) / "Cover02.cmx").write_text("<SOLID_MCM>\n</SOLID_MCM>\n")
+            path = self.make_run("Cover01", closed)
+            path.chmod(0)
+            done = self.run_program("write", "cover.toml", **self.as_nobody())
+            self.check(done, 0, stderr=None)
+            self.assertIn(f"{path / 'Cover01.k5o'}: Permission denied", done.stderr)
+            path.chmod(0o755)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -1,5 +1,6 @@
 """System calls: their order when a file is replaced, and each of them failing, once or from then on."""
 
+import concurrent.futures
 import itertools
 import os
 import re
@@ -7,6 +8,7 @@ import shutil
 import signal
 import stat
 import subprocess
+import time
 import unittest
 
 from program import ON_WINDOWS, PROGRAM, ProgramTest
@@ -102,6 +104,43 @@ class SystemCalls(ProgramTest):
             self.assertEqual(done.returncode, 3, done.stderr)
             self.assertTrue(done.stderr.endswith(": cannot be read: Input/output error\n"))
             self.assertEqual(path.read_text(encoding="utf-8"), note)
+
+    def test_results_that_cannot_be_read_are_not_missing(self):
+        path = str(self.folder / "Run02" / "Cover02.k5o")
+        done = self.injected("read:error=EIO", "-P", path, PROGRAM, "write", "cover.toml")
+        self.assertEqual(done.returncode, 3)
+        self.assertTrue(done.stderr.endswith(f"{path}: cannot be read: Input/output error\n"))
+
+    def test_a_file_that_comes_while_the_new_one_reaches_the_disk_stays(self):
+        self.setup_file(OLD)
+        note = self.folder / "note"
+        note.write_text("note", encoding="utf-8")
+
+        def replace():
+            while not list(self.folder.glob("zorbi2-*")):
+                time.sleep(0.001)
+            note.rename(self.folder / FILE)
+
+        with concurrent.futures.ThreadPoolExecutor() as others:
+            others.submit(replace)
+            done = self.injected("fsync:delay_enter=500000", PROGRAM, "write", "cover.toml")
+        self.assertEqual(done.returncode, 3)
+        self.assertTrue(done.stderr.endswith(
+            "is not a control parameter file; use --force to replace it\n"), done.stderr)
+        self.assertEqual((self.folder / FILE).read_text(encoding="utf-8"), "note")
+
+    def test_a_signal_that_comes_before_a_call_blocks_ends_it(self):
+        self.traced("write", "-")
+        looks = [text for call, text in self.list_of_calls() if call == "newfstatat"]
+        last = 1 + next(i for i, text in enumerate(looks) if text.startswith("newfstatat(0,"))
+        reading, writing = os.pipe()
+        done = self.injected(f"newfstatat:signal=TERM:when={last}", PROGRAM, "write", "-",
+                             stdin=reading, timeout=20)
+        self.assertEqual((done.returncode, done.stderr.splitlines()[-1]),
+                         (-signal.SIGTERM, "zorbi2: interrupted: 0 written, 0 failed, 1 not done; "
+                          "continue with -"))
+        os.close(reading)
+        os.close(writing)
 
     def test_a_signal_ends_the_search_for_runs(self):
         for run in range(3, 23):
