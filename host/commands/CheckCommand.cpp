@@ -30,8 +30,7 @@ void PrintWords(const ControlFile& file, Terminal& terminal) {
         const auto words = value.get<std::string>();
         const bool isPath = words.starts_with('"');
         terminal.out << Padded("  " + label + ":", column)
-                     << (isPath ? words : Wrapped(words, terminal.columns - column, column))
-                     << '\n';
+                     << (isPath ? words : Wrapped(words, terminal.columns, column, column)) << '\n';
     }
 }
 

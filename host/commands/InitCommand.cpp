@@ -194,9 +194,9 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
         Fail({file}, "is named like a file of a run, so it is not replaced; choose another name",
              ExitCode::fileTrouble);
     }
-    const auto [reason, isAnotherThere] =
-        mayReplace ? ReplaceFile(place, text) : MakeFile(place, text);
-    if (!reason.empty() && !mayReplace && (place.isTaken || isAnotherThere)) {
+    const bool isThere = place.isTaken && !mayReplace;
+    const auto [reason, isAnotherThere] = isThere ? WriteFailure{} : ReplaceFile(place, text);
+    if (isThere || (isAnotherThere && !mayReplace)) {
         Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
     }
     if (!reason.empty()) {

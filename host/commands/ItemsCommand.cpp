@@ -47,7 +47,7 @@ void PrintItem(const OfferedItem& offered, Terminal& terminal) {
     terminal.out << label << terminal.Colored(mark + TitleOf(item), Color::strong);
     if (!item.description.empty()) {
         const std::string text =
-            Wrapped(item.description, terminal.columns - label.size(), label.size());
+            Wrapped(item.description, terminal.columns, label.size(), label.size());
         terminal.out << newLine << terminal.Colored(text, Color::faint);
     }
     if (offered.IsMissing()) {
@@ -76,7 +76,7 @@ Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Prob
     if (slot == nullptr || !Offers(*slot, recipe.meshKind)) {
         return {{"items", Json::array()}};
     }
-    terminal.out << Wrapped(Heading(recipe, *slot), terminal.columns, 0) << '\n'
+    terminal.out << Wrapped(Heading(recipe, *slot), terminal.columns, 0, 0) << '\n'
                  << Visible(recipe.project.projectFolder) << '\n';
     const std::vector<OfferedItem> items = session.Offer(recipe.solver, recipe.meshKind);
     int group = -1;
@@ -155,7 +155,7 @@ Json ShowMatrix(Session& session, Terminal& terminal) {
     for (const std::string& line : lines) {
         terminal.out << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
     }
-    terminal.out << '\n' << Wrapped(legend, terminal.columns, 0) << '\n';
+    terminal.out << '\n' << Wrapped(legend, terminal.columns, 0, 0) << '\n';
     return {{"matrix", list}};
 }
 

@@ -35,7 +35,7 @@ void Tell(const Problem& problem) {
     constexpr std::size_t indent = 4;
     const Screen screen(Stream::errors);
     const std::string line = InOneLine(problem);
-    const std::string text = screen.isTerminal ? Wrapped(line, screen.columns, indent) : line;
+    const std::string text = screen.isTerminal ? Wrapped(line, screen.columns, indent, 0) : line;
     std::cerr << screen.Colored(text, problem.isWarning ? Color::odd : Color::bad) << '\n';
 }
 

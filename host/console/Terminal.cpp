@@ -45,16 +45,17 @@ std::string Padded(const std::string& text, std::size_t width) {
     return text + std::string(width - std::min(width, WidthOf(text)), ' ');
 }
 
-std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent) {
+std::string Wrapped(const std::string& text, std::size_t columns, std::size_t indent,
+                    std::size_t start) {
     std::string lines;
-    std::size_t column = 0;
+    std::size_t column = start;
     std::istringstream words(text);
-    for (std::string word; std::getline(words, word, ' ');) {
-        const bool fits = column + 1 + WidthOf(word) <= width;
-        if (column > 0) {
+    for (std::string word; std::getline(words, word, ' '); column += WidthOf(word)) {
+        if (!lines.empty()) {
+            const bool fits = column + 1 + WidthOf(word) <= columns;
             lines += fits ? " " : "\n" + std::string(indent, ' ');
+            column = fits ? column + 1 : indent;
         }
-        column = (column > 0 && fits ? column + 1 : 0) + WidthOf(word);
         lines += word;
     }
     return lines;

@@ -44,7 +44,9 @@ struct Terminal : Screen {
 /// The text, padded with spaces to a width in characters.
 std::string Padded(const std::string& text, std::size_t width);
 
-/// The text broken between words into lines of at most a width, all but the first indented.
-std::string Wrapped(const std::string& text, std::size_t width, std::size_t indent);
+/// The text, which starts at a column, broken between words so that no line goes beyond `columns`.
+/// All lines but the first are indented.
+std::string Wrapped(const std::string& text, std::size_t columns, std::size_t indent,
+                    std::size_t start);
 
 }  // namespace host

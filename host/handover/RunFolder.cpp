@@ -220,19 +220,19 @@ void CheckShotFileWasRead(const Recipe& recipe, int number) {
 }
 
 void WarnOfClosedRuns(const Recipe& recipe, Problems& problems) {
-    // As the engine finds them: with another number behind the last "Run" of the folder's path.
-    const std::string& folder = recipe.project.projectFolder;
-    const std::size_t run = std::min(folder.rfind("Run"), folder.size());
-    const fs::path front = PathOf(folder.substr(0, run) + (run < folder.size() ? "" : "/") + "Run");
-    const std::string start = Utf8Of(front.filename());
+    // As the engine finds them: by the last "Run" in the folder's path.
+    const std::string folder = recipe.project.projectFolder + '/';
+    const fs::path front = PathOf(folder.substr(0, folder.rfind("Run")));
+    const fs::path root = front.parent_path();
+    const std::string start = Utf8Of(front.filename()) + "Run";
     std::error_code error;
     std::vector<std::string> runs;
     if (fs::exists(ShotFileOf(recipe.project), error)) {
-        AddNamesIn(front.parent_path(), start, runs);
+        AddNamesIn(root, start, runs);
     }
     for (const std::string& name : runs) {
         const fs::path file =
-            front.parent_path() / PathOf(name) /
+            root / PathOf(name) /
             PathOf(recipe.project.projectName + name.substr(start.size()) + ".k5o");
         if (!fs::status_known(fs::status(file, error))) {
             problems.push_back(

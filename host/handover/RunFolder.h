@@ -51,7 +51,7 @@ void CheckFilesOfRun(const Recipe& recipe);
 /// it has read the file to its end: without, it would take the earlier shot's results for missing.
 void CheckShotFileWasRead(const Recipe& recipe, int number);
 
-/// Warns of runs beside the recipe's that cannot be looked into, if it has a shot file: the engine
+/// Warns of earlier runs that cannot be looked into, if the recipe's has a shot file: the engine
 /// would take results of an earlier shot there for missing. Reads the folder of all runs.
 void WarnOfClosedRuns(const Recipe& recipe, Problems& problems);
 

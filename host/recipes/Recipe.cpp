@@ -197,7 +197,8 @@ void CheckMesh(const RecipeReading& reading, Purpose purpose) {
                        "true needs project.type " + std::to_string(kProjectTypeAnnealing) +
                            ", not " + std::to_string(recipe.project.projectType));
     }
-    if (recipe.annealing && recipe.meshKind != kMeshDeformed) {
+    if (recipe.annealing && recipe.places.contains("target.mesh") &&
+        recipe.meshKind != kMeshDeformed) {
         reading.Refuse(recipe.PlaceOf("target.annealing"),
                        "true needs the mesh kind \"deformed\", not " + mesh);
     }

@@ -40,6 +40,15 @@ std::vector<std::string> NamesIn(const fs::path& folder, std::string_view start)
     return names;
 }
 
+/// Removes a file, or a folder with the files in it.
+void RemoveWithFiles(const fs::path& path) {
+    std::error_code ignored;
+    for (const std::string& name : NamesIn(path, "")) {
+        fs::remove(path / PathOf(name), ignored);
+    }
+    fs::remove(path, ignored);
+}
+
 /// Why a folder takes no new file, if so.
 std::string ReasonAgainstFolder(const fs::path& folder) {
     std::error_code error;
@@ -88,21 +97,6 @@ std::string Follow(fs::path& file) {
     return std::strerror(ELOOP);
 }
 
-WriteFailure Put(const FilePlace& place, const std::string& bytes, const Replaceable& replaceable) {
-    if (!place.reason.empty()) {
-        return {place.reason};
-    }
-    const PutResult result = PutFile(place.file, TemporaryName(), bytes, replaceable);
-    if (result.isAnotherThere) {
-        return {"another file has appeared there in the meantime", true};
-    }
-    const std::string reason = result.error ? ReasonOf(result.error) : std::string();
-    if (result.isInPlace && !reason.empty()) {
-        return {"the new file is in place, but its folder could not be flushed to disk: " + reason};
-    }
-    return {reason};
-}
-
 }  // namespace
 
 FilePlace LookAtPlace(const fs::path& file) {
@@ -136,11 +130,19 @@ std::string StartOf(FilePlace& place) {
 }
 
 WriteFailure ReplaceFile(const FilePlace& place, const std::string& bytes) {
-    return Put(place, bytes, {place.isTaken && !place.read, place.read});
-}
-
-WriteFailure MakeFile(const FilePlace& place, const std::string& bytes) {
-    return Put(place, bytes, {});
+    if (!place.reason.empty()) {
+        return {place.reason};
+    }
+    const PutResult result =
+        PutFile(place.file, TemporaryName(), bytes, {place.isTaken && !place.read, place.read});
+    if (result.isAnotherThere) {
+        return {"another file has appeared there in the meantime", true};
+    }
+    const std::string reason = result.error ? ReasonOf(result.error) : std::string();
+    if (result.isInPlace && !reason.empty()) {
+        return {"the new file is in place, but its folder could not be flushed to disk: " + reason};
+    }
+    return {reason};
 }
 
 std::string TemporaryName() {
@@ -156,12 +158,7 @@ void RemoveLeftOvers(const fs::path& folder, fs::file_type type) {
     for (const std::string& name : NamesIn(folder, TemporaryStart())) {
         const fs::path path = folder / PathOf(name);
         if (IsLeftOver(name) && IsOwn(path) && fs::symlink_status(path, ignored).type() == type) {
-            for (const std::string& file : type == fs::file_type::directory
-                                               ? NamesIn(path, "")
-                                               : std::vector<std::string>()) {
-                fs::remove(path / PathOf(file), ignored);
-            }
-            fs::remove(path, ignored);
+            RemoveWithFiles(path);
         }
     }
 }

@@ -30,13 +30,11 @@ struct WriteFailure {
     bool isAnotherThere = false;  ///< a file that came meanwhile is why
 };
 
-/// Replaces the file at a place that was looked at in one step, or makes it anew. No link that has
-/// come there meanwhile is followed. When it fails, the old file is whole, unless the reason says
-/// that the new one is there, and nothing is left behind.
+/// Replaces the file that was at a place when it was looked at, in one step; where none was, makes
+/// it, and one that has come meanwhile stays. No link that has come there is followed. When it
+/// fails, the old file is whole, unless the reason says that the new one is there, and nothing is
+/// left behind.
 WriteFailure ReplaceFile(const FilePlace& place, const std::string& bytes);
-
-/// The same where no file is. One that comes meanwhile stays.
-WriteFailure MakeFile(const FilePlace& place, const std::string& bytes);
 
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();

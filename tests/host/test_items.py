@@ -52,6 +52,8 @@ class Items(ProgramTest):
         done = self.run_program("items", "--matrix", recipe)
         self.check(done, 0)
         self.assertIn("fiber-orientation", done.stdout)
+        recipe = self.make_recipe(PROJECT + "type = 3\n[target]\nannealing = true\n")
+        self.check(self.run_program("items", "--matrix", recipe), 0)
 
     def test_the_solvers_without_a_recipe_are_those_of_a_solid_project(self):
         done = self.run_program("items", "--solvers")

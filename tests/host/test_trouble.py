@@ -210,7 +210,7 @@ class Trouble(ProgramTest):
                                               environment=environment), expected)
         self.assertEqual(self.on_terminal("wirte", columns=40, stream="stderr", code=2), (
             "\x1b[31mzorbi2: The following argument was not\n    expected: wirte; "
-            "closest matches: write,\n    init, items\x1b[0m\nfor usage, run zorbi2 --help\n"))
+            "closest matches:\n    write, init, items\x1b[0m\nfor usage, run zorbi2 --help\n"))
 
 
 if __name__ == "__main__":

@@ -45,7 +45,7 @@ public:
 
 private:
     void WriteControlFile(Job& job);
-    bool PutInPlace(Job& job, const FilePlace& place, bool mayTryAgain);
+    bool PutInPlace(const Job& job, const FilePlace& place, bool mayTryAgain);
     void WriteJobs();
     void Show(const Job& job);
     void ShowSummary();
@@ -62,23 +62,19 @@ private:
     Json list_ = Json::array();
 };
 
-/// Puts the text in its place, unless a file has come there meanwhile, which is to be kept. Returns
-/// false when that file must be looked at first.
-bool Writer::PutInPlace(Job& job, const FilePlace& place, bool mayTryAgain) {
+/// Puts the text in its place. Returns false when a file has come there meanwhile, which must be
+/// looked at first.
+bool Writer::PutInPlace(const Job& job, const FilePlace& place, bool mayTryAgain) {
     const fs::path folder = place.file.parent_path();
     if (cleanFolders_.insert(folder).second) {
         RemoveLeftOvers(folder, fs::file_type::regular);
     }
-    const WriteFailure failure =
-        options_.keep ? MakeFile(place, job.text) : ReplaceFile(place, job.text);
-    if (failure.isAnotherThere && options_.keep) {
-        job.change = Change::isKept;
-    } else if (failure.isAnotherThere && mayTryAgain) {
-        return false;
-    } else if (!failure.reason.empty()) {
+    const WriteFailure failure = ReplaceFile(place, job.text);
+    const bool isToBeTriedAgain = failure.isAnotherThere && mayTryAgain;
+    if (!failure.reason.empty() && !isToBeTriedAgain) {
         FailToWrite(job, failure.reason);
     }
-    return true;
+    return !isToBeTriedAgain;
 }
 
 void Writer::WriteControlFile(Job& job) {
