@@ -1,6 +1,4 @@
 // The command "check": reads control parameter files from disk and reports their faults.
-#include <algorithm>
-#include <iterator>
 #include <memory>
 #include <optional>
 
@@ -34,23 +32,14 @@ void PrintWords(const ControlFile& file, Terminal& terminal) {
     }
 }
 
-/// Checks one file. Throws when it cannot be read.
-Checked CheckFile(const std::string& name, const std::optional<std::string>& wanted,
-                  const Surroundings& host, OfferCheck& offers) {
-    const std::string text = ReadControlText(name, host);
-    Checked file = CheckText(name, text, offers);
-    if (wanted) {
-        std::ranges::move(DifferencesFrom(*wanted, name, text), std::back_inserter(file.problems));
-    }
-    std::ranges::stable_sort(file.problems, {}, [](const auto& found) { return found.place.line; });
-    if (host.terminal.options.strict) {
-        MakeStrict(file.problems);
-    }
-    return file;
+/// Holds a file against what a recipe would write.
+void Compare(CheckedFile& file, const std::string& wanted) {
+    AddTo(file.problems, DifferencesFrom(wanted, file.name, *file.text));
+    SortByLine(file.problems);
 }
 
 /// Tells of a file that is fine.
-void ShowFile(const Checked& file, bool show, Terminal& terminal) {
+void ShowFile(const CheckedFile& file, bool show, Terminal& terminal) {
     const std::size_t warnings = file.problems.size();
     (show ? terminal.out : terminal.news)
         << Visible(file.name) << ": no errors"
@@ -78,11 +67,9 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
             problems.emplace_back(Place{}, "interrupted before " + name, ExitCode::fileTrouble);
             break;
         }
-        Checked file{name, {}, {}};
-        try {
-            file = CheckFile(name, wanted, host, offers);
-        } catch (const Failure& trouble) {
-            file.problems = trouble.List();
+        CheckedFile file = CheckFile(name, host, offers);
+        if (wanted && file.text) {
+            Compare(file, *wanted);
         }
         const bool isFine = !HasErrors(file.problems);
         if (isFine) {
@@ -90,7 +77,7 @@ ExitCode RunCheck(const CheckOptions& options, Terminal& terminal) {
             ++fine;
         }
         list.push_back(JsonOf(file, isFine));
-        problems.insert(problems.end(), file.problems.begin(), file.problems.end());
+        AddTo(problems, file.problems);
     }
     const ExitCode code = Report(problems, terminal.options, {{"files", list}});
     if (options.files.size() > 1) {

@@ -70,8 +70,7 @@ std::string Heading(const Recipe& recipe, const SolverSlot& slot) {
 }
 
 Json ShowDialog(const Recipe& recipe, Session& session, Terminal& terminal, Problems& problems) {
-    const Problems refused = session.ApplyRecipe();
-    problems.insert(problems.end(), refused.begin(), refused.end());
+    AddTo(problems, session.ApplyRecipe());
     const SolverSlot* slot = session.Engine().solverSlots[recipe.solver].get();
     if (slot == nullptr || !Offers(*slot, recipe.meshKind)) {
         return {{"items", Json::array()}};

@@ -230,7 +230,7 @@ private:
 
     void ThrowFaults() {
         constexpr std::size_t mostFaults = 20;
-        std::ranges::stable_sort(faults_, {}, [](const auto& fault) { return fault.place.line; });
+        SortByLine(faults_);
         if (faults_.size() > mostFaults) {
             faults_.erase(faults_.begin() + mostFaults, faults_.end());
             Add(faults_.back().place.line - 1, "more errors follow");

@@ -67,9 +67,9 @@ Names AskNames(const CZorbI2Engine& engine) {
 }
 
 std::filesystem::path SetControlFile(CZorbI2EngineManager& manager, const Recipe& recipe,
-                                     const std::string& folder, const std::string& extension) {
+                                     const std::string& folder) {
     manager.SetCMIFileFullPath(ForEngine(WithBackslash(folder)), ForEngine(recipe.controlName),
-                               recipe.project.runNumber, ForEngine(extension));
+                               recipe.project.runNumber, ForEngine(recipe.controlExtension));
     return PathOfAny(FromEngineText(manager.engine->cmiFileFullPath));
 }
 

@@ -27,6 +27,6 @@ Names AskNames(const CZorbI2Engine& engine);
 /// Tells the engine to put the recipe's control file into a folder. Returns the file's path. Looks
 /// at no file.
 std::filesystem::path SetControlFile(CZorbI2EngineManager& manager, const Recipe& recipe,
-                                     const std::string& folder, const std::string& extension);
+                                     const std::string& folder);
 
 }  // namespace host

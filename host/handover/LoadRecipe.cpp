@@ -25,7 +25,7 @@ Recipe LoadRecipe(const std::string& file, const Overrides& overrides, const Nam
     if (HasErrors(recipe.problems) && recipe.isTargetKnown) {
         Problems more = ProblemsOfPass(recipe);
         std::erase_if(more, [](const Problem& problem) { return problem.isWarning; });
-        recipe.problems.insert(recipe.problems.end(), more.begin(), more.end());
+        AddTo(recipe.problems, more);
     }
     SortByLine(recipe.problems);
     ThrowErrors(recipe.problems);

@@ -89,10 +89,8 @@ void Session::SetWeldLines() {
 }
 
 void Session::CheckRequired(Problems& problems) const {
-    for (const auto& [place, itemId, choice] : recipe_.required) {
-        const auto line = asked_.find(NameOf(itemId, itemKeys));
-        const bool isOn = line != asked_.end() && line->second == "1";
-        if (!isOn && !refused_.contains(itemId)) {
+    for (const auto& [place, itemId, noValue] : recipe_.required) {
+        if (!IsOn(asked_, NameOf(itemId, itemKeys)) && !refused_.contains(itemId)) {
             problems.emplace_back(
                 place, NameOf(itemId, shortNames) + " would not be on: " + ReasonAgainst(itemId),
                 ExitCode::notAvailable);
@@ -144,13 +142,11 @@ Problems Session::ApplyRecipe() {
     return problems;
 }
 
-const ControlFile& Session::Write(const std::filesystem::path& folder,
-                                  const std::string& extension) {
+void Session::Write() {
     manager_.SetOutFolder(ForEngine(recipe_.outFolder));
     manager_.SetMappedMeshFilePath(ForEngine(recipe_.mappedMesh));
-    SetControlFile(manager_, recipe_, Utf8Of(folder), extension);
+    SetControlFile(manager_, recipe_, ".");
     manager_.WriteCMIFile(0);
-    return asked_;
 }
 
 std::string Session::ReasonAgainst(std::int32_t itemId) const {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -36,8 +35,8 @@ public:
     /// What must stand in the control file, as far as ApplyRecipe came; empty before.
     const ControlFile& Asked() const { return asked_; }
 
-    /// Has the engine write the control file, and returns what must stand in it.
-    const ControlFile& Write(const std::filesystem::path& folder, const std::string& extension);
+    /// Has the engine write the control file into the scratch folder.
+    void Write();
 
 private:
     void CheckMissingResults();

@@ -6,6 +6,7 @@
 #include <new>
 #include <stdexcept>
 #include <system_error>
+#include <tuple>
 
 #include "problems/VisibleText.h"
 
@@ -39,6 +40,16 @@ bool HasErrors(const Problems& problems) {
     return !std::ranges::all_of(problems, &Problem::isWarning);
 }
 
+void AddTo(Problems& problems, const Problems& more) {
+    problems.insert(problems.end(), more.begin(), more.end());
+}
+
+void SortByLine(Problems& problems) {
+    std::ranges::stable_sort(problems, {}, [](const Problem& problem) {
+        return std::tuple(problem.place.line, problem.place.column);
+    });
+}
+
 void MakeStrict(Problems& problems) {
     for (Problem& problem : problems) {
         problem.isWarning = false;
@@ -60,8 +71,7 @@ void Collect(Problems& problems, const std::function<void()>& step) {
     try {
         step();
     } catch (const std::exception& error) {
-        const Problems found = ProblemsOf(error);
-        problems.insert(problems.end(), found.begin(), found.end());
+        AddTo(problems, ProblemsOf(error));
     }
 }
 

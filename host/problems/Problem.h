@@ -45,6 +45,11 @@ Problem Warning(Place where, const std::string& text, ExitCode whenStrict);
 
 bool HasErrors(const Problems& problems);
 
+void AddTo(Problems& problems, const Problems& more);
+
+/// In the order of the lines.
+void SortByLine(Problems& problems);
+
 /// Makes errors of the warnings.
 void MakeStrict(Problems& problems);
 

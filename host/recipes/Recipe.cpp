@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <set>
 #include <span>
-#include <tuple>
 
 #include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Types.h>
@@ -280,12 +279,6 @@ Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Nam
     SetDefault(recipe.controlName, recipe.project.projectName);
     SetDefault(recipe.outFolder, recipe.controlFolder);
     return recipe;
-}
-
-void SortByLine(Problems& problems) {
-    std::ranges::stable_sort(problems, {}, [](const Problem& problem) {
-        return std::tuple(problem.place.line, problem.place.column);
-    });
 }
 
 }  // namespace host

@@ -68,7 +68,4 @@ struct Overrides {
 Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Names& names,
                   const std::filesystem::path& folder, Purpose purpose);
 
-/// In the order of the recipe's lines.
-void SortByLine(Problems& problems);
-
 }  // namespace host

@@ -287,9 +287,9 @@ int NextFileNumber() {
 bool IsReadToItsEnd(int number, const std::filesystem::path& file) {
     struct stat there {};
     struct stat opened {};
-    return number < 0 || (stat(file.c_str(), &there) == 0 && fstat(number, &opened) == 0 &&
-                          there.st_dev == opened.st_dev && there.st_ino == opened.st_ino &&
-                          lseek(number, 0, SEEK_CUR) >= opened.st_size);
+    return number < 0 ||
+           (stat(file.c_str(), &there) == 0 && fstat(number, &opened) == 0 &&
+            IdOf(there) == IdOf(opened) && lseek(number, 0, SEEK_CUR) >= opened.st_size);
 }
 
 bool IsSafeFromOthers(const std::filesystem::path& folder) {

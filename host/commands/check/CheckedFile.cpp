@@ -1,33 +1,31 @@
 #include "commands/check/CheckedFile.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "commands/check/InWords.h"
 #include "system/HostPlatform.h"
 #include "system/Paths.h"
 
 namespace host {
 
-std::string ReadControlText(const std::string& name, const Surroundings& host) {
-    return FromEngineText(name == "-"
-                              ? ReadStandardInput({name})
-                              : ReadFile(PathOf(AbsolutePath(name, host.scratch.Start())), {name}));
-}
-
-Checked CheckText(const std::string& name, const std::string& text, OfferCheck& offers) {
-    Checked file{name, {}, {}};
+CheckedFile CheckFile(const std::string& name, const Surroundings& host, OfferCheck& offers) {
+    CheckedFile file{name};
     try {
+        const std::string& text = file.text.emplace(FromEngineText(
+            name == "-" ? ReadStandardInput({name})
+                        : ReadFile(PathOf(AbsolutePath(name, host.scratch.Start())), {name})));
         file.values = ReadControlFile(name, text);
         file.problems = OdditiesOf(name, text, file.values);
-        std::ranges::move(offers.Check(name, text, file.values), std::back_inserter(file.problems));
+        AddTo(file.problems, offers.Check(name, text, file.values));
     } catch (const Failure& faults) {
         file.problems = faults.List();
+    }
+    SortByLine(file.problems);
+    if (host.terminal.options.strict) {
+        MakeStrict(file.problems);
     }
     return file;
 }
 
-Json JsonOf(const Checked& file, bool isFine) {
+Json JsonOf(const CheckedFile& file, bool isFine) {
     return {{"file", file.name},
             {"ok", isFine},
             {"asks", isFine ? InWords(file.values) : Json(nullptr)}};

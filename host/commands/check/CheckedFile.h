@@ -1,6 +1,7 @@
 // A control file from disk, checked against its layout and against what the engine offers.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "commands/RecipeCommand.h"
@@ -10,19 +11,17 @@
 
 namespace host {
 
-/// What is known of a file once it is read.
-struct Checked {
+struct CheckedFile {
     std::string name;
-    ControlFile values;  ///< empty when lines are faulty
-    Problems problems;
+    std::optional<std::string> text = {};  ///< in UTF-8; none when the file cannot be read
+    ControlFile values = {};               ///< empty when lines are faulty
+    Problems problems = {};                ///< also why it cannot be read
 };
 
-/// The text in UTF-8; "-" is standard input. Throws a Failure when the file cannot be read.
-std::string ReadControlText(const std::string& name, const Surroundings& host);
-
-Checked CheckText(const std::string& name, const std::string& text, OfferCheck& offers);
+/// Reads a file and checks it; "-" is standard input.
+CheckedFile CheckFile(const std::string& name, const Surroundings& host, OfferCheck& offers);
 
 /// The file as the documents show it.
-Json JsonOf(const Checked& file, bool isFine);
+Json JsonOf(const CheckedFile& file, bool isFine);
 
 }  // namespace host

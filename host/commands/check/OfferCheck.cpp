@@ -61,8 +61,7 @@ public:
         CheckSolver();
         CheckAnnealing();
         CheckItems();
-        std::ranges::stable_sort(problems_, {},
-                                 [](const Problem& problem) { return problem.place.line; });
+        SortByLine(problems_);
         return std::move(problems_);
     }
 
@@ -72,8 +71,7 @@ private:
     }
 
     void Warn(const std::string& key, const std::string& message) {
-        Add(key, message);
-        problems_.back().isWarning = true;
+        problems_.push_back(Warning({name_, LineOf(text_, key)}, message, ExitCode::notAvailable));
     }
 
     std::string KindInWords() const {

@@ -192,22 +192,12 @@ Json EntryOf(Job& job, Surroundings& host, const FilesRead& recipesRead) {
 
 Json EntryOf(const std::string& file, const Surroundings& host, OfferCheck& offers,
              Problems& problems) {
-    std::string text;
-    Checked checked{file, {}, {}};
-    try {
-        text = ReadControlText(file, host);
-        checked = CheckText(file, text, offers);
-    } catch (const Failure& trouble) {
-        checked.problems = trouble.List();
-    }
-    if (host.terminal.options.strict) {
-        MakeStrict(checked.problems);
-    }
+    CheckedFile checked = CheckFile(file, host, offers);
     const bool isFine = !HasErrors(checked.problems);
     Json entry = JsonOf(checked, isFine);
     entry["status"] = isFine ? "read" : "failed";
     entry["problems"] = JsonOf(checked.problems);
-    entry["text"] = text;
+    entry["text"] = checked.text.value_or("");
     if (!checked.values.empty()) {
         AddWhatTheFileSays(entry, checked.values, *host.bareEngine.engine);
     }

@@ -31,9 +31,12 @@ struct ReportOptions {
 
 /// Whether a word of the command line names a control file. What cannot be read is one by its name.
 bool NamesControlFile(const std::string& word, const fs::path& start) {
+    if (word == "-") {
+        return false;
+    }
     const fs::path file = PathOf(AbsolutePath(word, start));
-    if (word == "-" || file.extension() == ".cmi") {
-        return word != "-";
+    if (file.extension() == ".cmi") {
+        return true;
     }
     constexpr std::size_t firstLine = 64;
     std::string text;
@@ -120,7 +123,7 @@ void Reporter::Add(const Json& entry, const Problems& problems) {
     if (host_.terminal.options.json) {
         list_.push_back(entry);
     }
-    problems_.insert(problems_.end(), problems.begin(), problems.end());
+    AddTo(problems_, problems);
 }
 
 /// Adds them until a signal comes.

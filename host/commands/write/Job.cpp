@@ -47,9 +47,6 @@ std::string DifferenceFrom(const ControlFile& asked, const std::string& text) {
         const Problem& fault = failure.List().front();
         return "line " + std::to_string(fault.place.line) + ": " + fault.message;
     }
-    if (found == asked) {
-        return {};
-    }
     for (const auto& [key, value] : asked) {
         const auto line = found.find(key);
         if (line == found.end() || line->second != value) {
@@ -110,8 +107,7 @@ std::vector<Job> ReadJobs(Surroundings& host, const std::vector<std::string>& re
             job.recipe =
                 LoadRecipe(file, overrides, host.names, host.scratch.Start(), Purpose::writing);
             job.problems = std::exchange(job.recipe.problems, {});
-            job.controlFile = SetControlFile(host.bareEngine, job.recipe, job.recipe.controlFolder,
-                                             job.recipe.controlExtension);
+            job.controlFile = SetControlFile(host.bareEngine, job.recipe, job.recipe.controlFolder);
             job.controlFileIdentity = FileIdentity(job.controlFile);
         });
     }
@@ -149,10 +145,11 @@ void MakeText(Job& job, Session& session, const GeneralOptions& options) {
         MakeStrict(problems);
     }
     ThrowErrors(problems);
-    job.problems.insert(job.problems.end(), problems.begin(), problems.end());
+    AddTo(job.problems, problems);
     SortByLine(job.problems);
     const TemporaryFile file{job.controlFile.filename()};  // in the scratch folder
-    ReadBack(job, file.path, session.Write(".", job.recipe.controlExtension));
+    session.Write();
+    ReadBack(job, file.path, session.Asked());
 }
 
 FilesRead FilesReadBy(const std::vector<Job>& jobs, const fs::path& start) {

@@ -124,7 +124,7 @@ void Writer::WriteJobs() {
         Show(job);
         done_ += job.IsDone() ? 1 : 0;
         wouldChange_ = wouldChange_ || (job.IsDone() && job.WouldChange());
-        problems_.insert(problems_.end(), job.problems.begin(), job.problems.end());
+        AddTo(problems_, job.problems);
         if (host_.terminal.options.json) {
             list_.push_back(JsonOf(job, NameOfDone(options_), options_.dryRun, options_.diff));
         }
