@@ -4,7 +4,8 @@
 
 namespace host {
 
-/// From now on a signal waits for EndAsSignaled. A second one ends the process at once.
+/// From now on a signal waits for EndAsSignaled. Another one ends the process at once: a second
+/// after the first or later, on Windows at any time.
 void KeepSignals();
 
 bool IsInterrupted();

@@ -9,19 +9,24 @@ namespace host {
 
 namespace {
 
-/// All that end a process, unless they tell of a fault in it or cannot be caught.
+/// With which people, shells and batch systems end a process.
 constexpr int endingSignals[] = {SIGHUP,  SIGINT,    SIGQUIT, SIGTERM, SIGXCPU,
                                  SIGALRM, SIGVTALRM, SIGPROF, SIGUSR1, SIGUSR2};
 
 volatile sig_atomic_t signalThatCame = 0;
+volatile sig_atomic_t isLater = 0;  // by a second: until then some programs repeat theirs
 
+/// The alarm ends calls that block only after the signal came.
 void Keep(int number) {
-    if (signalThatCame != 0 && number != SIGALRM) {
+    if (signalThatCame == 0) {
+        signalThatCame = number;
+    } else if (number == SIGALRM) {
+        isLater = 1;
+    } else if (isLater != 0) {
         signal(number, SIG_DFL);
         raise(number);
     }
-    signalThatCame = signalThatCame != 0 ? signalThatCame : number;
-    alarm(1);  // a call that blocks only after the signal is ended by the next one
+    alarm(1);
 }
 
 }  // namespace
