@@ -148,24 +148,26 @@ std::string SchemaAddress() {
 
 /// The path of a folder from that of a recipe, as both are called, or, where a link is in the way,
 /// as they are.
-fs::path FromRecipe(const fs::path& folder, const fs::path& home) {
-    const fs::path path = folder.lexically_proximate(home);
+std::string FromRecipe(const fs::path& folder, const fs::path& home) {
+    fs::path path = folder.lexically_proximate(home);
     std::error_code unknown;
-    return AbsolutePath(Utf8Of(path), home) == Utf8Of(folder)
-               ? path
-               : fs::proximate(folder, home, unknown);
+    if (AbsolutePath(Utf8Of(path), home) != Utf8Of(folder)) {
+        path = fs::proximate(folder, home, unknown);
+    }
+    const std::u8string generic = path.generic_u8string();
+    const std::string text(generic.begin(), generic.end());
+    const bool isMisread = text.starts_with('~') || (path.is_relative() && MayBeElsewhere(text));
+    return (isMisread ? "./" : "") + text;
 }
 
 std::string TextOf(const Recipe& recipe, const fs::path& home) {
     Session session(recipe);
     const CZorbFEAInformation& project = recipe.project;
-    const std::u8string generic =
-        FromRecipe(PathOf(project.projectFolder), home).generic_u8string();
     const std::map<std::string, std::string> values = {
         {"schema", SchemaAddress()},
         {"name", TomlText(project.projectName)},
         {"run", std::to_string(project.runNumber)},
-        {"folder", TomlText({generic.begin(), generic.end()})},
+        {"folder", TomlText(FromRecipe(PathOf(project.projectFolder), home))},
         {"analysis", project.solverType == kShellProject ? "\"shell\"" : "\"solid\""},
         {"voxel", TomlFlag(project.voxelFlag)},
         {"fiber", TomlFlag(project.flags[CZorbFEAInformation::kHasFiber])},
@@ -189,16 +191,15 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
     if (fs::is_directory(path, unknown)) {
         Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
     }
-    const FilePlace place = LookAtPlace(path);
-    if (mayReplace && place.isTaken && IsNamedAsOfARun(place.file)) {
-        Fail({file}, "is named like a file of a run, so it is not replaced; choose another name",
-             ExitCode::fileTrouble);
-    }
-    const bool isThere = place.isTaken && !mayReplace;
-    const auto [reason, isAnotherThere] = isThere ? WriteFailure{} : ReplaceFile(place, text);
-    if (isThere || (isAnotherThere && !mayReplace)) {
-        Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
-    }
+    const Look look = [&] {
+        const FilePlace place = LookAtPlace(path);
+        if (place.isTaken && !mayReplace) {
+            Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
+        }
+        RefuseNameOfRun(place, {file});
+        return place;
+    };
+    const std::string reason = ReplaceFile(look, text);
     if (!reason.empty()) {
         Fail({file}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }
@@ -206,6 +207,9 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
 
 Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& terminal) {
     const Run& run = found.run;
+    if (!IsInFileNames(run.name)) {
+        Fail({}, Quoted(run.name) + " is not " + fileNameRule, ExitCode::fileTrouble);
+    }
     const Recipe recipe = RecipeOf(run, Utf8Of(found.folder));
     CheckRun(recipe);
     const std::string file = Utf8Of(found.recipeFile);

@@ -10,7 +10,6 @@
 
 #include "problems/VisibleText.h"
 #include "system/Paths.h"
-#include "system/SafeFile.h"
 #include "system/SystemFiles.h"
 
 namespace host {
@@ -124,6 +123,22 @@ bool HasFileOf(const CZorbFEAInformation& project, const Place& place) {
     return hasFile;
 }
 
+/// Whether a file is named as those of a run, the recipe's or an earlier one, and stands with them.
+bool IsOfRun(const fs::path& file, const Recipe& recipe) {
+    const fs::path folder = PathOf(recipe.project.projectFolder);
+    const std::string start = FileIdentity(folder / PathOf(recipe.project.projectName));
+    const std::string name = FileIdentity(file);
+    return name.starts_with(start) && name.size() > start.size() && name[start.size()] >= '0' &&
+           name[start.size()] <= '9';
+}
+
+[[noreturn]] void FailAsOfRun(const FilePlace& file, const Place& place) {
+    const char* const text =
+        file.isTaken ? "is named like a file of a run, so it is not replaced; choose another name"
+                     : "would be taken for a result file of a run; choose another name";
+    Fail(place, text, ExitCode::fileTrouble);
+}
+
 /// What is in a folder, in any order. Throws a Failure, of a place, with the system's reason.
 std::vector<std::string> NamesOfEntries(const fs::path& folder, const Place& place) {
     std::vector<std::string> names;
@@ -157,8 +172,17 @@ std::vector<Run> RunsAmong(const std::vector<fs::path>& entries) {
     return runs;
 }
 
-bool IsNamedAsOfARun(const fs::path& file) {
-    return !RunsAmong({file}).empty();
+void RefuseNameOfRun(const FilePlace& file, const Place& place) {
+    if (!RunsAmong({file.file}).empty()) {
+        FailAsOfRun(file, place);
+    }
+}
+
+void RefuseNameOfRun(const FilePlace& file, const Recipe& recipe, const Place& place) {
+    if (file.isTaken && IsOfRun(file.file, recipe)) {
+        FailAsOfRun(file, place);
+    }
+    RefuseNameOfRun(file, place);
 }
 
 std::string Listed(const std::vector<Run>& runs) {

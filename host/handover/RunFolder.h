@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "recipes/Recipe.h"
+#include "system/SafeFile.h"
 
 namespace host {
 
@@ -27,8 +28,11 @@ std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder
 /// are read as the number in which the folder's name ends, or else in each of these ways.
 std::vector<Run> RunsAmong(const std::vector<std::filesystem::path>& entries);
 
-/// Whether a file is named as those of a run are.
-bool IsNamedAsOfARun(const std::filesystem::path& file);
+/// Throws a Failure for a file that is named like the result files of a run: one that is there must
+/// stay, and a new one would be taken for results. With a recipe, also for whatever is there with
+/// the project's name and a number, in the folder of its run.
+void RefuseNameOfRun(const FilePlace& file, const Place& place);
+void RefuseNameOfRun(const FilePlace& file, const Recipe& recipe, const Place& place);
 
 /// "Cover, run 2; Lid, run 11", without those of a long list; "none" when there is no run.
 std::string Listed(const std::vector<Run>& runs);

@@ -254,6 +254,10 @@ Place Recipe::PlaceOf(const std::string& name) const {
     return place != places.end() ? place->second : Place{file, 0, 0, name};
 }
 
+bool IsInFileNames(std::string_view name) {
+    return name.find_first_of(R"(/\:*?"<>|)") == std::string_view::npos && !name.starts_with('.');
+}
+
 Recipe ReadRecipe(const std::string& file, const Overrides& overrides, const Names& names,
                   const fs::path& folder, Purpose purpose) {
     Recipe recipe;

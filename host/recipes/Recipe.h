@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <zorbi2/CZorbFEAInformation.h>
@@ -61,6 +62,11 @@ struct Overrides {
     std::optional<std::string> controlFolder;
     std::vector<std::string> choices;  ///< "ITEM=CHOICE"
 };
+
+/// What a name must be that becomes a part of file names.
+inline constexpr const char* fileNameRule =
+    R"(a valid part of a file name: no leading dot and none of / \ : * ? " < > |)";
+bool IsInFileNames(std::string_view name);
 
 /// Reads a recipe whole, with the command line's values in it; "-" reads standard input. All that
 /// is wrong with it stands in its problems. The recipe's own path and those of the command line

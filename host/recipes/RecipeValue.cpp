@@ -162,8 +162,8 @@ std::string RecipeValue::Text(const char* hint) const {
 
 std::string RecipeValue::FileName() const {
     std::string name = Text();
-    if (name.find_first_of(R"(/\:*?"<>|)") != std::string::npos || name.rfind('.', 0) == 0) {
-        RefuseFor(R"(a valid part of a file name: no leading dot and none of / \ : * ? " < > |)");
+    if (!IsInFileNames(name)) {
+        RefuseFor(fileNameRule);
     }
     return name;
 }

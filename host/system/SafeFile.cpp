@@ -129,20 +129,24 @@ std::string StartOf(FilePlace& place) {
     return start;
 }
 
-WriteFailure ReplaceFile(const FilePlace& place, const std::string& bytes) {
-    if (!place.reason.empty()) {
-        return {place.reason};
+std::string ReplaceFile(const Look& look, const std::string& bytes) {
+    PutResult result;
+    for (int triesLeft = 10; triesLeft == 10 || (result.isAnotherThere && triesLeft > 0);
+         --triesLeft) {
+        const std::optional<FilePlace> place = look();
+        if (!place || !place->reason.empty()) {
+            return place ? place->reason : std::string();
+        }
+        result = PutFile(place->file, TemporaryName(), bytes,
+                         {place->isTaken && !place->read, place->read});
     }
-    const PutResult result =
-        PutFile(place.file, TemporaryName(), bytes, {place.isTaken && !place.read, place.read});
     if (result.isAnotherThere) {
-        return {"another file has appeared there in the meantime", true};
+        return "another file has appeared there in the meantime";
     }
     const std::string reason = result.error ? ReasonOf(result.error) : std::string();
-    if (result.isInPlace && !reason.empty()) {
-        return {"the new file is in place, but its folder could not be flushed to disk: " + reason};
-    }
-    return {reason};
+    return result.isInPlace && !reason.empty()
+               ? "the new file is in place, but its folder could not be flushed to disk: " + reason
+               : reason;
 }
 
 std::string TemporaryName() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -24,17 +25,14 @@ FilePlace LookAtPlace(const std::filesystem::path& file);
 /// is replaced there. Throws a Failure when it cannot be read.
 std::string StartOf(FilePlace& place);
 
-/// Why a file was not written.
-struct WriteFailure {
-    std::string reason;           ///< empty when it was
-    bool isAnotherThere = false;  ///< a file that came meanwhile is why
-};
+/// A look at a place; none when nothing is to be written there after all.
+using Look = std::function<std::optional<FilePlace>()>;
 
-/// Replaces the file that was at a place when it was looked at, in one step; where none was, makes
-/// it, and one that has come meanwhile stays. No link that has come there is followed. When it
-/// fails, the old file is whole, unless the reason says that the new one is there, and nothing is
-/// left behind.
-WriteFailure ReplaceFile(const FilePlace& place, const std::string& bytes);
+/// Replaces the file that was at a place when it was looked at, in one step, or makes it anew. No
+/// link that has come there is followed; for another file the place is looked at again. Returns why
+/// it could not; the old file is whole then, unless the reason says that the new one is there, and
+/// nothing is left behind.
+std::string ReplaceFile(const Look& look, const std::string& bytes);
 
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -32,6 +33,13 @@ namespace fs = std::filesystem;
 std::string StartOfNames() {
     return "zorbi2-" + host::MachineMark() + '-' + std::to_string(host::ProcessNumber()) + '-';
 }
+
+/// With a look that was taken before.
+std::string Replace(const host::FilePlace& place, const std::string& bytes) {
+    return host::ReplaceFile([&place] { return place; }, bytes);
+}
+
+constexpr const char* anotherCame = "another file has appeared there in the meantime";
 
 }  // namespace
 
@@ -69,7 +77,7 @@ TEST(SafeFile, DoesNotFollowALinkThatComesAfterTheLook) {
     const host::FilePlace place = host::LookAtPlace(folder.Path() / "old");
     fs::remove(folder.Path() / "old");
     fs::create_symlink("note", folder.Path() / "old");
-    EXPECT_EQ(host::ReplaceFile(place, "new").reason, "");
+    EXPECT_EQ(Replace(place, "new"), "");
     EXPECT_EQ(folder.BytesOf("note"), "note");
     EXPECT_EQ(folder.BytesOf("old"), "new");
     EXPECT_FALSE(fs::is_symlink(folder.Path() / "old"));
@@ -82,7 +90,7 @@ TEST(SafeFile, ReplacesOnlyWhatWasRead) {
     host::FilePlace place = host::LookAtPlace(folder.Path() / "old");
     EXPECT_EQ(host::StartOf(place), "old");
     fs::rename(folder.Path() / "note", folder.Path() / "old");
-    EXPECT_TRUE(host::ReplaceFile(place, "new").isAnotherThere);
+    EXPECT_EQ(Replace(place, "new"), anotherCame);
     EXPECT_EQ(folder.BytesOf("old"), "note");
 }
 
@@ -90,11 +98,42 @@ TEST(SafeFile, ReplacesNothingWhereNothingWas) {
     const support::TemporaryFolder folder;
     const host::FilePlace place = host::LookAtPlace(folder.Path() / "new");
     folder.MakeFile("new", "note");
-    EXPECT_TRUE(host::ReplaceFile(place, "new").isAnotherThere);
+    EXPECT_EQ(Replace(place, "new"), anotherCame);
     EXPECT_EQ(folder.BytesOf("new"), "note");
     fs::remove(folder.Path() / "new");
-    EXPECT_EQ(host::ReplaceFile(place, "new").reason, "");
+    EXPECT_EQ(Replace(place, "new"), "");
     EXPECT_EQ(folder.BytesOf("new"), "new");
+}
+
+TEST(SafeFile, IsLookedForAgainWhenAnotherCame) {
+    const support::TemporaryFolder folder;
+    const fs::path file = folder.Path() / "new";
+    const host::FilePlace before = host::LookAtPlace(file);
+    folder.MakeFile("new", "note");
+    int looks = 0;
+    const auto look = [&] { return ++looks < 3 ? before : host::LookAtPlace(file); };
+    EXPECT_EQ(host::ReplaceFile(look, "new"), "");
+    EXPECT_EQ(looks, 3);
+    EXPECT_EQ(folder.BytesOf("new"), "new");
+}
+
+TEST(SafeFile, IsLookedForTenTimes) {
+    const support::TemporaryFolder folder;
+    const host::FilePlace before = host::LookAtPlace(folder.Path() / "new");
+    folder.MakeFile("new", "note");
+    int looks = 0;
+    const auto look = [&] {
+        ++looks;
+        return before;
+    };
+    EXPECT_EQ(host::ReplaceFile(look, "new"), anotherCame);
+    EXPECT_EQ(looks, 10);
+}
+
+TEST(SafeFile, IsLeftWhenNothingIsToBeWritten) {
+    const support::TemporaryFolder folder;
+    EXPECT_EQ(host::ReplaceFile([] { return std::nullopt; }, "new"), "");
+    EXPECT_TRUE(fs::is_empty(folder.Path()));
 }
 
 TEST(SafeFile, IsRefusedWhereLinksLeadInACircle) {

@@ -191,6 +191,10 @@ class Init(ProgramTest):
                  r'"Geh\xe4use" is not valid UTF-8, so a recipe cannot contain it'),
                 (b"fine", b"L\xe4d02.k5f",
                  r'"L\xe4d" is not valid UTF-8, so a recipe cannot contain it'),
+                (b"odd", b"a:b02.k5f", '"a:b" is not a valid part of a file name: no leading dot '
+                 'and none of / \\ : * ? " < > |'),
+                (b"hidden", b".b02.k5f", '".b" is not a valid part of a file name: no leading dot '
+                 'and none of / \\ : * ? " < > |'),
                 (b"a\nb", b"Lid02.k5f",
                  r'"a\nb" contains control characters, which are not allowed in a recipe')):
             path = os.fsencode(self.folder) + b"/" + folder
@@ -324,6 +328,13 @@ class Init(ProgramTest):
             self.check(self.run_program("init", "Run02", "-o", "pipe", *force), 3, "",
                        f"{own_path(self.folder / 'pipe')}: cannot be written: it is a pipe or a "
                        "device, not a regular file\n")
+
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
+    def test_folders_are_taken_for_none_of_home_or_another_machine(self):
+        for folder in ("~run", "c:"):
+            self.make_run(folder=folder)
+            self.check(self.run_program("init", folder, "--force"), 0)
+            self.check(self.run_program("write", "--check", "Cover02.toml"), 1)
 
     def test_names_with_odd_characters_are_quoted(self):
         self.make_run(name="Füße's {run} 02", folder="Gehäuse/Run02", files=[".k5f"])

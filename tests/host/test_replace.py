@@ -140,6 +140,27 @@ class Replace(ProgramTest):
         self.file.unlink()
         self.write("--no-clobber", word="new")
 
+    @NOT_ON_WINDOWS
+    def test_no_clobber_keeps_what_cannot_be_read_or_written(self):
+        self.file.write_text(OLD)
+        self.as_another_user()
+        for mode in (0o444, 0):
+            self.file.chmod(mode)
+            done = self.run_program("write", "cover.toml", "--no-clobber", **self.as_nobody())
+            self.check(done, 0, f"kept     {self.file}\n")
+
+    def test_no_new_file_is_taken_for_a_result(self):
+        reason = "would be taken for a result file of a run; choose another name\n"
+        self.make_recipe(PROJECT + TARGET + '[control_file]\nfolder = "Run02"\nextension = "rsg"\n')
+        file = own_path(self.folder / "Run02" / "Cover02.rsg")
+        self.check(self.run_program("write", "cover.toml", "--force"), 3, "",
+                   f"cover.toml: {file}: {reason}")
+        for command in (["init", "Run02", "-o"], ["report", "cover.toml", "-o"]):
+            done = self.run_program(*command, "Run02/Cover02.rsg")
+            self.assertEqual(done.returncode, 3)
+            self.assertTrue(done.stderr.endswith(f"Cover02.rsg: {reason}"), done.stderr)
+        self.assertFalse((self.folder / "Run02" / "Cover02.rsg").exists())
+
     # ---- What stays of the old file -----------------------------------------------------------
 
     @NOT_ON_WINDOWS

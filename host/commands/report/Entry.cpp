@@ -170,11 +170,11 @@ Json EntryOf(Job& job, Surroundings& host, const FilesRead& recipesRead) {
         Session session(job.recipe);
         Attempt(job, options, [&] {
             MakeText(job, session, options);
-            CompareWithPlace(
-                job,
-                LookAtControlFile(job.controlFile, job.recipe,
-                                  recipesRead.contains(job.controlFileIdentity), false),
-                false, true);
+            const ControlFilePlace there = LookAtControlFile(
+                job.controlFile, job.recipe, recipesRead.contains(job.controlFileIdentity),
+                Replaces::controlFiles);
+            job.change = ChangeTo(there, job.text);
+            job.difference = job.WouldChange() ? DifferenceTo(there, job) : std::string();
         });
         Json found = OfferOf(job.recipe, session);
         if (job.IsDone()) {

@@ -87,10 +87,7 @@ FilePlace Reporter::LookAtPage() const {
     if (recipesRead_.contains(identity) || controlFilesRead_.contains(identity)) {
         Fail({name}, "is an input of this command, so it is not replaced", ExitCode::fileTrouble);
     }
-    if (place.isTaken && IsNamedAsOfARun(place.file)) {
-        Fail({name}, "is named like a file of a run, so it is not replaced; choose another name",
-             ExitCode::fileTrouble);
-    }
+    RefuseNameOfRun(place, {name});
     const std::string text = place.isTaken ? StartOf(place) : std::string();
     if (!text.empty() && !Page::IsPage(text) && !options_.force) {
         Fail({name}, "is not a report; use --force to replace it", ExitCode::fileTrouble);
@@ -144,13 +141,12 @@ void Reporter::AddEntries() {
 }
 
 void Reporter::PutInPlace() {
-    const FilePlace place = LookAtPage();  // again: the entries have taken their time
-    RemoveLeftOvers(place.file.parent_path(), fs::file_type::regular);
+    RemoveLeftOvers(file_.parent_path(), fs::file_type::regular);
     const std::string text = page_.Text(summary_.AsJson());
     if (HasLackedMemory()) {
         throw std::bad_alloc();  // the page may be cut off
     }
-    const std::string reason = ReplaceFile(place, text).reason;
+    const std::string reason = ReplaceFile([this] { return LookAtPage(); }, text);
     if (!reason.empty()) {
         Fail({*options_.page}, "cannot be written: " + reason, ExitCode::fileTrouble);
     }

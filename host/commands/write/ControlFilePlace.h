@@ -17,15 +17,19 @@ enum class Change { none, isNew, isChanged, isKept };
 using FilesRead = std::set<std::string>;
 
 struct ControlFilePlace : FilePlace {
-    std::string text;  ///< of the file that is there
+    std::string text = {};  ///< of the file that is there, unless it is kept
+    bool isKept = false;    ///< whatever it is
 };
+
+/// What a call replaces.
+enum class Replaces { controlFiles, anyFile, nothing };
 
 /// Whether a text starts as control files do.
 bool IsControlFile(const std::string& text);
 
-/// Throws a Failure for what may not be replaced: what is no control file, unless forced, and what
-/// the call reads always.
+/// Throws a Failure for a place where no file can be written, for a file that the call reads, for
+/// one that is named like a file of a run, and for one that the call does not replace.
 ControlFilePlace LookAtControlFile(const std::filesystem::path& file, const Recipe& recipe,
-                                   bool isRead, bool isForced);
+                                   bool isRead, Replaces replaces);
 
 }  // namespace host

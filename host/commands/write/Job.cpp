@@ -163,16 +163,17 @@ FilesRead FilesReadBy(const std::vector<Job>& jobs, const fs::path& start) {
     return files;
 }
 
-void CompareWithPlace(Job& job, const ControlFilePlace& there, bool isKept, bool isToDiffer) {
-    job.change = !there.isTaken           ? Change::isNew
-                 : isKept                 ? Change::isKept
-                 : there.text == job.text ? Change::none
-                                          : Change::isChanged;
-    if (isToDiffer && job.WouldChange()) {
-        const std::string name = Utf8Of(job.controlFile);
-        job.difference = TextDifference(there.isTaken ? name : "/dev/null",
-                                        FromEngineText(there.text), name, FromEngineText(job.text));
-    }
+Change ChangeTo(const ControlFilePlace& there, const std::string& text) {
+    return !there.isTaken       ? Change::isNew
+           : there.isKept       ? Change::isKept
+           : there.text == text ? Change::none
+                                : Change::isChanged;
+}
+
+std::string DifferenceTo(const ControlFilePlace& there, const Job& job) {
+    const std::string name = Utf8Of(job.controlFile);
+    return TextDifference(there.isTaken ? name : "/dev/null", FromEngineText(there.text), name,
+                          FromEngineText(job.text));
 }
 
 std::string WordFor(Change change) {

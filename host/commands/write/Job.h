@@ -21,7 +21,7 @@ struct Job {
     std::string text;              ///< of the file
     Change change = Change::none;  ///< that the text makes to the file
     std::string difference;        ///< from the old text, when it is to be shown
-    bool isFinished = false;       ///< with success, before any signal came
+    bool isInTime = false;         ///< its file was looked at before any signal came
 
     /// Whether a file would be written.
     bool WouldChange() const { return change == Change::isNew || change == Change::isChanged; }
@@ -47,8 +47,9 @@ void MakeText(Job& job, Session& session, const GeneralOptions& options);
 /// All that the recipes of the call are read from, and that they have the translator read.
 FilesRead FilesReadBy(const std::vector<Job>& jobs, const std::filesystem::path& start);
 
-/// Finds out what the text makes of the file that is there, and on request how they differ.
-void CompareWithPlace(Job& job, const ControlFilePlace& there, bool isKept, bool isToDiffer);
+/// What the text makes of the file that is there, and how it differs from that file's.
+Change ChangeTo(const ControlFilePlace& there, const std::string& text);
+std::string DifferenceTo(const ControlFilePlace& there, const Job& job);
 
 /// What the lines and the documents call it.
 std::string WordFor(Change change);

@@ -29,6 +29,9 @@ struct WriteOptions {
     bool force = false;
 
     bool WritesNothing() const { return dryRun || diff || check; }
+    Replaces WhatItReplaces() const {
+        return keep ? Replaces::nothing : force ? Replaces::anyFile : Replaces::controlFiles;
+    }
 };
 
 /// What a job is that went well: "written".
@@ -45,7 +48,7 @@ public:
 
 private:
     void WriteControlFile(Job& job);
-    bool PutInPlace(const Job& job, const FilePlace& place, bool mayTryAgain);
+    std::optional<FilePlace> LookForPlace(Job& job);
     void WriteJobs();
     void Show(const Job& job);
     void ShowSummary();
@@ -62,36 +65,32 @@ private:
     Json list_ = Json::array();
 };
 
-/// Puts the text in its place. Returns false when a file has come there meanwhile, which must be
-/// looked at first.
-bool Writer::PutInPlace(const Job& job, const FilePlace& place, bool mayTryAgain) {
-    const fs::path folder = place.file.parent_path();
+/// Where the text goes, if it is to be written.
+std::optional<FilePlace> Writer::LookForPlace(Job& job) {
+    const ControlFilePlace there =
+        LookAtControlFile(job.controlFile, job.recipe, filesRead_.contains(job.controlFileIdentity),
+                          options_.WhatItReplaces());
+    job.change = ChangeTo(there, job.text);
+    if (options_.diff && job.WouldChange()) {
+        job.difference = DifferenceTo(there, job);
+    }
+    job.isInTime = !IsInterrupted();  // a signal may have ended a call of the engine
+    if (!job.isInTime || !job.WouldChange() || options_.WritesNothing()) {
+        return std::nullopt;
+    }
+    const fs::path folder = there.file.parent_path();
     if (cleanFolders_.insert(folder).second) {
         RemoveLeftOvers(folder, fs::file_type::regular);
     }
-    const WriteFailure failure = ReplaceFile(place, job.text);
-    const bool isToBeTriedAgain = failure.isAnotherThere && mayTryAgain;
-    if (!failure.reason.empty() && !isToBeTriedAgain) {
-        FailToWrite(job, failure.reason);
-    }
-    return !isToBeTriedAgain;
+    return there;
 }
 
 void Writer::WriteControlFile(Job& job) {
     MakeText(job, host_.terminal.options);
-    bool isDone = false;
-    for (int triesLeft = 10; !isDone; --triesLeft) {  // others may write the same file
-        const ControlFilePlace there = LookAtControlFile(
-            job.controlFile, job.recipe, filesRead_.contains(job.controlFileIdentity),
-            options_.force || options_.keep);
-        CompareWithPlace(job, there, options_.keep, options_.diff);
-        if (IsInterrupted()) {
-            return;  // a signal may have ended a call of the engine
-        }
-        isDone =
-            !job.WouldChange() || options_.WritesNothing() || PutInPlace(job, there, triesLeft > 0);
+    const std::string reason = ReplaceFile([&] { return LookForPlace(job); }, job.text);
+    if (!reason.empty()) {
+        FailToWrite(job, reason);
     }
-    job.isFinished = true;
 }
 
 /// A line for each file, on a terminal one for all of them. Failures are told at the end.
@@ -117,7 +116,7 @@ void Writer::WriteJobs() {
         if (!IsInterrupted()) {
             Attempt(job, host_.terminal.options, [&] { WriteControlFile(job); });
         }
-        if (IsInterrupted() && !job.isFinished) {
+        if (IsInterrupted() && !job.isInTime) {
             return;
         }
         ++tried_;
