@@ -4,6 +4,16 @@
 
 namespace host {
 
+std::vector<std::string> FlagsOf(const CLI::App& commandLine) {
+    std::vector<std::string> flags;
+    for (const CLI::Option* option : commandLine.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            flags.push_back("--" + name);
+        }
+    }
+    return flags;
+}
+
 void Arguments::Word(const char* name, std::string& word, const char* help) {
     commandLine_.add_option(name, word, help)->required();
 }

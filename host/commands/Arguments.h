@@ -13,6 +13,9 @@ class App;
 
 namespace host {
 
+/// All long flags: "--json".
+std::vector<std::string> FlagsOf(const CLI::App& commandLine);
+
 /// A command adds what it takes; the values stand in the command's variables once the command line
 /// is read, and must live until then.
 class Arguments {

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <iterator>
 
+#include "commands/Arguments.h"
 #include "commands/Completion.h"
 #include "console/Report.h"
 #include "recipes/Names.h"
@@ -84,22 +85,16 @@ std::vector<std::string> WithSingleChoices(const std::vector<std::string>& argum
 }
 
 /// The commands, or for a flag those of the app and of the command at hand.
-Vocabulary NamesLike(const std::string& word, const CLI::App& app) {
-    Vocabulary names;
+std::vector<std::string> NamesLike(const std::string& word, const CLI::App& app) {
+    std::vector<std::string> names;
     if (!word.starts_with('-')) {
-        for (const Command& command : Commands()) {
-            names.emplace_back(0, command.name);
-        }
+        std::ranges::copy(Commands() | std::views::transform(&Command::name),
+                          std::back_inserter(names));
         return names;
     }
-    std::vector<const CLI::App*> apps = {&app};
-    std::ranges::copy(app.get_subcommands(), std::back_inserter(apps));
-    for (const CLI::App* each : apps) {
-        for (const CLI::Option* option : each->get_options()) {
-            for (const std::string& name : option->get_lnames()) {
-                names.emplace_back(0, "--" + name);
-            }
-        }
+    names = FlagsOf(app);
+    for (const CLI::App* command : app.get_subcommands()) {
+        std::ranges::copy(FlagsOf(*command), std::back_inserter(names));
     }
     return names;
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "commands/Arguments.h"
 #include "recipes/Names.h"
 
 namespace host {
@@ -14,24 +15,20 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-Words WordsOf(const Vocabulary& vocabulary, const char* end) {
-    Words names;
-    for (const auto& [number, name] : vocabulary) {
-        names.push_back(name + end);
-    }
-    return names;
-}
-
 /// Values by their placeholder in the help.
 Words ValuesFor(const std::string& placeholder) {
     if (placeholder == "S") {
-        return WordsOf(solverKeywords, "");
+        return WordsOf(solverKeywords);
     }
     if (placeholder == "M") {
-        return WordsOf(meshKinds, "");
+        return WordsOf(meshKinds);
     }
     if (placeholder == "ITEM=CHOICE") {
-        return WordsOf(shortNames, "=");
+        Words items = WordsOf(shortNames);
+        for (std::string& item : items) {
+            item += '=';
+        }
+        return items;
     }
     if (placeholder == "RECIPE") {
         return {":recipes"};
@@ -40,16 +37,6 @@ Words ValuesFor(const std::string& placeholder) {
         return {};
     }
     return {placeholder.ends_with("FOLDER") ? ":folders" : ":files"};
-}
-
-Words Flags(const CLI::App& app) {
-    Words flags;
-    for (const CLI::Option* option : app.get_options()) {
-        for (const std::string& name : option->get_lnames()) {
-            flags.push_back("--" + name);
-        }
-    }
-    return flags;
 }
 
 Words CommandsOf(const CLI::App& app) {
@@ -107,8 +94,8 @@ Words AllAfter(const CLI::App& app, const Words& words, std::string_view last) {
         return ValuesFor(option->get_type_name());
     }
     if (last.starts_with('-')) {
-        Words flags = Flags(command);
-        std::ranges::copy(hasCommand ? Flags(app) : Words(), std::back_inserter(flags));
+        Words flags = FlagsOf(command);
+        std::ranges::copy(hasCommand ? FlagsOf(app) : Words(), std::back_inserter(flags));
         return flags;
     }
     return hasCommand ? ValuesOfArguments(command) : known;

@@ -12,11 +12,7 @@ namespace {
 
 /// A value that is one of some names, which the recipe may also spell otherwise or give as numbers.
 Json NameSchema(const Vocabulary& words) {
-    Json names = Json::array();
-    for (const auto& [number, word] : words) {
-        names.push_back(word);
-    }
-    return {{"anyOf", {{{"enum", names}}, {{"type", {"string", "integer"}}}}}};
+    return {{"anyOf", {{{"enum", WordsOf(words)}}, {{"type", {"string", "integer"}}}}}};
 }
 
 Json NumberSchema(const KeyForm& form) {

@@ -54,8 +54,8 @@ ExitCode Report(Problems problems, const GeneralOptions& options, const Json& co
         Json document = {{"version", 1}, {"command", options.command}};
         document.update(content);
         document["problems"] = JsonOf(problems);
-        // Bytes that are not UTF-8 become U+FFFD.
-        Print(document.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
+        // In ASCII, of which a terminal obeys nothing here; bytes that are not UTF-8 become U+FFFD.
+        Print(document.dump(2, ' ', true, Json::error_handler_t::replace) + '\n');
     }
     return gravest;
 }

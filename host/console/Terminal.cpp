@@ -6,14 +6,11 @@
 #include <sstream>
 #include <string_view>
 
+#include "problems/VisibleText.h"
+
 namespace host {
 
 namespace {
-
-/// Characters of a UTF-8 text.
-std::size_t WidthOf(const std::string& text) {
-    return std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
-}
 
 std::string_view Environment(const char* name) {
     const char* value = std::getenv(name);
@@ -42,7 +39,7 @@ std::string Screen::Colored(const std::string& text, Color color) const {
 }
 
 std::string Padded(const std::string& text, std::size_t width) {
-    return text + std::string(width - std::min(width, WidthOf(text)), ' ');
+    return text + std::string(width - std::min(width, CharactersIn(text)), ' ');
 }
 
 std::string Wrapped(const std::string& text, std::size_t columns, std::size_t indent,
@@ -50,9 +47,9 @@ std::string Wrapped(const std::string& text, std::size_t columns, std::size_t in
     std::string lines;
     std::size_t column = start;
     std::istringstream words(text);
-    for (std::string word; std::getline(words, word, ' '); column += WidthOf(word)) {
+    for (std::string word; std::getline(words, word, ' '); column += CharactersIn(word)) {
         if (!lines.empty()) {
-            const bool fits = column + 1 + WidthOf(word) <= columns;
+            const bool fits = column + 1 + CharactersIn(word) <= columns;
             lines += fits ? " " : "\n" + std::string(indent, ' ');
             column = fits ? column + 1 : indent;
         }

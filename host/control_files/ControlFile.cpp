@@ -30,12 +30,29 @@ bool IsOn(const ControlFile& file, const std::string& key) {
     return value != file.end() && value->second == "1";
 }
 
+std::string AngleKey(int range) {
+    return "[WELDLINE ANGLE] WeldlineAngle" + std::to_string(range + 1);  // the first is always 0
+}
+
+std::string RateKey(int range) {
+    return "[REDUCTION RATE] ReductionRate" + std::to_string(range);
+}
+
+std::optional<std::int32_t> MeshKindOf(const ControlFile& file) {
+    for (std::size_t kind = 0; kind < std::size(meshKeys); ++kind) {
+        if (IsOn(file, meshKeys[kind])) {
+            return static_cast<std::int32_t>(kind);
+        }
+    }
+    return std::nullopt;
+}
+
 bool IsMapped(const ControlFile& file) {
     return IsOn(file, meshKeys[kMeshMapped]) || IsOn(file, meshKeys[kMesh3DMappingShell]);
 }
 
 bool IsAnnealedMesh(const ControlFile& file) {
-    return file.contains("IsAnnealingDeformedMesh") &&
+    return file.contains(annealedMeshKey) &&
            file.at("ProjectType") == std::to_string(kProjectTypeAnnealing) &&
            std::ranges::none_of(meshKeys, [&file](const std::string& key) {
                return key != meshKeys[kMeshDeformed] && IsOn(file, key);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,14 @@ std::string Printed(double number);
 inline constexpr const char* meshKeys[] = {"IsOriginalMesh", "IsDeformedMesh", "IsMappedMesh",
                                            "Is3DMappingShell"};
 
+inline constexpr const char* annealedMeshKey = "IsAnnealingDeformedMesh";
+
+/// The keys of the weld lines' ranges of angles, which are 1 to 3: the angle at which one ends, and
+/// what remains of the strength there.
+std::string AngleKey(int range);
+std::string RateKey(int range);
+inline constexpr const char* digimatAngleKey = "[DIGIMAT WELDLINE ANGLE] WeldlineAngle";
+
 /// The options of kItemMicroMechanics, by option.
 inline constexpr const char* compositeModels[] = {"traditional", "Halpin-Tsai", "Mori-Tanaka"};
 
@@ -44,6 +53,9 @@ inline constexpr std::int32_t highestProjectType = 11;
 
 /// The number that a key has.
 double NumberAt(const ControlFile& file, const std::string& key);
+
+/// The mesh kind that is on; none when none is.
+std::optional<std::int32_t> MeshKindOf(const ControlFile& file);
 
 /// One of the two mesh kinds that need a mapped mesh.
 bool IsMapped(const ControlFile& file);

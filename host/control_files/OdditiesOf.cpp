@@ -6,6 +6,7 @@
 #include <zorbi2/ZorbI2Types.h>
 
 #include "control_files/ControlFile.h"
+#include "problems/VisibleText.h"
 
 namespace host {
 
@@ -32,6 +33,10 @@ private:
 
     bool IsBlank(const std::string& key) const {
         return file_.at(key).find_first_not_of(' ') == std::string::npos;
+    }
+
+    static std::string WithoutSection(const std::string& key) {
+        return Quoted(key.substr(key.rfind(' ') + 1));
     }
 
     double Number(const std::string& key) const { return NumberAt(file_, key); }
@@ -73,10 +78,10 @@ private:
 
     void CheckAngles() {
         double previous = 0.0;  // the first angle, which has a fixed text
-        for (const std::string number : {"2", "3", "4"}) {
-            const std::string key = "[WELDLINE ANGLE] WeldlineAngle" + number;
+        for (const int range : {1, 2, 3}) {
+            const std::string key = AngleKey(range);
             if (Number(key) <= previous) {
-                Warn(key, "\"WeldlineAngle" + number + "\" is " + file_.at(key) +
+                Warn(key, WithoutSection(key) + " is " + file_.at(key) +
                               ", which is not greater than the previous angle");
             }
             previous = Number(key);
@@ -84,11 +89,10 @@ private:
     }
 
     void CheckRates() {
-        for (const std::string number : {"1", "2", "3"}) {
-            const std::string key = "[REDUCTION RATE] ReductionRate" + number;
+        for (const int range : {1, 2, 3}) {
+            const std::string key = RateKey(range);
             if (Number(key) < 0.0 || Number(key) > 1.0) {
-                Warn(key,
-                     "\"ReductionRate" + number + "\" is " + file_.at(key) + "; rates are 0 to 1");
+                Warn(key, WithoutSection(key) + " is " + file_.at(key) + "; rates are 0 to 1");
             }
         }
     }

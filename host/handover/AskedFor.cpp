@@ -81,7 +81,7 @@ struct Asker {
             asked[meshKeys[kind]] = Flag(kind == recipe.meshKind && !recipe.annealing);
         }
         if (recipe.annealing) {
-            asked["IsAnnealingDeformedMesh"] = "1";
+            asked[annealedMeshKey] = "1";
         }
     }
 
@@ -131,10 +131,11 @@ struct Asker {
                 recipe.weldlineAngles.empty() ? usualAngles[i] : recipe.weldlineAngles[i];
             const double rate =
                 recipe.reductionRates.empty() ? usualRates[i] : recipe.reductionRates[i];
-            asked["[WELDLINE ANGLE] WeldlineAngle" + std::to_string(i + 2)] = Printed(angle);
-            asked["[REDUCTION RATE] ReductionRate" + std::to_string(i + 1)] = Printed(rate);
+            const int range = static_cast<int>(i) + 1;
+            asked[AngleKey(range)] = Printed(angle);
+            asked[RateKey(range)] = Printed(rate);
         }
-        asked["[DIGIMAT WELDLINE ANGLE] WeldlineAngle"] =
+        asked[digimatAngleKey] =
             Printed(recipe.digimatAngle.value_or(kDefaultDigimatWeldlineAngle));
     }
 };

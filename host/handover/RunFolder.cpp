@@ -173,7 +173,8 @@ std::vector<Run> RunsAmong(const std::vector<fs::path>& entries) {
 }
 
 void RefuseNameOfRun(const FilePlace& file, const Place& place) {
-    if (!RunsAmong({file.file}).empty()) {
+    // In upper case, too: it is the same file for Windows.
+    if (!RunsAmong({PathOf(InLowerCase(Utf8Of(file.file)))}).empty()) {
         FailAsOfRun(file, place);
     }
 }

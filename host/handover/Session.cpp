@@ -68,7 +68,8 @@ void Session::Choose(const Choice& choice, Problems& problems) {
         offered->IsSwitch() ? switchWords : Vocabulary(options.begin(), options.end());
     const std::optional<std::int32_t> number = Find(choice.value, words);
     if (!number) {
-        refuse(Quoted(choice.value) + " is not one of: " + Listed(words), ExitCode::badUsage);
+        refuse(Quoted(choice.value) + " is not one of: " + Listed(WordsOf(words)),
+               ExitCode::badUsage);
     } else if (!manager_.SetItemStatus(choice.itemId, *number, *number)) {
         refuse("the engine refuses " + Quoted(choice.value), ExitCode::notAvailable);
     } else {

@@ -95,11 +95,6 @@ void FailFor(int reason, const Place& place, const std::string& text) {
     Fail(place, text + ": " + std::strerror(reason), ExitCode::fileTrouble);
 }
 
-bool IsControl(char letter) {
-    const auto byte = static_cast<unsigned char>(letter);
-    return byte < 0x20 || byte == 0x7F;
-}
-
 std::string InOneLine(const Problem& problem) {
     const auto& [file, line, column, name] = problem.place;
     std::string place = file.empty() ? "zorbi2" : file;

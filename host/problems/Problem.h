@@ -82,9 +82,6 @@ std::string ReasonOf(const std::error_code& error);
 /// The system's reason, an errno, why a file or folder cannot be used.
 [[noreturn]] void FailFor(int reason, const Place& place, const std::string& text);
 
-/// A character that a terminal would obey.
-bool IsControl(char letter);
-
 /// "RECIPE:LINE:COLUMN: warning: message", as far as the place is known. All of it can be seen:
 /// files and words of the command line can have other characters in their names.
 std::string InOneLine(const Problem& problem);

@@ -8,7 +8,7 @@ namespace host {
 
 namespace {
 
-/// Code points that cannot be seen, or are none.
+/// Code points that cannot be seen, or that there are not.
 struct Invisible {
     std::uint32_t first;
     std::uint32_t last;
@@ -92,6 +92,15 @@ std::string_view StartOf(std::string_view line, std::size_t longest) {
 }
 
 }  // namespace
+
+bool IsControl(char character) {
+    const auto byte = static_cast<unsigned char>(character);
+    return byte < 0x20 || byte == 0x7F;
+}
+
+std::size_t CharactersIn(std::string_view text) {
+    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, IsContinuation));
+}
 
 std::string Visible(std::string_view text, std::string_view kept) {
     std::string visible;

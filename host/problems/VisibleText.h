@@ -2,10 +2,17 @@
 // others cannot be told from what they look like.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace host {
+
+/// A control character of ASCII.
+bool IsControl(char character);
+
+/// How many characters a text in UTF-8 has.
+std::size_t CharactersIn(std::string_view text);
 
 /// The text with all that cannot be seen shown as what it is: \t, \n, \x1b, \xff. Those characters
 /// of ASCII that are in `kept` stay.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <map>
 #include <numeric>
 
 #include <zorbi2/ControlFileFormat.h>
@@ -128,23 +129,12 @@ std::optional<std::int32_t> Find(std::string_view name, const Vocabulary& words)
     return std::nullopt;
 }
 
-std::string Nearest(std::string_view text, Vocabulary words) {
-    constexpr std::size_t count = 3;
-    const std::string wanted = Folded(text);
-    for (auto& [distance, word] : words) {  // in the place of the number, which is not told
-        distance = static_cast<std::int32_t>(Distance(wanted, Folded(word)));
+std::vector<std::string> WordsOf(const Vocabulary& vocabulary) {
+    std::vector<std::string> words;
+    for (const auto& [number, word] : vocabulary) {
+        words.push_back(word);
     }
-    std::ranges::stable_sort(words, {}, &Vocabulary::value_type::first);
-    words.resize(std::min(count, words.size()));
-    return Listed(words);
-}
-
-std::string Listed(const Vocabulary& words) {
-    std::vector<std::string> names;
-    for (const auto& [number, word] : words) {
-        names.push_back(word);
-    }
-    return Listed(names);
+    return words;
 }
 
 std::string Listed(const std::vector<std::string>& words) {
@@ -153,6 +143,22 @@ std::string Listed(const std::vector<std::string>& words) {
         list += (list.empty() ? "" : ", ") + word;
     }
     return list;
+}
+
+std::string Nearest(std::string_view text, const std::vector<std::string>& words) {
+    constexpr std::size_t most = 3;
+    const std::string wanted = Folded(text);
+    std::multimap<std::size_t, std::string> byDistance;
+    for (const std::string& word : words) {
+        byDistance.emplace(Distance(wanted, Folded(word)), word);
+    }
+    std::vector<std::string> nearest;
+    for (const auto& [distance, word] : byDistance) {
+        if (nearest.size() < most) {
+            nearest.push_back(word);
+        }
+    }
+    return Listed(nearest);
 }
 
 }  // namespace host

@@ -21,12 +21,13 @@ std::string NameOf(std::int32_t number, const Vocabulary& words);
 /// The number of a name; the number itself, written in digits, is a name too.
 std::optional<std::int32_t> Find(std::string_view name, const Vocabulary& words);
 
-/// The names that are most like a text, best first: "a, b, c".
-std::string Nearest(std::string_view text, Vocabulary words);
+std::vector<std::string> WordsOf(const Vocabulary& vocabulary);
 
-/// All names in their order: "a, b, c".
-std::string Listed(const Vocabulary& words);
+/// "a, b, c".
 std::string Listed(const std::vector<std::string>& words);
+
+/// Those that are most like a text, best first: "a, b, c".
+std::string Nearest(std::string_view text, const std::vector<std::string>& words);
 
 extern const Vocabulary shortNames;      ///< of the items
 extern const Vocabulary meshKinds;       ///< the engine's labels are the same words

@@ -24,7 +24,8 @@ std::string SectionOf(std::string_view key) {
     return std::string(key.substr(0, key.find('.')));
 }
 
-std::string Unknown(const std::string& kind, const std::string& name, const Vocabulary& known) {
+std::string Unknown(const std::string& kind, const std::string& name,
+                    const std::vector<std::string>& known) {
     return "unknown " + kind + " " + Quoted(name) + "; closest matches: " + Nearest(name, known);
 }
 
@@ -34,11 +35,7 @@ void RefuseKey(const RecipeReading& reading, const Place& place, const std::stri
         known.emplace(key.name);
         known.emplace(SectionOf(key.name));
     }
-    Vocabulary words;
-    for (const std::string& word : known) {
-        words.emplace_back(0, word);
-    }
-    reading.Refuse(place, Unknown("key", name, words));
+    reading.Refuse(place, Unknown("key", name, {known.begin(), known.end()}));
 }
 
 void ReadKey(const RecipeReading& reading, const Place& place, const std::string& name,
@@ -59,7 +56,7 @@ std::optional<std::int32_t> ItemNamed(const RecipeReading& reading, const Place&
                                       const std::string& name) {
     const std::optional<std::int32_t> itemId = Find(name, reading.names.items);
     if (!itemId) {
-        reading.Refuse(place, Unknown("item", name, reading.names.items));
+        reading.Refuse(place, Unknown("item", name, WordsOf(reading.names.items)));
     }
     return itemId;
 }

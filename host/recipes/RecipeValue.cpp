@@ -148,7 +148,7 @@ std::int32_t RecipeValue::OneOf() const {
     const Vocabulary words = form_.words(reading_.names);
     const std::optional<std::int32_t> number = Find(Word(), words);
     if (!number) {
-        RefuseFor("one of: " + Listed(words));
+        RefuseFor("one of: " + Listed(WordsOf(words)));
     }
     return number.value_or(0);
 }
@@ -170,7 +170,8 @@ std::string RecipeValue::FileName() const {
 
 std::string RecipeValue::Extension() const {
     std::string extension = FileName();
-    if (extension.ends_with('.') || extension.ends_with(' ')) {
+    const bool endsBadly = extension.ends_with('.') || extension.ends_with(' ');
+    if (endsBadly && IsInFileNames(extension)) {
         RefuseFor("a valid extension: no trailing dot or space, because Windows drops them");
     }
     return extension;

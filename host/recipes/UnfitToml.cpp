@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "problems/VisibleText.h"
+
 namespace host {
 
 namespace {
@@ -125,9 +127,8 @@ Part PartAt(std::string_view text, const Context& context) {
 UnfitToml PlaceIn(std::string_view text, std::size_t position, const char* reason) {
     const std::string_view before = text.substr(0, position);
     const std::string_view line = before.substr(before.rfind('\n') + 1);
-    const auto isFirstByte = [](char byte) { return (byte & 0xC0) != 0x80; };
     return {static_cast<std::uint32_t>(std::ranges::count(before, '\n') + 1),
-            static_cast<std::uint32_t>(std::ranges::count_if(line, isFirstByte) + 1), reason};
+            static_cast<std::uint32_t>(CharactersIn(line) + 1), reason};
 }
 
 }  // namespace

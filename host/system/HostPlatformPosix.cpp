@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cwctype>
 #include <utility>
 
 #include "system/HostPlatform.h"
@@ -22,9 +23,14 @@ bool showsTraceLines = false;
 }  // namespace
 
 extern "C" [[gnu::visibility("default")]] void OutputDebugStringW(const wchar_t* line) {
-    if (showsTraceLines) {
-        std::fprintf(stderr, "%ls\n", line);
+    if (!showsTraceLines) {
+        return;
     }
+    for (; *line != L'\0'; ++line) {
+        const auto character = static_cast<std::wint_t>(*line);  // paths may have any
+        std::fprintf(stderr, std::iswcntrl(character) != 0 ? "\\x%02x" : "%lc", character);
+    }
+    std::fputc('\n', stderr);
 }
 
 namespace host {
@@ -61,9 +67,20 @@ std::string FromEngineText(const std::string& text) {
 }
 
 std::string FileIdentity(const std::filesystem::path& file) {
-    std::error_code unknown;
-    const std::filesystem::path known = std::filesystem::weakly_canonical(file, unknown);
-    return (unknown ? file : known).string();
+    constexpr int mostLinks = 40;
+    std::filesystem::path known = file;
+    std::error_code error;
+    for (int i = 0; i < mostLinks && !error; ++i) {
+        const std::filesystem::path found = std::filesystem::weakly_canonical(known, error);
+        known = error ? known : found;
+        std::error_code isNone;
+        const auto target = std::filesystem::read_symlink(known, isNone);
+        if (isNone) {
+            break;
+        }
+        known = known.parent_path() / target;  // a link to a file that is not there yet
+    }
+    return known.string();
 }
 
 namespace {

@@ -89,6 +89,9 @@ std::string Follow(fs::path& file) {
                                                           fs::file_type::not_found;
             return leadsNowhere ? "it is a symbolic link to a file that does not exist" : "";
         }
+        if (link.error) {
+            return ReasonOf(link.error);
+        }
         if (!link.isTrusted) {
             return "it is a symbolic link of another user";
         }

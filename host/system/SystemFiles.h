@@ -30,6 +30,7 @@ struct Link {
     bool isThere = false;
     bool isTrusted = false;        ///< this user's or the administrator's; on Windows, any
     std::filesystem::path target;  ///< of a trusted one; may be relative to its folder
+    std::error_code error = {};    ///< why it cannot be read
 };
 
 Link LookAtLink(const std::filesystem::path& path);

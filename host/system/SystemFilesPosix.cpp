@@ -225,7 +225,10 @@ Link LookAtLink(const std::filesystem::path& path) {
     const ssize_t length = link.number >= 0 && fstat(link.number, &status) == 0
                                ? readlinkat(link.number, "", target.data(), target.size())
                                : -1;
-    if (length < 0 || (status.st_uid != geteuid() && status.st_uid != 0)) {
+    if (length < 0) {
+        return {true, false, {}, LastError()};
+    }
+    if (status.st_uid != geteuid() && status.st_uid != 0) {
         return {true, false, {}};
     }
     return {true, true, std::string(target.data(), static_cast<std::size_t>(length))};

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "commands/CommandLine.h"
+#include "problems/VisibleText.h"
 #include "tests/fuzz/MemoryPlatform.h"
 
 namespace {

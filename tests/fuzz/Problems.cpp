@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "problems/VisibleText.h"
 #include "tests/fuzz/MemoryPlatform.h"
 
 namespace fuzz {

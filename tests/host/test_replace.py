@@ -239,6 +239,11 @@ class Replace(ProgramTest):
                              f"r{number}.toml")
         self.assertEqual(self.run_program("write", "r2.toml", "r3.toml").returncode, 2)
         self.assertEqual((self.folder / "lid.cmi").read_text(), OLD)
+        (self.folder / "Cover02.cmi").unlink()
+        (self.folder / "Cover03.cmi").unlink()
+        (self.folder / "Cover03.cmi").symlink_to("Cover02.cmi")  # which is not there yet
+        self.assertEqual(self.run_program("write", "r2.toml", "r3.toml").returncode, 2)
+        self.assertFalse((self.folder / "Cover02.cmi").exists())
 
     @NOT_ON_WINDOWS
     def test_the_mode_stays(self):

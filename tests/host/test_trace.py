@@ -3,7 +3,7 @@
 import shutil
 import unittest
 
-from program import PROJECT, TARGET, ProgramTest, copy_example, own_path
+from program import ON_WINDOWS, PROJECT, TARGET, ProgramTest, copy_example, own_path
 
 
 class Trace(ProgramTest):
@@ -37,6 +37,15 @@ class Trace(ProgramTest):
                                 environment={"LC_ALL": "C"})
         self.check(done, 0, None, None)
         self.assertIn(own_path(self.folder / "Gehäuse" / "Run02") + "\\Cover02.cmx",
+                      done.stderr.splitlines())
+
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
+    def test_what_a_terminal_would_obey_is_shown_in_digits(self):
+        folder = self.folder / "a\nb\x1bc\u009bd"
+        copy_example(folder)
+        done = self.run_program("write", "cover.toml", "--trace", cwd=folder)
+        self.check(done, 0, None, None)
+        self.assertIn(str(self.folder / r"a\x0ab\x1bc\x9bd" / "Run02") + r"\Cover02.cmx",
                       done.stderr.splitlines())
 
     def test_each_engine_of_a_batch_traces(self):

@@ -19,7 +19,7 @@ std::string ItemsWith(const char* flag, const ControlFile& file) {
             items.emplace_back(itemId, NameOf(itemId, shortNames));
         }
     }
-    return items.empty() ? "none" : Listed(items);
+    return items.empty() ? "none" : Listed(WordsOf(items));
 }
 
 std::string ProjectOf(const ControlFile& file) {
@@ -50,23 +50,20 @@ std::string ReductionOf(const ControlFile& file, const std::string& section) {
 
 std::string WeldLinesOf(const ControlFile& file) {
     std::string words;
-    for (int number = 1; number <= 3; ++number) {  // angle 1 is always 0
-        words += file.at("[REDUCTION RATE] ReductionRate" + std::to_string(number)) + " at " +
-                 file.at("[WELDLINE ANGLE] WeldlineAngle" + std::to_string(number + 1)) +
-                 " degrees, ";
+    for (const int range : {1, 2, 3}) {
+        words += file.at(RateKey(range)) + " at " + file.at(AngleKey(range)) + " degrees, ";
     }
-    return words + "Digimat " + file.at("[DIGIMAT WELDLINE ANGLE] WeldlineAngle") + " degrees";
+    return words + "Digimat " + file.at(digimatAngleKey) + " degrees";
 }
 
 }  // namespace
 
 std::string MeshOf(const ControlFile& file) {
-    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
     if (IsAnnealedMesh(file)) {
         return "deformed after annealing";
     }
-    const auto kind = std::ranges::find_if(meshKeys, isOn) - std::begin(meshKeys);
-    return static_cast<std::size_t>(kind) < meshKinds.size() ? meshKinds[kind].second : "none";
+    const std::optional<std::int32_t> kind = MeshKindOf(file);
+    return kind ? NameOf(*kind, meshKinds) : "none";
 }
 
 std::string CompositeModelOf(const ControlFile& file) {
@@ -86,7 +83,7 @@ Json InWords(const ControlFile& file) {
     return {
         {"Solver", file.at("SolverName").empty() ? "none" : file.at("SolverName")},
         {"Mesh", MeshOf(file) + ", " + elements + " elements"},
-        {"Annealing", onOff("IsAnnealingDeformedMesh")},
+        {"Annealing", onOff(annealedMeshKey)},
         {"Mapped mesh", file.at("MapFile") == " " ? "none" : Quoted(file.at("MapFile"))},
         {"Map domain", "segments " + Product(file, "[MAP DOMAIN] Segment", "XYZ", "")},
         {"Output folder", Quoted(file.at("OutFolder"))},

@@ -13,14 +13,12 @@ namespace host {
 namespace {
 
 constexpr std::int32_t noSolver = -1;
-constexpr const char* annealingKey = "IsAnnealingDeformedMesh";
+constexpr std::int32_t noMeshKind = kMesh3DMappingShell + 1;
 
 Status StatusOf(const ControlFile& file) {
-    const auto isOn = [&file](const char* key) { return IsOn(file, key); };
-    const auto mesh = std::ranges::find_if(meshKeys, isOn) - std::begin(meshKeys);
     return {Find(file.at("SolverName"), solverKeywords).value_or(noSolver),
-            IsAnnealedMesh(file) ? kMeshDeformed : static_cast<std::int32_t>(mesh),
-            IsOn(file, annealingKey) ? kAnnealingDeformedMesh : 0};
+            IsAnnealedMesh(file) ? kMeshDeformed : MeshKindOf(file).value_or(noMeshKind),
+            IsOn(file, annealedMeshKey) ? kAnnealingDeformedMesh : 0};
 }
 
 ItemIds ItemsIn(const ControlFile& file) {
@@ -40,7 +38,7 @@ ItemIds Difference(const ItemIds& left, const ItemIds& right) {
 }
 
 bool HasMeshKind(const Status& status) {
-    return status.meshKind <= kMesh3DMappingShell;
+    return status.meshKind != noMeshKind;
 }
 
 std::string TargetInWords(const Status& status) {
@@ -97,9 +95,9 @@ private:
     }
 
     void CheckAnnealing() {
-        if (IsOn(file_, annealingKey) && !IsAnnealedMesh(file_)) {
-            Warn(annealingKey,
-                 Quoted(annealingKey) +
+        if (IsOn(file_, annealedMeshKey) && !IsAnnealedMesh(file_)) {
+            Warn(annealedMeshKey,
+                 Quoted(annealedMeshKey) +
                      " has no effect: it applies only to the deformed mesh in projects of "
                      "type " +
                      std::to_string(kProjectTypeAnnealing));

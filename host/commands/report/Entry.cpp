@@ -20,15 +20,12 @@ namespace {
 /// The reduction over the meeting angle: a rate for each range of angles.
 Json JsonOfWeldLines(const ControlFile& file) {
     Json ranges = Json::array();
-    for (int number = 1; number <= 3; ++number) {
-        const std::string angle = "[WELDLINE ANGLE] WeldlineAngle" + std::to_string(number + 1);
-        const std::string rate = "[REDUCTION RATE] ReductionRate" + std::to_string(number);
+    for (const int range : {1, 2, 3}) {
         ranges.push_back({{"from", ranges.empty() ? Json(0.0) : ranges.back()["to"]},
-                          {"to", NumberAt(file, angle)},
-                          {"rate", NumberAt(file, rate)}});
+                          {"to", NumberAt(file, AngleKey(range))},
+                          {"rate", NumberAt(file, RateKey(range))}});
     }
-    return {{"ranges", ranges},
-            {"digimatAngle", NumberAt(file, "[DIGIMAT WELDLINE ANGLE] WeldlineAngle")}};
+    return {{"ranges", ranges}, {"digimatAngle", NumberAt(file, digimatAngleKey)}};
 }
 
 /// What comes out of an item: of one without a line, whether it has results.
@@ -177,7 +174,7 @@ Json EntryOf(Job& job, Surroundings& host, const FilesRead& recipesRead) {
             job.difference = job.WouldChange() ? DifferenceTo(there, job) : std::string();
         });
         Json found = OfferOf(job.recipe, session);
-        if (job.IsDone()) {
+        if (job.IsFine()) {
             AddWhatIsAskedFor(found, session.Asked());
         }
         offer = std::move(found);

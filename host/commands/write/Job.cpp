@@ -117,7 +117,7 @@ std::vector<Job> ReadJobs(Surroundings& host, const std::vector<std::string>& re
 void RefuseSameFile(std::vector<Job>& jobs) {
     std::map<std::string, std::vector<Job*>> writers;
     for (Job& job : jobs) {
-        if (job.IsDone()) {
+        if (job.IsFine()) {
             writers[job.controlFileIdentity].push_back(&job);
         }
     }
@@ -192,15 +192,15 @@ std::string WordFor(Change change) {
 Json JsonOf(const Job& job, const std::string& whenDone, bool hasText, bool hasDifference) {
     Json entry = {{"recipe", job.recipe.file},
                   {"controlFile", Utf8Of(job.controlFile)},
-                  {"status", job.IsDone() ? whenDone : "failed"}};
-    if (job.IsDone()) {
+                  {"status", job.IsFine() ? whenDone : "failed"}};
+    if (job.IsFine()) {
         entry["change"] = WordFor(job.change);
     }
     entry["problems"] = JsonOf(job.problems);
-    if (job.IsDone() && hasText) {
+    if (job.IsFine() && hasText) {
         entry["text"] = FromEngineText(job.text);
     }
-    if (job.IsDone() && hasDifference) {
+    if (job.IsFine() && hasDifference) {
         entry["diff"] = job.difference;
     }
     return entry;

@@ -25,7 +25,8 @@ struct Job {
 
     /// Whether a file would be written.
     bool WouldChange() const { return change == Change::isNew || change == Change::isChanged; }
-    bool IsDone() const { return !HasErrors(problems); }
+    /// Whether nothing has gone wrong so far.
+    bool IsFine() const { return !HasErrors(problems); }
 };
 
 /// Does one step of a job, unless an earlier one failed. Keeps what goes wrong in the job.

@@ -98,13 +98,13 @@ void Writer::Show(const Job& job) {
     Terminal& terminal = host_.terminal;
     const bool isSingle = options_.recipes.size() == 1;
     const std::string file = Visible(Utf8Of(job.controlFile));
-    if (job.IsDone() && options_.dryRun) {
+    if (job.IsFine() && options_.dryRun) {
         terminal.out << (isSingle ? "" : "==> " + file + " <==\n") << job.text;
-    } else if (job.IsDone() && options_.diff && !job.difference.empty()) {
+    } else if (job.IsFine() && options_.diff && !job.difference.empty()) {
         terminal.out << job.difference << std::flush;
     } else if (terminal.isTerminal && !isSingle && !options_.WritesNothing()) {
         terminal.news << "\r[" << tried_ << "/" << options_.recipes.size() << "]" << std::flush;
-    } else if (job.IsDone()) {
+    } else if (job.IsFine()) {
         terminal.news << Padded(WordFor(job.change), sizeof "changed") << " " << file << std::endl;
     }
 }
@@ -121,8 +121,8 @@ void Writer::WriteJobs() {
         }
         ++tried_;
         Show(job);
-        done_ += job.IsDone() ? 1 : 0;
-        wouldChange_ = wouldChange_ || (job.IsDone() && job.WouldChange());
+        done_ += job.IsFine() ? 1 : 0;
+        wouldChange_ = wouldChange_ || (job.IsFine() && job.WouldChange());
         AddTo(problems_, job.problems);
         if (host_.terminal.options.json) {
             list_.push_back(JsonOf(job, NameOfDone(options_), options_.dryRun, options_.diff));
