@@ -18,7 +18,7 @@ namespace host {
 
 namespace {
 
-ExitCode Run(int argc, char** argv) {
+ExitCode RunCommand(int argc, char** argv) {
     CommandCall call;
     try {
         if (const auto early = ParseCommandLine(PrepareProcess(argc, argv), call)) {
@@ -33,7 +33,7 @@ ExitCode Run(int argc, char** argv) {
 
 ExitCode Main(int argc, char** argv) {
     RememberLackOfMemory();
-    const ExitCode code = Run(argc, argv);
+    const ExitCode code = RunCommand(argc, argv);
     if (code != ExitCode::fileTrouble && HasLackedMemory()) {
         Tell({{}, "out of memory", ExitCode::fileTrouble});  // a text may be cut off
         return ExitCode::fileTrouble;

@@ -36,7 +36,7 @@ void AddCommand(CLI::App& app, const Command& row, CommandCall& call) {
     command.footer(
         std::string("For --json, --trace, --quiet and --strict, see zorbi2 --help.\n\n") +
         "Example:\n  " + row.example);
-    command.fallthrough();  // --json and its like may stand behind the command
+    command.fallthrough();  // --json and its like may follow the command
     Arguments arguments(command);
     command.callback([&call, name = row.name, run = row.add(arguments)] {
         call.options.command = name;
@@ -68,7 +68,7 @@ std::string AllCommands() {
 }
 
 /// "--set A=1 B=2" as "--set A=1 --set B=2": left to itself, the option would either take one
-/// choice or swallow the recipes behind it too.
+/// choice or swallow the recipes after it too.
 std::vector<std::string> WithSingleChoices(const std::vector<std::string>& arguments) {
     std::vector<std::string> single;
     bool mayFollow = false;

@@ -12,7 +12,7 @@
 
 namespace host {
 
-/// What a control parameter file says: its values as printed, by their keys. A key stands behind
+/// What a control parameter file says: its values as printed, by their keys. A key follows
 /// its section except in the header: "QuadraticElement", "[MAP DOMAIN] SegmentX", "SolverName".
 /// Lines that are left out have no key here.
 using ControlFile = std::map<std::string, std::string>;

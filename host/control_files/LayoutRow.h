@@ -15,14 +15,14 @@ struct LayoutRow {
     std::string_view key;                   ///< of the line
     std::string name;                       ///< of its value in a ControlFile
     std::string_view before;                ///< text before the value; all of a fixed text
-    std::string_view after;                 ///< text behind the value
+    std::string_view after;                 ///< text after the value
     std::optional<ControlFileRange> range;  ///< that the row prints
     std::vector<std::string> tags;          ///< keys of a solver tag: of each solver's, or none
 
     bool IsFixed() const;  ///< without a value
     bool IsSolverTag() const;
 
-    /// Whether a line of a file is this row's, be it right or wrong behind its key.
+    /// Whether a line of a file is meant to be this row, whatever follows its key.
     bool IsOf(std::string_view keyOfLine) const;
 
     /// The value in a line that is this row with a value of its kind.

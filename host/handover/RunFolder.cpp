@@ -139,7 +139,7 @@ bool IsOfRun(const fs::path& file, const Recipe& recipe) {
     Fail(place, text, ExitCode::fileTrouble);
 }
 
-/// What is in a folder, in any order. Throws a Failure, of a place, with the system's reason.
+/// What is in a folder, in any order. Throws a Failure at a place with the system's reason.
 std::vector<std::string> NamesOfEntries(const fs::path& folder, const Place& place) {
     std::vector<std::string> names;
     if (const std::error_code error = AddNamesIn(folder, "", names)) {

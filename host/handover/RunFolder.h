@@ -20,7 +20,7 @@ struct Run {
     int Number() const { return std::stoi(number); }
 };
 
-/// What a folder holds, sorted. Throws a Failure, of a place, with the system's reason.
+/// What a folder holds, sorted. Throws a Failure at a place with the system's reason.
 std::vector<std::filesystem::path> EntriesOf(const std::filesystem::path& folder,
                                              const Place& place);
 
@@ -46,9 +46,9 @@ std::filesystem::path StartOfPaths(const CZorbFEAInformation& project);
 /// the recipe says that there need be none.
 void CheckRun(const Recipe& recipe);
 
-/// Looks before the engine opens them at the files of a run that it reads. Throws a Failure for one
-/// that is no regular file, and may have no end, that is larger than it can be, or that cannot be
-/// read, which the engine would take for results that are missing.
+/// Checks the files of a run that the engine opens before it does. Throws a Failure for one that is
+/// not a regular file, is too large or cannot be read: the engine would take its results for
+/// missing.
 void CheckFilesOfRun(const Recipe& recipe);
 
 /// The engine leaves the shot file open, by the number that was the next. Throws a Failure unless

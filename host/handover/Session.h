@@ -19,7 +19,8 @@ namespace host {
 class Session {
 public:
     /// Creates the engine, which looks for the run's result files. Throws a Failure for texts that
-    /// cannot be handed to the engine, and for files of the run that cannot be read.
+    /// cannot be handed to the engine, for files of the run that cannot be read, and for results
+    /// that were not found at first.
     explicit Session(const Recipe& recipe);
 
     const CZorbI2Engine& Engine() const { return *manager_.engine; }

@@ -84,7 +84,7 @@ std::string InDigits(char byte) {
     }
 }
 
-std::string_view StartOf(std::string_view line, std::size_t longest) {
+std::string_view FirstBytes(std::string_view line, std::size_t longest) {
     while (longest > 0 && IsContinuation(line[longest])) {
         --longest;
     }
@@ -120,7 +120,7 @@ std::string Quoted(std::string_view text) {
 std::string QuotedLine(std::string_view line) {
     constexpr std::size_t longest = 160;
     if (line.size() > longest) {
-        return '"' + Visible(StartOf(line, longest)) + "...\"";
+        return '"' + Visible(FirstBytes(line, longest)) + "...\"";
     }
     return Quoted(line) + (line.ends_with("  ")  ? " (with spaces at its end)"
                            : line.ends_with(' ') ? " (with a space at its end)"

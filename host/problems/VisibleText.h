@@ -14,8 +14,8 @@ bool IsControl(char character);
 /// How many characters a text in UTF-8 has.
 std::size_t CharactersIn(std::string_view text);
 
-/// The text with all that cannot be seen shown as what it is: \t, \n, \x1b, \xff. Those characters
-/// of ASCII that are in `kept` stay.
+/// The text with all that cannot be seen escaped: \t, \n, \x1b, \xff. Those characters of ASCII
+/// that are in `kept` stay.
 std::string Visible(std::string_view text, std::string_view kept = {});
 
 /// The same in quotes.

@@ -69,9 +69,9 @@ bool IsLikeADate(std::string_view number) {
     return false;
 }
 
-/// Whether a date has its ten characters and no time behind it.
-bool IsPlainDate(std::string_view date, std::string_view behind) {
-    const bool hasTime = behind.starts_with(' ') && IsAmong(decimalDigits, behind.back());
+/// Whether a date has its ten characters and no time after it.
+bool IsPlainDate(std::string_view date, std::string_view after) {
+    const bool hasTime = after.starts_with(' ') && IsAmong(decimalDigits, after.back());
     return date.size() == 10 && date[4] == '-' && date[7] == '-' &&
            date.find_first_not_of("0123456789-") == std::string_view::npos && !hasTime;
 }

@@ -15,7 +15,7 @@ struct UnfitToml {
 };
 
 /// The first such place. None of them is valid TOML, but for what no recipe has: dates with a time,
-/// and keys like dates behind the comma of an inline table.
+/// and keys like dates after the comma of an inline table.
 std::optional<UnfitToml> FindUnfitToml(std::string_view text);
 
 }  // namespace host

@@ -26,8 +26,8 @@ std::string FromEngineText(const std::string& text);
 /// The same text for two paths of the same file, links followed.
 std::string FileIdentity(const std::filesystem::path& file);
 
-/// Raises the number of files that the process may have open as far as it may. Returns how many
-/// the engine may open, which is counted no further than `wanted`.
+/// Raises the limit of open files as far as the system lets it. Returns how many the engine may
+/// open; counting may stop at `wanted`.
 std::size_t RaiseOpenFileLimit(std::size_t wanted);
 
 /// Whether standard output takes text without waiting for its reader.

@@ -85,8 +85,8 @@ std::string FileIdentity(const std::filesystem::path& file) {
 
 namespace {
 
-/// How many files a process with this limit can open, counted up to `enough`. It may have been born
-/// with more than the standard streams.
+/// How many files a process with this limit can open, counted up to `enough`. It may have
+/// inherited more than the standard streams.
 std::size_t FilesLeft(rlim_t limit, std::size_t enough) {
     std::size_t left = 0;
     for (int number = 0; static_cast<rlim_t>(number) < limit && left < enough; ++number) {

@@ -28,7 +28,7 @@ bool MayBeElsewhere(const std::string& path) {
     return hasDrive || path.rfind("\\\\", 0) == 0;
 }
 
-/// With ".." behind a link as the system takes it: from where the link leads to. Windows goes by
+/// With ".." after a link as the system takes it: from where the link leads to. Windows goes by
 /// the names.
 fs::path WithoutLinksBeforeUp(const fs::path& path) {
     constexpr bool goesByNames = fs::path::preferred_separator != '/';

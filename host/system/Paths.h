@@ -21,13 +21,13 @@ bool MayBeElsewhere(const std::string& path);
 /// The absolute path of a path that may be relative to a folder, with the system's separators.
 std::string AbsolutePath(const std::string& path, const std::filesystem::path& relativeTo);
 
-/// Throws a Failure, of a place, unless a path is a folder.
+/// Throws a Failure at a place unless a path is a folder.
 void CheckFolder(const std::string& folder, const Place& place);
 
 /// Bytes of the largest file that is read whole: 256 KiB. What is larger may have no end.
 constexpr std::size_t largestFile = 1 << 18;
 
-/// The whole file as bytes. Throws a Failure, of a place.
+/// The whole file as bytes. Throws a Failure at the place.
 std::string ReadFile(const std::filesystem::path& file, const Place& place);
 std::string ReadStandardInput(const Place& place);
 

@@ -21,8 +21,8 @@ struct FilePlace {
 
 FilePlace LookAtPlace(const std::filesystem::path& file);
 
-/// The start of the file at a place, which is all of what zorbi2 writes. From then on no other file
-/// is replaced there. Throws a Failure when it cannot be read.
+/// The first 256 KiB of the file at a place. From then on no other file is replaced there. Throws a
+/// Failure when it cannot be read.
 std::string StartOf(FilePlace& place);
 
 /// A look at a place; none when nothing is to be written there after all.
@@ -40,7 +40,7 @@ std::string TemporaryName();
 /// Removes the files, or folders, with a temporary name whose maker is gone: it was killed.
 void RemoveLeftOvers(const std::filesystem::path& folder, std::filesystem::file_type type);
 
-/// Throws a Failure, of a place, for what is there but is not a regular file, which might never end
+/// Throws a Failure at a place for what is there but is not a regular file, which might never end
 /// or never begin, is larger than it can be, or cannot be read.
 void CheckRegularFile(const std::filesystem::path& file, std::uintmax_t largest,
                       const Place& place);

@@ -1,4 +1,4 @@
-// What safe files need from the system beyond the standard library: one source per system.
+// What the host needs of files and folders beyond the standard library: one source per system.
 #pragma once
 
 #include <cstddef>
@@ -55,8 +55,8 @@ struct FileId {
     bool operator==(const FileId&) const = default;
 };
 
-/// Reads a file in blocks of 4 KiB until that is enough or it ends; a signal that the host waits
-/// for ends it too. Waits for no writer of a pipe.
+/// Appends a file's bytes, in blocks of 4 KiB, until there are `enough` or the file ends. A signal
+/// interrupts it. Does not wait for the writer of a pipe.
 std::error_code ReadStart(const std::filesystem::path& file, std::size_t enough, std::string& bytes,
                           FileId* id = nullptr);
 

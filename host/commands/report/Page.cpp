@@ -67,7 +67,7 @@ void Render(Template& form, const Json& view, std::string& text) {
 // ---- What the templates show ------------------------------------------------------------------
 
 /// A value of an entry, or null.
-const Json& Part(const Json& entry, const std::string& key) {
+const Json& Field(const Json& entry, const std::string& key) {
     static const Json none;
     const auto found = entry.find(key);
     return found == entry.end() ? none : *found;
@@ -84,10 +84,10 @@ std::string TitleOfItem(const CZorbI2Engine& engine, std::int32_t itemId) {
 /// A cell for each item of the engine, in the order of their ids.
 Json CellsOf(const Json& entry, const CZorbI2Engine& engine) {
     std::map<std::string, std::string> reasons;
-    for (const Json& item : Part(entry, "items")) {
+    for (const Json& item : Field(entry, "items")) {
         reasons[item["name"]] = item.value("reason", "");
     }
-    const Json& states = Part(entry, "states");
+    const Json& states = Field(entry, "states");
     Json cells = Json::array();
     for (const auto& [itemId, name] : shortNames) {
         const std::string state = states.is_null() ? "unknown" : states[name].get<std::string>();
@@ -108,7 +108,7 @@ void MarkChosen(Json& options, const Json& chosen) {
 
 Json GroupsOf(const Json& entry) {
     Json groups = Json::array();
-    for (Json item : Part(entry, "items")) {
+    for (Json item : Field(entry, "items")) {
         const std::string group = item.value("group", "In the file");
         if (groups.empty() || groups.back()["group"] != group) {
             groups.push_back({{"group", group}, {"items", Json::array()}});
@@ -128,7 +128,7 @@ Json GroupsOf(const Json& entry) {
 std::string NotOfferedOf(const Json& entry, const CZorbI2Engine& engine) {
     std::vector<std::string> titles;
     for (const auto& [itemId, name] : shortNames) {
-        if (Part(Part(entry, "states"), name) == "not offered") {
+        if (Field(Field(entry, "states"), name) == "not offered") {
             titles.push_back(TitleOfItem(engine, itemId));
         }
     }
@@ -136,7 +136,7 @@ std::string NotOfferedOf(const Json& entry, const CZorbI2Engine& engine) {
 }
 
 /// "ANSYS original and mapped".
-std::string InWords(const Json& place) {
+std::string PlaceInWords(const Json& place) {
     std::string words = place["solver"].get<std::string>() + " ";
     const Json& meshes = place["meshes"];
     for (std::size_t i = 0; i < meshes.size(); ++i) {
@@ -148,12 +148,12 @@ std::string InWords(const Json& place) {
     return words;
 }
 
-Json ElsewhereOf(const Json& entry, const CZorbI2Engine& engine) {
+Json ElsewhereView(const Json& entry, const CZorbI2Engine& engine) {
     Json list = Json::array();
-    for (const Json& item : Part(entry, "elsewhere")) {
+    for (const Json& item : Field(entry, "elsewhere")) {
         std::string places;
         for (const Json& place : item["places"]) {
-            places += (places.empty() ? "" : "; ") + InWords(place);
+            places += (places.empty() ? "" : "; ") + PlaceInWords(place);
         }
         const std::int32_t itemId = Find(item["name"].get<std::string>(), shortNames).value_or(0);
         list.push_back({{"title", TitleOfItem(engine, itemId)}, {"places", places}});
@@ -183,7 +183,7 @@ Json MatrixHeads(const Json& entry) {
     return {{"solvers", solvers}, {"meshes", meshes}};
 }
 
-Json MatrixOf(const Json& entry, const CZorbI2Engine& engine) {
+Json MatrixView(const Json& entry, const CZorbI2Engine& engine) {
     if (!entry.contains("matrix")) {
         return false;
     }
@@ -229,7 +229,7 @@ Json DifferenceOf(const Json& entry) {
 
 Json AsksOf(const Json& entry) {
     Json rows = Json::array();
-    for (const auto& [label, words] : Part(entry, "asks").items()) {
+    for (const auto& [label, words] : Field(entry, "asks").items()) {
         rows.push_back({{"label", label}, {"words", words}});
     }
     return rows;
@@ -255,7 +255,7 @@ Json HeadOf(const Json& entry, std::size_t number) {
                  {"why", WhyFailed(entry)},
                  {"warnings", WarningsOf(entry)}};
     for (const char* const key : {"project", "run", "solver", "mesh"}) {
-        head[key] = Part(entry, key);
+        head[key] = Field(entry, key);
     }
     return head;
 }
@@ -263,7 +263,7 @@ Json HeadOf(const Json& entry, std::size_t number) {
 Json DetailsOf(const Json& entry, std::size_t number, const CZorbI2Engine& engine) {
     Json view = HeadOf(entry, number);
     for (const char* const key : {"folder", "elementType", "controlFile", "weldLines"}) {
-        view[key] = Part(entry, key);
+        view[key] = Field(entry, key);
     }
     view["problems"] = entry["problems"];
     for (Json& problem : view["problems"]) {
@@ -272,8 +272,8 @@ Json DetailsOf(const Json& entry, std::size_t number, const CZorbI2Engine& engin
     view["hasProblems"] = !entry["problems"].empty();
     view["groups"] = GroupsOf(entry);
     view["notOffered"] = NotOfferedOf(entry, engine);
-    view["matrix"] = MatrixOf(entry, engine);
-    view["elsewhere"] = ElsewhereOf(entry, engine);
+    view["matrix"] = MatrixView(entry, engine);
+    view["elsewhere"] = ElsewhereView(entry, engine);
     view["hasElsewhere"] = !view["elsewhere"].empty();
     view["asks"] = AsksOf(entry);
     view["hasAsks"] = !view["asks"].empty();

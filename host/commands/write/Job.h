@@ -1,5 +1,5 @@
-// One recipe on its way to the text of its control file. Nothing here writes but the engine, and
-// that in the scratch folder.
+// One recipe on its way to the text of its control file. Nothing here writes outside the scratch
+// folder.
 #pragma once
 
 #include <functional>
@@ -45,7 +45,7 @@ void MakeText(Job& job, const GeneralOptions& options);
 /// The same with a session of the job's recipe, whose run's files have been checked.
 void MakeText(Job& job, Session& session, const GeneralOptions& options);
 
-/// All that the recipes of the call are read from, and that they have the translator read.
+/// The recipes of the call, and the mapped meshes that they name.
 FilesRead FilesReadBy(const std::vector<Job>& jobs, const std::filesystem::path& start);
 
 /// What the text makes of the file that is there, and how it differs from that file's.

@@ -36,8 +36,8 @@ std::string Range(std::size_t before, std::size_t count) {
            (count == 1 ? "" : "," + std::to_string(count));
 }
 
-/// One part of the difference, with its head.
-std::string Part(const std::vector<DifferenceLine>& lines, std::size_t start, std::size_t end) {
+/// One hunk of the difference, with its head.
+std::string Hunk(const std::vector<DifferenceLine>& lines, std::size_t start, std::size_t end) {
     const auto count = [&lines](std::size_t from, std::size_t to, char unless) {
         const auto first = lines.begin();
         return static_cast<std::size_t>(std::count_if(
@@ -98,7 +98,7 @@ std::string TextDifference(const std::string& oldName, const std::string& oldTex
             last = change;
             change = nextChange(change + 1);
         }
-        text += Part(lines, start, std::min(last + context + 1, lines.size()));
+        text += Hunk(lines, start, std::min(last + context + 1, lines.size()));
     }
     return text.empty() ? text : "--- " + Header(oldName) + "+++ " + Header(newName) + text;
 }

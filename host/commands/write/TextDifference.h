@@ -19,7 +19,7 @@ std::vector<DifferenceLine> MergedLines(const std::vector<std::string_view>& bef
                                         const std::vector<std::string_view>& after);
 
 /// The unified difference with three lines of context; empty for equal texts. What cannot be
-/// seen, but for tabs, is shown as what it is.
+/// seen is escaped, except tabs.
 std::string TextDifference(const std::string& oldName, const std::string& oldText,
                            const std::string& newName, const std::string& newText);
 
