@@ -416,19 +416,6 @@ class Replace(ProgramTest):
         self.assertEqual(stat.S_IMODE(there.stat().st_mode), 0o640)
         self.assertEqual(self.files(), before)
 
-    def test_init_does_not_replace_a_folder(self):
-        done = self.run_program("init", "Run02", "-o", "Run02", "--force")
-        self.check(done, 3, "",
-                   f"{own_path(self.folder / 'Run02')}: is a folder, not a recipe\n")
-
-    @NOT_ON_WINDOWS
-    def test_a_current_folder_that_is_gone_is_told(self):
-        gone = self.folder / "gone"
-        gone.mkdir()
-        done = self.run_program("init", self.folder / "Run02", cwd=gone, preexec_fn=gone.rmdir)
-        self.check(done, 3, "", "zorbi2: the current folder cannot be used: "
-                   "No such file or directory\n")
-
     # ---- What was left behind -----------------------------------------------------------------
 
     def leftover_name(self, process):

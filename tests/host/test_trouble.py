@@ -86,11 +86,6 @@ class Trouble(ProgramTest):
                      "Not a directory\n")
 
     @NOT_ON_WINDOWS
-    def test_a_folder_in_the_place_of_the_file(self):
-        (self.folder / "Cover02.cmi").mkdir()
-        self.refused(PROJECT + TARGET,
-                     f"cover.toml: {self.file()}: cannot be written: Is a directory\n")
-
     @NOT_ON_WINDOWS
     def test_a_name_that_is_too_long(self):
         name = "x" * 300

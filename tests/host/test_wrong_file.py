@@ -40,7 +40,6 @@ class WrongFile(ProgramTest):
         for line in right.splitlines():
             for instead in (other(line) + "\n", "", line + "\n" + line + "\n"):
                 with self.subTest(line, instead=instead):
-                    self.assertIn(line + "\n", right)
                     done = self.write(recipe, line, instead)
                     self.assertEqual(done.returncode, 3)
                     self.assertIn(f"{file}: cannot be written: not what was asked for: ",
