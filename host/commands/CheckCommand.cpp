@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "commands/Commands.h"
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 #include "commands/check/Against.h"
 #include "commands/check/CheckedFile.h"
 #include "commands/check/InWords.h"

@@ -8,7 +8,7 @@
 
 #include "commands/Commands.h"
 #include "commands/OfferJson.h"
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 #include "console/Report.h"
 #include "handover/LoadRecipe.h"
 #include "handover/RunFolder.h"

@@ -1,7 +1,5 @@
 #include "commands/OfferJson.h"
 
-#include <cstdint>
-
 #include "recipes/Names.h"
 
 namespace host {

@@ -2,7 +2,7 @@
 #include <cctype>
 
 #include "commands/Commands.h"
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 #include "console/Report.h"
 #include "recipes/RecipeKeys.h"
 

@@ -1,5 +1,4 @@
 // Values that the engine takes and prints unchecked, and that are hardly meant.
-#include <algorithm>
 #include <iterator>
 #include <utility>
 

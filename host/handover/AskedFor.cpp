@@ -1,7 +1,6 @@
 #include "handover/AskedFor.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <utility>
 

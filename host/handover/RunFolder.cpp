@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "problems/VisibleText.h"
+#include "system/InputFiles.h"
 #include "system/Paths.h"
 #include "system/SystemFiles.h"
 

@@ -1,7 +1,6 @@
 #include "handover/Session.h"
 
 #include <algorithm>
-#include <set>
 
 #include <zorbi2/CZorbFEAInformation.h>
 #include <zorbi2/CZorbI2Engine.h>

@@ -12,6 +12,7 @@
 #include "recipes/RecipeValue.h"
 #include "recipes/Toml.h"
 #include "recipes/UnfitToml.h"
+#include "system/InputFiles.h"
 #include "system/Paths.h"
 
 namespace host {

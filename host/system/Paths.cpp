@@ -2,12 +2,8 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <cstdio>
-#include <utility>
 
 #include "system/HostPlatform.h"
-#include "system/SystemFiles.h"
 
 namespace host {
 
@@ -57,38 +53,6 @@ void CheckFolder(const std::string& folder, const Place& place) {
         Fail(place, folder + ": " + (error ? ReasonOf(error) : "not a folder"),
              ExitCode::fileTrouble);
     }
-}
-
-std::string ReadFile(const fs::path& file, const Place& place) {
-    std::error_code unknown;
-    const fs::file_status status = fs::status(file, unknown);
-    const bool isFolder = fs::is_directory(status);
-    if (fs::exists(status) && !isFolder && !fs::is_regular_file(status)) {
-        Fail(place, "cannot be read: it is a pipe or a device, not a regular file",
-             ExitCode::fileTrouble);
-    }
-    std::string bytes;
-    std::error_code error = ReadStart(file, largestFile + 1, bytes);
-    if (isFolder || bytes.size() > largestFile) {
-        error = {isFolder ? EISDIR : EFBIG, std::generic_category()};
-    }
-    if (error) {
-        Fail(place, "cannot be read: " + ReasonOf(error), ExitCode::fileTrouble);
-    }
-    return bytes;
-}
-
-std::string ReadStandardInput(const Place& place) {
-    static bool isRead = false;
-    if (std::exchange(isRead, true)) {
-        Fail(place, "standard input can be read only once", ExitCode::badUsage);
-    }
-    std::string bytes(largestFile + 1, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stdin));  // std::cin hides errors
-    if (std::ferror(stdin) != 0 || bytes.size() > largestFile) {
-        FailFor(bytes.size() > largestFile ? EFBIG : errno, place, "cannot be read");
-    }
-    return bytes;
 }
 
 std::string ForEngine(const std::string& utf8) {

@@ -5,9 +5,9 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <fstream>
 #include <string_view>
 
+#include "system/InputFiles.h"
 #include "system/Paths.h"
 #include "system/SystemFiles.h"
 
@@ -167,32 +167,6 @@ void RemoveLeftOvers(const fs::path& folder, fs::file_type type) {
         if (IsLeftOver(name) && IsOwn(path) && fs::symlink_status(path, ignored).type() == type) {
             RemoveWithFiles(path);
         }
-    }
-}
-
-void CheckRegularFile(const fs::path& file, std::uintmax_t largest, const Place& place) {
-    std::error_code error;
-    const fs::file_status status = fs::status(file, error);
-    if (!fs::exists(status)) {
-        return;
-    }
-    const std::string name = Utf8Of(file);
-    if (!fs::is_regular_file(status)) {
-        Fail(place,
-             name + " is " + (fs::is_directory(status) ? "a folder" : "a pipe or a device") +
-                 ", not a regular file",
-             ExitCode::fileTrouble);
-    }
-    const std::uintmax_t size = fs::file_size(file, error);
-    if (!error && size > largest) {
-        Fail(place,
-             name + ": " + std::to_string(size) + " bytes, but the limit is " +
-                 std::to_string(largest),
-             ExitCode::fileTrouble);
-    }
-    std::string start;
-    if ((error = ReadStart(file, 1, start))) {
-        Fail(place, name + ": cannot be read: " + ReasonOf(error), ExitCode::fileTrouble);
     }
 }
 

@@ -40,9 +40,4 @@ std::string TemporaryName();
 /// Removes the files, or folders, with a temporary name whose maker is gone: it was killed.
 void RemoveLeftOvers(const std::filesystem::path& folder, std::filesystem::file_type type);
 
-/// Throws a Failure at a place for what is there but is not a regular file, which might never end
-/// or never begin, is larger than it can be, or cannot be read.
-void CheckRegularFile(const std::filesystem::path& file, std::uintmax_t largest,
-                      const Place& place);
-
 }  // namespace host

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 #include "problems/Problem.h"
 
 namespace host {

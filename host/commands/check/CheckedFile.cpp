@@ -2,6 +2,7 @@
 
 #include "commands/check/InWords.h"
 #include "system/HostPlatform.h"
+#include "system/InputFiles.h"
 #include "system/Paths.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 #include "commands/check/OfferCheck.h"
 #include "console/Report.h"
 #include "control_files/ControlFile.h"

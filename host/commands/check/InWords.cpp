@@ -1,6 +1,5 @@
 #include "commands/check/InWords.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include <zorbi2/ZorbI2Types.h>

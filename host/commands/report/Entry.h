@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 #include "commands/check/OfferCheck.h"
 #include "commands/write/Job.h"
 #include "console/Report.h"

@@ -1,6 +1,5 @@
 #include "commands/report/Page.h"
 
-#include <algorithm>
 #include <cctype>
 #include <cstdint>
 #include <kainjow/mustache.hpp>

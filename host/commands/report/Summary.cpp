@@ -1,7 +1,6 @@
 #include "commands/report/Summary.h"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 #include <vector>
 

@@ -12,6 +12,7 @@
 #include "handover/RunFolder.h"
 #include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
+#include "system/InputFiles.h"
 #include "system/Signals.h"
 
 namespace host {

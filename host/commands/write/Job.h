@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 #include "commands/write/ControlFilePlace.h"
 #include "console/Report.h"
 #include "handover/Session.h"

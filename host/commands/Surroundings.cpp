@@ -1,4 +1,4 @@
-#include "commands/RecipeCommand.h"
+#include "commands/Surroundings.h"
 
 #include "handover/Engine.h"
 #include "system/HostPlatform.h"

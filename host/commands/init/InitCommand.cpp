@@ -1,0 +1,130 @@
+// The command "init": looks at the names of a run folder's files and writes a recipe from them.
+#include <memory>
+#include <set>
+
+#include "commands/Commands.h"
+#include "commands/Surroundings.h"
+#include "commands/init/FindRuns.h"
+#include "commands/init/NewRecipe.h"
+#include "console/Report.h"
+#include "problems/VisibleText.h"
+#include "system/HostPlatform.h"
+#include "system/SafeFile.h"
+#include "system/Signals.h"
+
+namespace host {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct InitOptions {
+    std::string folder;
+    std::optional<std::string> output;
+    RunFilter wanted;
+    bool all = false;
+    bool force = false;
+};
+
+void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) {
+    const std::string file = Utf8Of(path);
+    std::error_code unknown;
+    if (fs::is_directory(path, unknown)) {
+        Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
+    }
+    const Look look = [&] {
+        const FilePlace place = LookAtPlace(path);
+        if (place.isTaken && !mayReplace) {
+            Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
+        }
+        RefuseNameOfRun(place, {file});
+        return place;
+    };
+    const std::string reason = ReplaceFile(look, text);
+    if (!reason.empty()) {
+        Fail({file}, "cannot be written: " + reason, ExitCode::fileTrouble);
+    }
+}
+
+Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& terminal) {
+    const Run& run = found.run;
+    const std::string file = Utf8Of(found.recipeFile);
+    SaveRecipe(found.recipeFile, TextOfNewRecipe(found), options.force);
+    terminal.news << "wrote    " << Visible(file) << " for " << Visible(run.name) << ", run "
+                  << run.Number() << std::endl;
+    return {{"recipe", file}, {"project", run.name}, {"run", run.Number()}};
+}
+
+ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOptions& options,
+                  Terminal& terminal) {
+    Problems problems;
+    CheckFolder(Utf8Of(output), {});
+    std::vector<FoundRun> found = FindRuns(root, options.wanted, problems);
+    if (found.empty() && problems.empty() && !IsInterrupted()) {
+        Fail({Utf8Of(root)}, "no matching run in this folder or below it", ExitCode::fileTrouble);
+    }
+    CheckOpenFileLimit(found.size());
+    RemoveLeftOvers(output, fs::file_type::regular);
+    NameRecipes(root, output, found);
+    std::set<std::string> written;
+    Json list = Json::array();
+    for (const FoundRun& one : found) {
+        if (IsInterrupted()) {
+            break;
+        }
+        Collect(problems, [&] {
+            if (!written.insert(FileIdentity(one.recipeFile)).second) {
+                Fail({Utf8Of(one.recipeFile)},
+                     "already written for another run, so it was not written for " +
+                         Utf8Of(one.folder),
+                     ExitCode::fileTrouble);
+            }
+            list.push_back(WriteRecipe(one, options, terminal));
+        });
+    }
+    const std::string counts =
+        std::to_string(list.size()) + " written, " + std::to_string(problems.size()) + " failed";
+    if (IsInterrupted()) {
+        problems.emplace_back(
+            Place{}, "interrupted: " + counts + ", of " + std::to_string(found.size()) + " runs",
+            ExitCode::fileTrouble);
+    } else {
+        terminal.news << counts << std::endl;
+    }
+    return Report(problems, terminal.options, {{"recipes", list}});
+}
+
+ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
+    const Surroundings host(terminal);
+    const auto absolute = [&](const std::string& path) {
+        return PathOf(AbsolutePath(path, host.scratch.Start()));
+    };
+    const fs::path folder = absolute(options.folder);
+    CheckFolder(Utf8Of(folder), {});
+    if (options.all) {
+        return WriteAll(folder, absolute(options.output.value_or(".")), options, terminal);
+    }
+    const Run run = OnlyRun(RunsAmong(EntriesOf(folder, {})), folder, options.wanted);
+    const fs::path file = absolute(options.output.value_or(RecipeNameOf(run)));
+    RemoveLeftOvers(file.parent_path(), fs::file_type::regular);
+    return Report({}, terminal.options, WriteRecipe({run, folder, file}, options, terminal));
+}
+
+}  // namespace
+
+RunFunction AddInit(Arguments& arguments) {
+    const auto options = std::make_shared<InitOptions>();
+    arguments.Word("RUN_FOLDER", options->folder, "Folder with the run's files");
+    arguments.Value("-o,--output", "FILE", options->output,
+                    "Recipe to write, by default named like\n"
+                    "Cover02.toml; with --all, folder for the recipes");
+    arguments.Value("--name", "NAME", options->wanted.name,
+                    "Project name, if the folder has several projects");
+    arguments.Value("--run", "NUMBER", options->wanted.number,
+                    "Run number, if the folder has several runs");
+    arguments.Flag("--all", options->all, "Write recipes for RUN_FOLDER and all runs below it");
+    arguments.Flag("--force", options->force, "Replace an existing recipe");
+    return [options](Terminal& terminal) { return RunInit(*options, terminal); };
+}
+
+}  // namespace host
