@@ -88,8 +88,7 @@ std::vector<std::string> WithSingleChoices(const std::vector<std::string>& argum
 std::vector<std::string> NamesLike(const std::string& word, const CLI::App& app) {
     std::vector<std::string> names;
     if (!word.starts_with('-')) {
-        std::ranges::copy(Commands() | std::views::transform(&Command::name),
-                          std::back_inserter(names));
+        std::ranges::transform(Commands(), std::back_inserter(names), &Command::name);
         return names;
     }
     names = FlagsOf(app);

@@ -72,7 +72,7 @@ template <class Type, class Fits>
 std::optional<Type> RecipeValue::Take(const std::string& wanted, const Fits& fits) const {
     const bool isOfType = std::is_same_v<Type, double> ? node_.is_number() : node_.is<Type>();
     // The library converts numbers that do not fit, too.
-    const std::optional<Type> value = isOfType ? node_.value<Type>() : std::nullopt;
+    std::optional<Type> value = isOfType ? node_.value<Type>() : std::nullopt;
     if (value && fits(*value)) {
         return value;
     }

@@ -7,11 +7,14 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cwchar>
 #include <cwctype>
+#include <string_view>
 #include <utility>
 
 #include "system/HostPlatform.h"
@@ -22,15 +25,19 @@ bool showsTraceLines = false;
 
 }  // namespace
 
-extern "C" [[gnu::visibility("default")]] void OutputDebugStringW(const wchar_t* line) {
+extern "C" [[gnu::visibility("default")]] void OutputDebugStringW(const wchar_t* line) noexcept {
     if (!showsTraceLines) {
         return;
     }
-    for (; *line != L'\0'; ++line) {
-        const auto character = static_cast<std::wint_t>(*line);  // paths may have any
-        std::fprintf(stderr, std::iswcntrl(character) != 0 ? "\\x%02x" : "%lc", character);
+    std::wstring shown;
+    for (const wchar_t character : std::wstring_view(line)) {  // of a path, any
+        std::array<wchar_t, 12> text = {character};
+        if (std::iswcntrl(static_cast<std::wint_t>(character)) != 0) {
+            std::swprintf(text.data(), text.size(), L"\\x%02x", static_cast<unsigned>(character));
+        }
+        shown += text.data();
     }
-    std::fputc('\n', stderr);
+    std::fprintf(stderr, "%ls\n", shown.c_str());
 }
 
 namespace host {

@@ -34,11 +34,6 @@ std::string StartOfNames() {
     return "zorbi2-" + host::MachineMark() + '-' + std::to_string(host::ProcessNumber()) + '-';
 }
 
-/// With a look that was taken before.
-std::string Replace(const host::FilePlace& place, const std::string& bytes) {
-    return host::ReplaceFile([&place] { return place; }, bytes);
-}
-
 constexpr const char* anotherCame = "another file has appeared there in the meantime";
 
 }  // namespace
@@ -69,7 +64,47 @@ TEST(SafeFile, DrawsAllDigitsOfANumber) {
     EXPECT_EQ(~everZero, 0U);
 }
 
+TEST(SafeFile, IsLookedForAgainWhenAnotherCame) {
+    const support::TemporaryFolder folder;
+    const fs::path file = folder.Path() / "new";
+    const host::FilePlace before = host::LookAtPlace(file);
+    folder.MakeFile("new", "note");
+    int looks = 0;
+    const auto look = [&] { return ++looks < 3 ? before : host::LookAtPlace(file); };
+    EXPECT_EQ(host::ReplaceFile(look, "new"), "");
+    EXPECT_EQ(looks, 3);
+    EXPECT_EQ(folder.BytesOf("new"), "new");
+}
+
+TEST(SafeFile, IsLookedForTenTimes) {
+    const support::TemporaryFolder folder;
+    const host::FilePlace before = host::LookAtPlace(folder.Path() / "new");
+    folder.MakeFile("new", "note");
+    int looks = 0;
+    const auto look = [&] {
+        ++looks;
+        return before;
+    };
+    EXPECT_EQ(host::ReplaceFile(look, "new"), anotherCame);
+    EXPECT_EQ(looks, 10);
+}
+
+TEST(SafeFile, IsLeftWhenNothingIsToBeWritten) {
+    const support::TemporaryFolder folder;
+    EXPECT_EQ(host::ReplaceFile([] { return std::nullopt; }, "new"), "");
+    EXPECT_TRUE(fs::is_empty(folder.Path()));
+}
+
 #ifndef _WIN32
+namespace {
+
+/// With a look that was taken before.
+std::string Replace(const host::FilePlace& place, const std::string& bytes) {
+    return host::ReplaceFile([&place] { return place; }, bytes);
+}
+
+}  // namespace
+
 TEST(SafeFile, DoesNotFollowALinkThatComesAfterTheLook) {
     const support::TemporaryFolder folder;
     folder.MakeFile("old", "old");
@@ -103,37 +138,6 @@ TEST(SafeFile, ReplacesNothingWhereNothingWas) {
     fs::remove(folder.Path() / "new");
     EXPECT_EQ(Replace(place, "new"), "");
     EXPECT_EQ(folder.BytesOf("new"), "new");
-}
-
-TEST(SafeFile, IsLookedForAgainWhenAnotherCame) {
-    const support::TemporaryFolder folder;
-    const fs::path file = folder.Path() / "new";
-    const host::FilePlace before = host::LookAtPlace(file);
-    folder.MakeFile("new", "note");
-    int looks = 0;
-    const auto look = [&] { return ++looks < 3 ? before : host::LookAtPlace(file); };
-    EXPECT_EQ(host::ReplaceFile(look, "new"), "");
-    EXPECT_EQ(looks, 3);
-    EXPECT_EQ(folder.BytesOf("new"), "new");
-}
-
-TEST(SafeFile, IsLookedForTenTimes) {
-    const support::TemporaryFolder folder;
-    const host::FilePlace before = host::LookAtPlace(folder.Path() / "new");
-    folder.MakeFile("new", "note");
-    int looks = 0;
-    const auto look = [&] {
-        ++looks;
-        return before;
-    };
-    EXPECT_EQ(host::ReplaceFile(look, "new"), anotherCame);
-    EXPECT_EQ(looks, 10);
-}
-
-TEST(SafeFile, IsLeftWhenNothingIsToBeWritten) {
-    const support::TemporaryFolder folder;
-    EXPECT_EQ(host::ReplaceFile([] { return std::nullopt; }, "new"), "");
-    EXPECT_TRUE(fs::is_empty(folder.Path()));
 }
 
 TEST(SafeFile, IsRefusedWhereLinksLeadInACircle) {

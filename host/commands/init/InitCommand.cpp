@@ -33,7 +33,7 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
         Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
     }
     const Look look = [&] {
-        const FilePlace place = LookAtPlace(path);
+        FilePlace place = LookAtPlace(path);
         if (place.isTaken && !mayReplace) {
             Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
         }
