@@ -136,9 +136,22 @@ bool ForEachEntry(int folder, const Visit& visit) {
     return size == 0;
 }
 
-bool IsEmpty(int folder) {
-    bool isEmpty = true;
-    return ForEachEntry(folder, [&isEmpty](const char* /*name*/) { isEmpty = false; }) && isEmpty;
+/// Enters a folder that was just made, unless it is another one by now.
+std::error_code Enter(const std::filesystem::path& folder) {
+    const Descriptor made(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status {};
+    if (made.number < 0 || fstat(made.number, &status) != 0) {
+        return LastError();
+    }
+    fchmod(made.number, S_IRWXU);  // if it is another of this user's, which all may write to
+    bool isNew = status.st_uid == geteuid();
+    if (!ForEachEntry(made.number, [&isNew](const char* /*name*/) { isNew = false; })) {
+        return LastError();
+    }
+    if (!isNew) {
+        return std::make_error_code(std::errc::operation_not_permitted);
+    }
+    return fchdir(made.number) == 0 ? std::error_code() : LastError();
 }
 
 /// Not every file system can rename without replacing. A second link never replaces a file; where a
@@ -307,18 +320,11 @@ std::error_code EnterNewFolder(const std::filesystem::path& folder) {
     if (mkdir(folder.c_str(), S_IRWXU) != 0) {
         return LastError();
     }
-    const Descriptor made(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    struct stat status {};
-    if (made.number < 0 || fstat(made.number, &status) != 0) {
-        const std::error_code error = LastError();
+    const std::error_code error = Enter(folder);
+    if (error) {
         rmdir(folder.c_str());
-        return error;
     }
-    fchmod(made.number, S_IRWXU);  // if it is another of this user's, which all may write to
-    if (status.st_uid != geteuid() || !IsEmpty(made.number) || fchdir(made.number) != 0) {
-        return std::make_error_code(std::errc::operation_not_permitted);
-    }
-    return {};
+    return error;
 }
 
 void RemoveFilesHere() {
