@@ -28,10 +28,13 @@ bool MayBeElsewhere(const std::string& path) {
 /// the names.
 fs::path WithoutLinksBeforeUp(const fs::path& path) {
     constexpr bool goesByNames = fs::path::preferred_separator != '/';
+    if (goesByNames || std::ranges::find(path, "..") == path.end()) {
+        return path;
+    }
     fs::path walked;
     for (const fs::path& part : path) {
         std::error_code unknown;
-        if (goesByNames || (part != ".." && part != ".")) {
+        if (part != ".." && part != ".") {
             walked /= part;
         } else if (part == "..") {
             const fs::path target =
