@@ -23,6 +23,14 @@ void CheckOpenFileLimit(std::size_t recipes) {
     }
 }
 
+std::filesystem::path OutputPath(const std::string& name, const std::filesystem::path& start) {
+    if (name == "-") {
+        Fail({}, "-o needs the name of a file; standard output is none (./- is a file)",
+             ExitCode::badUsage);
+    }
+    return PathOf(AbsolutePath(name, start));
+}
+
 Surroundings::Surroundings(Terminal& console) : terminal(console) {
     CreateEngine(bareEngine, CZorbFEAInformation());
     names = AskNames(*bareEngine.engine);

@@ -21,6 +21,9 @@ void AddOverrides(Arguments& arguments, Overrides& overrides);
 /// the system does not let it for as many recipes.
 void CheckOpenFileLimit(std::size_t recipes);
 
+/// The path that "-o" names. Throws a Failure for "-", by which others mean standard output.
+std::filesystem::path OutputPath(const std::string& name, const std::filesystem::path& start);
+
 /// Where such a command works.
 struct Surroundings {
     /// The engine that is asked for names comes before the trace lines, which are of the runs.

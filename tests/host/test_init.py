@@ -133,6 +133,14 @@ class Init(ProgramTest):
         self.assertEqual(tomllib.loads(self.init(folder))["project"]["folder"], folder)
         self.check(self.run_program("write", "Cover02.toml"), 0)
 
+    def test_standard_output_is_no_file(self):
+        self.make_run()
+        reason = "zorbi2: -o needs the name of a file; standard output is none (./- is a file)\n"
+        for command in (["init", "Run02"], ["init", "--all", "Run02"], ["report", "c.toml"]):
+            self.make_recipe(name="c.toml")
+            self.check(self.run_program(*command, "-o", "-"), 2, "", reason)
+        self.check(self.run_program("init", "Run02", "-o", "./-"), 0)
+
     def test_nothing_is_overwritten_without_force(self):
         self.make_run()
         self.make_recipe("mine", "Cover02.toml")

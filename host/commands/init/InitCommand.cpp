@@ -96,16 +96,14 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
 
 ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
     const Surroundings host(terminal);
-    const auto absolute = [&](const std::string& path) {
-        return PathOf(AbsolutePath(path, host.scratch.Start()));
-    };
-    const fs::path folder = absolute(options.folder);
+    const fs::path& start = host.scratch.Start();
+    const fs::path folder = PathOf(AbsolutePath(options.folder, start));
     CheckFolder(Utf8Of(folder), {});
     if (options.all) {
-        return WriteAll(folder, absolute(options.output.value_or(".")), options, terminal);
+        return WriteAll(folder, OutputPath(options.output.value_or("."), start), options, terminal);
     }
     const Run run = OnlyRun(RunsAmong(EntriesOf(folder, {})), folder, options.wanted);
-    const fs::path file = absolute(options.output.value_or(RecipeNameOf(run)));
+    const fs::path file = OutputPath(options.output.value_or(RecipeNameOf(run)), start);
     RemoveLeftOvers(file.parent_path(), fs::file_type::regular);
     return Report({}, terminal.options, WriteRecipe({run, folder, file}, options, terminal));
 }

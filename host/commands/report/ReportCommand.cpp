@@ -160,7 +160,7 @@ ExitCode Reporter::Run() {
     }
     ReadRecipes();
     if (options_.page) {
-        file_ = PathOf(AbsolutePath(*options_.page, host_.scratch.Start()));
+        file_ = OutputPath(*options_.page, host_.scratch.Start());
         LookAtPage();
     }
     AddEntries();
