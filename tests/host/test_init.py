@@ -287,7 +287,6 @@ class Init(ProgramTest):
         self.assertTrue(self.run_program("init", "--all", "root").stdout.endswith(
             "1 written, 0 failed\n"))
 
-    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
     @unittest.skipIf(ON_WINDOWS, "links are POSIX's")
     def test_a_recipe_behind_a_link_finds_the_run(self):
         self.make_run()
@@ -298,6 +297,7 @@ class Init(ProgramTest):
         self.check(self.run_program("write", "far/inner/Cover02.toml"), 0)
         self.assertTrue((self.folder / "far" / "inner" / "Cover02.cmi").exists())
 
+    @unittest.skipIf(ON_WINDOWS, "Windows has no such file names")
     def test_a_name_with_a_backslash_leads_nowhere(self):
         run = self.make_run(name="..\\..\\evil02", files=[".k5f"])
         self.check(self.run_program("init", "Run02"), 3, "",
