@@ -129,6 +129,43 @@ class SystemCalls(ProgramTest):
             "is not a control parameter file; use --force to replace it\n"), done.stderr)
         self.assertEqual((self.folder / FILE).read_text(encoding="utf-8"), "note")
 
+    def test_another_folder_in_the_place_of_the_temporary_one_is_not_entered(self):
+        kept = self.folder / "kept"
+
+        def link(path):
+            path.symlink_to(kept)
+
+        def own_folder(path):
+            kept.rename(path)
+            kept.symlink_to(path)
+
+        def folder_of_another(path):
+            path.mkdir()
+            os.chown(path, 65534, 65534)
+
+        for put, reason in ((link, "Not a directory"), (own_folder, "Operation not permitted"),
+                            (folder_of_another, "Operation not permitted")):
+            if os.geteuid() != 0 and put is folder_of_another:
+                continue
+            kept.mkdir()
+            (kept / "letter").touch()
+
+            def swap():
+                while not list(self.scratch.iterdir()):
+                    time.sleep(0.001)
+                path = next(self.scratch.iterdir())
+                path.rmdir()
+                put(path)
+
+            with concurrent.futures.ThreadPoolExecutor() as others:
+                others.submit(swap)
+                done = self.injected("mkdir:delay_exit=500000", PROGRAM, "write", "cover.toml")
+            self.assertEqual((done.returncode, done.stderr), (
+                3, f"zorbi2: cannot create a temporary folder in {self.scratch}: {reason}\n"))
+            self.assertTrue((kept / "letter").exists())
+            for path in (kept, *self.scratch.iterdir()):
+                path.unlink() if path.is_symlink() else shutil.rmtree(path)
+
     def test_a_signal_that_comes_before_a_call_blocks_ends_it(self):
         self.traced("write", "-")
         looks = [text for call, text in self.list_of_calls() if call == "newfstatat"]
