@@ -152,6 +152,10 @@ std::string ReplaceFile(const Look& look, const std::string& bytes) {
                : reason;
 }
 
+void FailToWrite(const Place& place, const std::string& reason) {
+    Fail(place, "cannot be written: " + reason, ExitCode::fileTrouble);
+}
+
 std::string TemporaryName() {
     std::array<char, 2 * sizeof(std::uint64_t)> digits{};
     const auto end =

@@ -34,6 +34,9 @@ using Look = std::function<std::optional<FilePlace>()>;
 /// nothing is left behind.
 std::string ReplaceFile(const Look& look, const std::string& bytes);
 
+/// Throws the Failure that tells why a file could not be written.
+[[noreturn]] void FailToWrite(const Place& place, const std::string& reason);
+
 /// A name for a temporary file or folder. It cannot be guessed, and tells who made it.
 std::string TemporaryName();
 

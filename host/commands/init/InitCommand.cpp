@@ -42,7 +42,7 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
     };
     const std::string reason = ReplaceFile(look, text);
     if (!reason.empty()) {
-        Fail({file}, "cannot be written: " + reason, ExitCode::fileTrouble);
+        FailToWrite({file}, reason);
     }
 }
 

@@ -81,7 +81,7 @@ FilePlace Reporter::LookAtPage() const {
     const std::string& name = *options_.page;
     FilePlace place = LookAtPlace(file_);
     if (!place.reason.empty()) {
-        Fail({name}, "cannot be written: " + place.reason, ExitCode::fileTrouble);
+        FailToWrite({name}, place.reason);
     }
     const std::string identity = FileIdentity(file_);
     if (recipesRead_.contains(identity) || controlFilesRead_.contains(identity)) {
@@ -148,7 +148,7 @@ void Reporter::PutInPlace() {
     }
     const std::string reason = ReplaceFile([this] { return LookAtPage(); }, text);
     if (!reason.empty()) {
-        Fail({*options_.page}, "cannot be written: " + reason, ExitCode::fileTrouble);
+        FailToWrite({*options_.page}, reason);
     }
     host_.terminal.news << "wrote    " << Visible(Utf8Of(file_)) << '\n';
 }

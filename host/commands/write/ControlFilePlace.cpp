@@ -9,6 +9,10 @@ namespace host {
 
 namespace fs = std::filesystem;
 
+Place PlaceOf(const fs::path& controlFile) {
+    return {{}, 0, 0, Utf8Of(controlFile)};
+}
+
 bool IsControlFile(const std::string& text) {
     const std::string first = kControlFileLines[0].text;
     return text.starts_with(first + "\n") || text.starts_with(first + "\r\n");
@@ -16,11 +20,11 @@ bool IsControlFile(const std::string& text) {
 
 ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, bool isRead,
                                    Replaces replaces) {
-    const Place place{{}, 0, 0, Utf8Of(file)};
+    const Place place = PlaceOf(file);
     ControlFilePlace there{LookAtPlace(file)};
     there.isKept = there.isTaken && replaces == Replaces::nothing;
     if (!there.isKept && !there.reason.empty()) {
-        Fail(place, "cannot be written: " + there.reason, ExitCode::fileTrouble);
+        FailToWrite(place, there.reason);
     }
     if (isRead) {
         Fail(place,

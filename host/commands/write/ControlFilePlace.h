@@ -24,6 +24,9 @@ struct ControlFilePlace : FilePlace {
 /// What a call replaces.
 enum class Replaces { controlFiles, anyFile, nothing };
 
+/// A control file as messages name it, after its recipe.
+Place PlaceOf(const std::filesystem::path& controlFile);
+
 /// Whether a text starts as control files do.
 bool IsControlFile(const std::string& text);
 

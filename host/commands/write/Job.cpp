@@ -66,22 +66,18 @@ std::string DifferenceFrom(const ControlFile& asked, const std::string& text) {
 /// Reads the file back. Throws unless it says what was asked for.
 void ReadBack(Job& job, const fs::path& file, const ControlFile& asked) {
     std::error_code missing;
-    const Place place{{}, 0, 0, Utf8Of(job.controlFile)};
+    const Place place = PlaceOf(job.controlFile);
     job.text = fs::exists(file, missing) ? ReadFile(file, place) : std::string();
     const std::string difference = DifferenceFrom(asked, FromEngineText(job.text));
     if (!difference.empty()) {
         const std::string reason = ReasonAgainstWriting(file);
-        FailToWrite(job, !reason.empty()    ? reason
-                         : job.text.empty() ? "the engine wrote nothing"
-                                            : "not what was asked for: " + difference);
+        FailToWrite(place, !reason.empty()    ? reason
+                           : job.text.empty() ? "the engine wrote nothing"
+                                              : "not what was asked for: " + difference);
     }
 }
 
 }  // namespace
-
-void FailToWrite(const Job& job, const std::string& reason) {
-    Fail({}, Utf8Of(job.controlFile) + ": cannot be written: " + reason, ExitCode::fileTrouble);
-}
 
 void Attempt(Job& job, const GeneralOptions& options, const std::function<void()>& step) {
     if (!HasErrors(job.problems)) {

@@ -58,6 +58,4 @@ std::string WordFor(Change change);
 /// The job as the documents show it. `whenDone` is its status when it went well.
 Json JsonOf(const Job& job, const std::string& whenDone, bool hasText, bool hasDifference);
 
-[[noreturn]] void FailToWrite(const Job& job, const std::string& reason);
-
 }  // namespace host

@@ -89,7 +89,7 @@ void Writer::WriteControlFile(Job& job) {
     MakeText(job, host_.terminal.options);
     const std::string reason = ReplaceFile([&] { return LookForPlace(job); }, job.text);
     if (!reason.empty()) {
-        FailToWrite(job, reason);
+        FailToWrite(PlaceOf(job.controlFile), reason);
     }
 }
 
