@@ -40,17 +40,17 @@ ScratchFolder::ScratchFolder() {
     std::error_code error;
     const fs::path temporary = fs::temp_directory_path(error);
     const fs::path parent = start_ / temporary;
+    std::string reason = error ? ReasonOf(error) : std::string();
     if (!error) {
         if (IsSafeFromOthers(parent)) {  // they might have put what is not left over there
             RemoveLeftOvers(parent, fs::file_type::directory);
         }
         path_ = parent / TemporaryName();
-        error = EnterNewFolder(path_);
+        reason = EnterNewFolder(path_);
     }
-    if (error) {
+    if (!reason.empty()) {
         const std::string where = temporary.empty() ? "" : " in " + Utf8Of(parent);
-        Fail({}, "cannot create a temporary folder" + where + ": " + ReasonOf(error),
-             ExitCode::fileTrouble);
+        Fail({}, "cannot create a temporary folder" + where + ": " + reason, ExitCode::fileTrouble);
     }
     current = this;
 }

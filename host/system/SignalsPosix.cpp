@@ -2,6 +2,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdint>
+#include <ctime>
 
 #include "system/Signals.h"
 
@@ -14,19 +16,31 @@ constexpr int endingSignals[] = {SIGHUP,  SIGINT,    SIGQUIT, SIGTERM, SIGXCPU,
                                  SIGALRM, SIGVTALRM, SIGPROF, SIGUSR1, SIGUSR2};
 
 volatile sig_atomic_t signalThatCame = 0;
-volatile sig_atomic_t isLater = 0;  // by a second: until then some programs repeat theirs
+volatile sig_atomic_t whenItCame = 0;  // in milliseconds
 
-/// The alarm ends calls that block only after the signal came.
+/// Since some time before the start, with what is left of the digits.
+std::uint32_t Milliseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<std::uint32_t>(now.tv_sec * 1000 + now.tv_nsec / 1'000'000);
+}
+
+/// Some programs tell a process and its group: what comes at once is not another signal. The alarm
+/// ends calls that block only after the signal came.
 void Keep(int number) {
-    if (signalThatCame == 0) {
+    constexpr std::uint32_t later = 1000;
+    const bool isFirst = signalThatCame == 0;
+    if (isFirst) {
         signalThatCame = number;
-    } else if (number == SIGALRM) {
-        isLater = 1;
-    } else if (isLater != 0) {
+        whenItCame = static_cast<sig_atomic_t>(Milliseconds());
+    } else if (number != SIGALRM &&
+               Milliseconds() - static_cast<std::uint32_t>(whenItCame) >= later) {
         signal(number, SIG_DFL);
         raise(number);
     }
-    alarm(1);
+    if (isFirst || number == SIGALRM) {
+        alarm(1);
+    }
 }
 
 }  // namespace

@@ -70,8 +70,9 @@ int NextFileNumber();
 bool IsReadToItsEnd(int number, const std::filesystem::path& file);
 
 /// Makes a folder that only this user can enter, and enters it; on Windows, whoever can enter the
-/// one around it. An error when there is one of that name, or another in its place by then.
-std::error_code EnterNewFolder(const std::filesystem::path& folder);
+/// one around it. Returns why it could not: there is one of that name, or another in its place by
+/// then.
+std::string EnterNewFolder(const std::filesystem::path& folder);
 
 /// Removes the files in the current folder as far as it can, without memory of its own.
 void RemoveFilesHere();

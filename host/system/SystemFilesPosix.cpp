@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstring>
 #include <functional>
 #include <memory>
 
@@ -43,6 +44,13 @@ public:
 };
 
 using OpenFolder = std::unique_ptr<DIR, int (*)(DIR*)>;
+
+/// Also one that may be written but not read, which cannot be brought to the disk then.
+int OpenToWriteIn(const std::filesystem::path& folder) {
+    const int opened = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    return opened < 0 && errno == EACCES ? open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)
+                                         : opened;
+}
 
 bool WriteAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
@@ -137,21 +145,21 @@ bool ForEachEntry(int folder, const Visit& visit) {
 }
 
 /// Enters a folder that was just made, unless it is another one by now.
-std::error_code Enter(const std::filesystem::path& folder) {
+std::string Enter(const std::filesystem::path& folder) {
     const Descriptor made(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat status {};
     if (made.number < 0 || fstat(made.number, &status) != 0) {
-        return LastError();
+        return std::strerror(errno);
     }
     fchmod(made.number, S_IRWXU);  // if it is another of this user's, which all may write to
     bool isNew = status.st_uid == geteuid();
     if (!ForEachEntry(made.number, [&isNew](const char* /*name*/) { isNew = false; })) {
-        return LastError();
+        return std::strerror(errno);
     }
     if (!isNew) {
-        return std::make_error_code(std::errc::operation_not_permitted);
+        return "it is not this user's own and empty";
     }
-    return fchdir(made.number) == 0 ? std::error_code() : LastError();
+    return fchdir(made.number) == 0 ? "" : std::strerror(errno);
 }
 
 /// Not every file system can rename without replacing. A second link never replaces a file; where a
@@ -316,15 +324,15 @@ bool IsSafeFromOthers(const std::filesystem::path& folder) {
            (!mayOthersWrite || (status.st_mode & S_ISVTX) != 0);
 }
 
-std::error_code EnterNewFolder(const std::filesystem::path& folder) {
+std::string EnterNewFolder(const std::filesystem::path& folder) {
     if (mkdir(folder.c_str(), S_IRWXU) != 0) {
-        return LastError();
+        return std::strerror(errno);
     }
-    const std::error_code error = Enter(folder);
-    if (error) {
+    std::string reason = Enter(folder);
+    if (!reason.empty()) {
         rmdir(folder.c_str());
     }
-    return error;
+    return reason;
 }
 
 void RemoveFilesHere() {
@@ -334,7 +342,7 @@ void RemoveFilesHere() {
 
 PutResult PutFile(const std::filesystem::path& file, const std::string& temporaryName,
                   const std::string& bytes, const Replaceable& replaceable) {
-    const Descriptor folder(open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor folder(OpenToWriteIn(file.parent_path()));
     if (folder.number < 0) {
         return {false, false, LastError()};
     }
@@ -355,7 +363,7 @@ PutResult PutFile(const std::filesystem::path& file, const std::string& temporar
         return {false, error == std::errc::file_exists, error};
     }
     // Not every file system can bring a folder to the disk.
-    const bool isOnDisk = Synchronize(folder.number) || errno == EINVAL;
+    const bool isOnDisk = Synchronize(folder.number) || errno == EINVAL || errno == EBADF;
     return {true, false, isOnDisk ? std::error_code() : LastError()};
 }
 

@@ -12,6 +12,7 @@
 #include <functional>
 #include <random>
 
+#include "problems/Problem.h"
 #include "system/HostPlatform.h"
 #include "system/SystemFiles.h"
 
@@ -148,16 +149,16 @@ bool IsSafeFromOthers(const std::filesystem::path& /*folder*/) {
     return true;
 }
 
-std::error_code EnterNewFolder(const std::filesystem::path& folder) {
+std::string EnterNewFolder(const std::filesystem::path& folder) {
     if (CreateDirectoryW(folder.c_str(), nullptr) == 0) {
-        return LastError();
+        return ReasonOf(LastError());
     }
+    std::string reason;
     if (SetCurrentDirectoryW(folder.c_str()) == 0) {
-        const std::error_code error = LastError();
+        reason = ReasonOf(LastError());
         RemoveDirectoryW(folder.c_str());
-        return error;
     }
-    return {};
+    return reason;
 }
 
 void RemoveFilesHere() {

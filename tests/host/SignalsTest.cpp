@@ -37,6 +37,19 @@ TEST(SignalsDeathTest, EndTheProcessAtOnceWhenTheyComeAgainLater) {
     EXPECT_EXIT(ends(), testing::KilledBySignal(SIGINT), "");
 }
 
+TEST(SignalsDeathTest, EndTheProcessHoweverOftenTheyCome) {
+    const auto ends = [] {
+        constexpr unsigned lessThanASecond = 300'000;
+        signal(SIGALRM, SIG_IGN);
+        host::KeepSignals();
+        for (int i = 0; i < 10; ++i) {
+            raise(SIGINT);
+            usleep(lessThanASecond);
+        }
+    };
+    EXPECT_EXIT(ends(), testing::KilledBySignal(SIGINT), "");
+}
+
 TEST(SignalsDeathTest, StayIgnored) {
     const auto ends = [] {
         signal(SIGHUP, SIG_IGN);

@@ -289,6 +289,15 @@ class Replace(ProgramTest):
         self.refused("cannot be written: Permission denied", "--force", **self.as_nobody())
 
     @NOT_ON_WINDOWS
+    def test_a_folder_that_cannot_be_listed_takes_a_file(self):
+        self.as_another_user()
+        (self.folder / "box").mkdir()
+        (self.folder / "box").chmod(0o333)
+        done = self.run_program("write", "cover.toml", "--out", "box", **self.as_nobody())
+        self.check(done, 0, f"new      {self.folder / 'box' / FILE}\n")
+        (self.folder / "box").chmod(0o755)
+
+    @NOT_ON_WINDOWS
     def test_a_folder_without_write_permission_takes_no_file(self):
         self.as_another_user()
         self.folder.chmod(0o555)
@@ -451,6 +460,20 @@ class Replace(ProgramTest):
         self.assertEqual(sorted(os.listdir(scratch)), sorted([living, dead + "1"]))
         self.assertEqual(note.read_text(), "note")
         self.assertTrue((self.folder / "Run02" / "Cover02.k5f").exists())
+
+    @NOT_ON_WINDOWS
+    def test_what_was_left_where_a_link_leads_to_is_removed(self):
+        with subprocess.Popen(["true"]) as gone:
+            pass
+        (self.folder / "far").mkdir()
+        for command, name in ((["report", "cover.toml", "-o"], "near.html"),
+                              (["init", "Run02", "--force", "-o"], "near.toml")):
+            left = self.folder / "far" / self.leftover_name(gone.pid)
+            left.touch()
+            (self.folder / "far" / name).touch()
+            (self.folder / name).symlink_to(f"far/{name}")
+            self.check(self.run_program(*command, name), 0, None)
+            self.assertFalse(left.exists())
 
     @ONLY_ROOT
     def test_what_another_user_left_stays(self):

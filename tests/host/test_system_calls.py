@@ -143,8 +143,8 @@ class SystemCalls(ProgramTest):
             path.mkdir()
             os.chown(path, 65534, 65534)
 
-        for put, reason in ((link, "Not a directory"), (own_folder, "Operation not permitted"),
-                            (folder_of_another, "Operation not permitted")):
+        for put, reason in ((link, "Not a directory"), (own_folder, "it is not this user's own and empty"),
+                            (folder_of_another, "it is not this user's own and empty")):
             if os.geteuid() != 0 and put is folder_of_another:
                 continue
             kept.mkdir()

@@ -38,6 +38,9 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
             Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
         }
         RefuseNameOfRun(place, {file});
+        if (place.file.parent_path() != path.parent_path()) {  // behind a link
+            RemoveLeftOvers(place.file.parent_path(), fs::file_type::regular);
+        }
         return place;
     };
     const std::string reason = ReplaceFile(look, text);

@@ -83,6 +83,7 @@ FilePlace Reporter::LookAtPage() const {
     if (!place.reason.empty()) {
         FailToWrite({name}, place.reason);
     }
+    RemoveLeftOvers(place.file.parent_path(), fs::file_type::regular);
     const std::string identity = FileIdentity(file_);
     if (recipesRead_.contains(identity) || controlFilesRead_.contains(identity)) {
         Fail({name}, "is an input of this command, so it is not replaced", ExitCode::fileTrouble);
@@ -141,7 +142,6 @@ void Reporter::AddEntries() {
 }
 
 void Reporter::PutInPlace() {
-    RemoveLeftOvers(file_.parent_path(), fs::file_type::regular);
     const std::string text = page_.Text(summary_.AsJson());
     if (HasLackedMemory()) {
         throw std::bad_alloc();  // the page may be cut off
