@@ -5,9 +5,15 @@
 #include <charconv>
 #include <limits>
 
+#include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Types.h>
 
 namespace host {
+
+bool IsControlFile(const std::string& text) {
+    const std::string first = kControlFileLines[0].text;
+    return text.starts_with(first + "\n") || text.starts_with(first + "\r\n");
+}
 
 std::string Printed(double number) {
     // Sign, all digits of the largest double, point and decimals.

@@ -17,6 +17,9 @@ namespace host {
 /// Lines that are left out have no key here.
 using ControlFile = std::map<std::string, std::string>;
 
+/// Whether a text starts as control files do.
+bool IsControlFile(const std::string& text);
+
 /// Reads the text of a file. Throws a Failure with all that the engine would not have written, in
 /// the order of the lines; what is missing stands at the line in its place. `name` is the file's,
 /// for the problems.

@@ -256,6 +256,10 @@ void WarnOfClosedRuns(const Recipe& recipe, Problems& problems) {
     if (fs::exists(ShotFileOf(recipe.project), error)) {
         AddNamesIn(root, start, runs);
     }
+    std::erase_if(runs, [&start](const std::string& name) {
+        return !std::all_of(name.begin() + static_cast<std::ptrdiff_t>(start.size()), name.end(),
+                            IsDigit);
+    });
     for (const std::string& name : runs) {
         const fs::path file =
             root / PathOf(name) /

@@ -81,10 +81,10 @@ Vocabulary KeysOfItems() {
 
 std::string Folded(std::string_view name) {
     std::string folded(name);
-    for (char& letter : folded) {
-        const bool joins = letter == ' ' || letter == '_';
-        const bool isUpper = letter >= 'A' && letter <= 'Z';
-        letter = joins ? '-' : static_cast<char>(isUpper ? letter - 'A' + 'a' : letter);
+    for (char& character : folded) {
+        const bool joins = character == ' ' || character == '_';
+        const bool isUpper = character >= 'A' && character <= 'Z';
+        character = joins ? '-' : static_cast<char>(isUpper ? character - 'A' + 'a' : character);
     }
     return folded;
 }
@@ -97,10 +97,10 @@ std::size_t Distance(const std::string& from, const std::string& to) {
     }
     std::vector<std::size_t> row(to.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
-    for (const char letter : from) {
+    for (const char character : from) {
         std::size_t diagonal = row[0]++;
         for (std::size_t column = 0; column < to.size(); ++column) {
-            const std::size_t replaced = diagonal + (letter == to[column] ? 0 : 1);
+            const std::size_t replaced = diagonal + (character == to[column] ? 0 : 1);
             diagonal = row[column + 1];
             row[column + 1] = std::min({replaced, diagonal + 1, row[column] + 1});
         }

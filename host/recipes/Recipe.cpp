@@ -7,6 +7,7 @@
 #include <zorbi2/ControlFileFormat.h>
 #include <zorbi2/ZorbI2Types.h>
 
+#include "control_files/ControlFile.h"
 #include "problems/VisibleText.h"
 #include "recipes/RecipeKeys.h"
 #include "recipes/RecipeValue.h"
@@ -225,6 +226,10 @@ void WarnOfMissingOutput(const RecipeReading& reading) {
 
 /// The document; nothing when it is not TOML.
 std::optional<toml::table> Parse(const RecipeReading& reading, const std::string& text) {
+    if (IsControlFile(text)) {
+        reading.Refuse({reading.recipe.file}, "is a control file, not a recipe");
+        return std::nullopt;
+    }
     if (const auto unfit = FindUnfitToml(text)) {
         reading.Refuse({reading.recipe.file, unfit->line, unfit->column}, unfit->reason);
         return std::nullopt;
@@ -236,8 +241,11 @@ std::optional<toml::table> Parse(const RecipeReading& reading, const std::string
     const std::string description(parsed.error().description());
     const bool isEscape = description.find("escape sequence") != std::string::npos ||
                           description.find("unicode scalar sequence") != std::string::npos;
+    const bool isBareWord = description.find("determine value type") != std::string::npos;
     reading.Refuse(reading.PlaceOf(parsed.error().source(), {}),
-                   description + (isEscape ? singleQuotesHint : ""));
+                   description + (isEscape     ? singleQuotesHint
+                                  : isBareWord ? "; texts must be in quotes"
+                                               : ""));
     return std::nullopt;
 }
 

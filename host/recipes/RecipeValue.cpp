@@ -14,7 +14,7 @@ namespace host {
 namespace {
 
 /// Whether the control file shows the number as it is.
-bool IsPrintedWhole(double number) {
+bool IsPrintedExactly(double number) {
     const std::string printed = Printed(number);
     double read = 0.0;
     std::from_chars(printed.data(), printed.data() + printed.size(), read);
@@ -48,7 +48,7 @@ void RecipeValue::RefuseFor(const std::string& wanted) const {
     reading_.Refuse(place_, Shown() + " is not " + wanted);
 }
 
-/// As the user wrote it, or its kind when it is a long one.
+/// As the user wrote it, or its kind when it is an array or a table.
 std::string RecipeValue::Shown() const {
     return node_.is_string() ? Quoted(Word()) : Word();
 }
@@ -101,7 +101,7 @@ double RecipeValue::Number() const {
     const auto highest = static_cast<double>(form_.highest);
     const std::optional<double> number =
         Take<double>(Range(), [highest](double value) { return value >= 0.0 && value <= highest; });
-    if (number && !IsPrintedWhole(*number)) {
+    if (number && !IsPrintedExactly(*number)) {
         reading_.Refuse(place_, Shown() + " would be written as " + Printed(*number) +
                                     "; the file keeps at most three decimals");
     }

@@ -9,20 +9,7 @@ namespace host {
 
 namespace fs = std::filesystem;
 
-fs::path PathOf(const std::string& utf8) {
-    return std::u8string(utf8.begin(), utf8.end());
-}
-
-fs::path PathOfAny(std::string utf8) {
-    std::ranges::replace(utf8, '\\', '/');
-    return PathOf(utf8).make_preferred();
-}
-
-bool MayBeElsewhere(const std::string& path) {
-    const bool hasDrive =
-        path.size() > 1 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0])) != 0;
-    return hasDrive || path.rfind("\\\\", 0) == 0;
-}
+namespace {
 
 /// With ".." after a link as the system takes it: from where the link leads to. Windows goes by
 /// the names.
@@ -43,6 +30,23 @@ fs::path WithoutLinksBeforeUp(const fs::path& path) {
         }
     }
     return walked;
+}
+
+}  // namespace
+
+fs::path PathOf(const std::string& utf8) {
+    return std::u8string(utf8.begin(), utf8.end());
+}
+
+fs::path PathOfAny(std::string utf8) {
+    std::ranges::replace(utf8, '\\', '/');
+    return PathOf(utf8).make_preferred();
+}
+
+bool MayBeElsewhere(const std::string& path) {
+    const bool hasDrive =
+        path.size() > 1 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0])) != 0;
+    return hasDrive || path.rfind("\\\\", 0) == 0;
 }
 
 std::string AbsolutePath(const std::string& path, const fs::path& relativeTo) {

@@ -24,7 +24,7 @@ const std::string& TemporaryStart() {
 }
 
 /// Whether the process that a temporary name tells of is gone. One with this process's own number
-/// is: numbers are given again, and nothing of this process is there while it looks.
+/// is: numbers of processes are used again, and nothing of this process is there while it looks.
 bool IsLeftOver(std::string_view name) {
     name.remove_prefix(TemporaryStart().size());
     unsigned long process = 0;
@@ -40,13 +40,11 @@ std::vector<std::string> NamesIn(const fs::path& folder, std::string_view start)
     return names;
 }
 
-/// Removes a file, or a folder with the files in it.
-void RemoveWithFiles(const fs::path& path) {
+void RemoveFilesIn(const fs::path& folder) {
     std::error_code ignored;
-    for (const std::string& name : NamesIn(path, "")) {
-        fs::remove(path / PathOf(name), ignored);
+    for (const std::string& name : NamesIn(folder, "")) {
+        fs::remove(folder / PathOf(name), ignored);
     }
-    fs::remove(path, ignored);
 }
 
 /// Why a folder takes no new file, if so.
@@ -54,7 +52,8 @@ std::string ReasonAgainstFolder(const fs::path& folder) {
     std::error_code error;
     const fs::file_status status = fs::status(folder, error);
     if (!fs::exists(status)) {
-        return fs::status_known(status) ? std::strerror(ENOENT) : ReasonOf(error);
+        return fs::status_known(status) ? "its folder does not exist, and is not created"
+                                        : ReasonOf(error);
     }
     if (!fs::is_directory(status)) {
         return std::strerror(ENOTDIR);
@@ -134,15 +133,15 @@ std::string StartOf(FilePlace& place) {
 
 std::string ReplaceFile(const Look& look, const std::string& bytes) {
     PutResult result;
-    for (int triesLeft = 10; triesLeft == 10 || (result.isAnotherThere && triesLeft > 0);
-         --triesLeft) {
+    int triesLeft = 10;
+    do {
         const std::optional<FilePlace> place = look();
         if (!place || !place->reason.empty()) {
             return place ? place->reason : std::string();
         }
         result = PutFile(place->file, TemporaryName(), bytes,
                          {place->isTaken && !place->read, place->read});
-    }
+    } while (result.isAnotherThere && --triesLeft > 0);
     if (result.isAnotherThere) {
         return "another file has appeared there in the meantime";
     }
@@ -169,7 +168,10 @@ void RemoveLeftOvers(const fs::path& folder, fs::file_type type) {
     for (const std::string& name : NamesIn(folder, TemporaryStart())) {
         const fs::path path = folder / PathOf(name);
         if (IsLeftOver(name) && IsOwn(path) && fs::symlink_status(path, ignored).type() == type) {
-            RemoveWithFiles(path);
+            if (type == fs::file_type::directory) {  // else a link in its place would be followed
+                RemoveFilesIn(path);
+            }
+            fs::remove(path, ignored);
         }
     }
 }

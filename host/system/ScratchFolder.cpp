@@ -42,7 +42,8 @@ ScratchFolder::ScratchFolder() {
     const fs::path parent = start_ / temporary;
     std::string reason = error ? ReasonOf(error) : std::string();
     if (!error) {
-        if (IsSafeFromOthers(parent)) {  // they might have put what is not left over there
+        if (IsSafeFromOthers(
+                parent)) {  // elsewhere they may have put a folder with such a name there
             RemoveLeftOvers(parent, fs::file_type::directory);
         }
         path_ = parent / TemporaryName();

@@ -45,7 +45,7 @@ std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view
                            std::vector<std::string>& names);
 
 /// A file by the numbers that the system gives it, and a state of it by its size and when it was
-/// last written, in nanoseconds; the same for all on Windows.
+/// last written, in nanoseconds; on Windows, the same for all files.
 struct FileId {
     std::uint64_t device = 0;
     std::uint64_t number = 0;

@@ -163,7 +163,8 @@ class Init(ProgramTest):
         for folder in ("empty", "other"):
             path = own_path(self.folder / folder)
             self.init(folder, 3, f"{path}: no result files found; they have names like "
-                      "Cover02.k5o (project and run number)\n")
+                      "Cover02.k5o (project and run number); for folders "
+                      "below this one, use --all\n")
         path = own_path(self.folder / "none")
         self.init("none", 3, f"zorbi2: {path}: No such file or directory\n")
         self.assertEqual(self.files(), ["other/notes.txt"])
@@ -172,7 +173,8 @@ class Init(ProgramTest):
         self.make_run()
         path = own_path(self.folder / "none" / "x.toml")
         self.init(code=3, options=["-o", "none/x.toml"],
-                  stderr=f"{path}: cannot be written: No such file or directory\n")
+                  stderr=f"{path}: cannot be written: its folder does not exist, and is not "
+                         "created\n")
 
     def test_a_folder_in_the_place_of_the_recipe(self):
         self.make_run()
@@ -302,7 +304,8 @@ class Init(ProgramTest):
         run = self.make_run(name="..\\..\\evil02", files=[".k5f"])
         self.check(self.run_program("init", "Run02"), 3, "",
                    f"{own_path(run)}: no result files found; they have names like "
-                   "Cover02.k5o (project and run number)\n")
+                   "Cover02.k5o (project and run number); for folders "
+                   "below this one, use --all\n")
         self.make_run(folder="root/a\\b")
         self.check(self.run_program("init", "--all", "root"), 3, "0 written, 1 failed\n",
                    'zorbi2: "root/a\\b" contains a backslash, which a recipe would take for a separator\n')

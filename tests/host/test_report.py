@@ -325,7 +325,8 @@ class Report(ProgramTest):
 
     def test_a_folder_that_is_not_there(self):
         done = self.run_program("report", "cover.toml", "-o", "none/page.html")
-        self.check(done, 3, "", "none/page.html: cannot be written: No such file or directory\n")
+        self.check(done, 3, "", "none/page.html: cannot be written: its folder does not exist, and is "
+                   "not created\n")
 
     def test_the_command_line_overrides_the_recipe(self):
         done = self.run_program("report", "cover.toml", "--solver", "MARC", "--mesh", "deformed",

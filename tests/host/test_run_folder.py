@@ -95,9 +95,12 @@ class RunFolder(ProgramTest):
             (self.make_run(folder=folder) / "Cover02.cmx").write_text("<SOLID_MCM>\n</SOLID_MCM>\n")
             path = self.make_run("Cover01", closed)
             path.chmod(0)
+            other = self.make_run("Cover01", closed.replace("01", "archive"))
+            other.chmod(0)
             done = self.run_program("write", "cover.toml", **self.as_nobody())
             self.check(done, 0, stderr=None)
             self.assertIn(f"{path / 'Cover01.k5o'}: Permission denied", done.stderr)
+            self.assertEqual(done.stderr.count("\n"), 1)
             path.chmod(0o755)
 
 

@@ -179,6 +179,28 @@ class SystemCalls(ProgramTest):
         os.close(reading)
         os.close(writing)
 
+    def test_a_left_file_is_removed_and_never_opened(self):
+        self.traced("write", "cover.toml")
+        names = re.findall(r"zorbi2-\w+-\d+-\w+", self.calls.read_text())
+        left = self.folder / names[-1]  # of a process that is gone
+        left.touch()
+        self.traced("write", "cover.toml", "--set", "flow-stress=on")
+        calls = [call for call, text in self.list_of_calls() if left.name in text]
+        self.assertNotIn("openat", calls)
+        self.assertFalse(left.exists())
+
+    def test_a_recipe_that_a_signal_may_have_spoiled_is_not_written(self):
+        self.traced("init", "Run02", "-o", "new.toml")
+        self.remove_made()
+        looks = [text for call, text in self.list_of_calls() if call == "newfstatat"]
+        last = 1 + max(i for i, text in enumerate(looks) if "Cover02.k5" in text)
+        done = self.injected(f"newfstatat:error=EINTR:signal=INT:when={last}", PROGRAM,
+                             "init", "Run02", "-o", "new.toml")
+        self.assertEqual(done.returncode, -signal.SIGINT)
+        self.assertEqual(done.stderr,
+                         f"{self.folder / 'new.toml'}: interrupted: it was not written\n")
+        self.assertFalse((self.folder / "new.toml").exists())
+
     def test_a_signal_ends_the_search_for_runs(self):
         for run in range(3, 23):
             self.make_run(f"Cover{run:02}", f"all/more{run}/Run{run:02}", [".k5f"])

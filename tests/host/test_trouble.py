@@ -39,6 +39,12 @@ class Trouble(ProgramTest):
         self.check(self.run_program("write", "Run02"), 3, "",
                    "Run02: cannot be read: Is a directory\n")
 
+    def test_a_control_file_in_the_place_of_a_recipe(self):
+        for end in ("\n", "\r\n"):
+            self.make_recipe(f"I2-Output Control Parameter File{end}FileVersion = 9064{end}", "a.cmi")
+            self.check(self.run_program("write", "a.cmi"), 2, "",
+                       "a.cmi: is a control file, not a recipe\n")
+
     def test_a_recipe_of_more_than_256_kib(self):
         largest = 1 << 18
         text = (PROJECT + TARGET + "#").encode()
@@ -77,7 +83,7 @@ class Trouble(ProgramTest):
     def test_a_folder_for_the_file_that_does_not_exist(self):
         self.refused(PROJECT + TARGET + '[control_file]\nfolder = "none"\n',
                      f"cover.toml: {self.file('none/Cover02.cmi')}: cannot be written: "
-                     "No such file or directory\n")
+                     "its folder does not exist, and is not created\n")
 
     @NOT_ON_WINDOWS
     def test_a_folder_for_the_file_that_is_a_file(self):

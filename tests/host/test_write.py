@@ -312,7 +312,8 @@ class Write(ProgramTest):
         path = own_path(self.folder / "missing" / FILE)
         for option in ("--dry-run", "--diff", "--check", "--quiet"):
             self.check(self.run_program("write", option, "cover.toml"), 3, "",
-                       f"cover.toml: {path}: cannot be written: No such file or directory\n")
+                       f"cover.toml: {path}: cannot be written: its folder does not exist, "
+                       "and is not created\n")
 
     @unittest.skipIf(ON_WINDOWS, "the variable is POSIX's")
     def test_a_temporary_folder_may_be_given_by_a_relative_path(self):

@@ -31,7 +31,8 @@ Run OnlyRun(const std::vector<Run>& runs, const fs::path& folder, const RunFilte
     const std::vector<Run> fitting = FittingRuns(runs, wanted);
     if (runs.empty()) {
         Fail(place,
-             "no result files found; they have names like Cover02.k5o (project and run number)",
+             "no result files found; they have names like Cover02.k5o (project and run number); "
+             "for folders below this one, use --all",
              ExitCode::fileTrouble);
     }
     if (fitting.empty()) {

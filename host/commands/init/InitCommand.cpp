@@ -38,6 +38,9 @@ void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) 
             Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
         }
         RefuseNameOfRun(place, {file});
+        if (IsInterrupted()) {  // the signal may have ended a call of the engine
+            Fail({file}, "interrupted: it was not written", ExitCode::fileTrouble);
+        }
         if (place.file.parent_path() != path.parent_path()) {  // behind a link
             RemoveLeftOvers(place.file.parent_path(), fs::file_type::regular);
         }
@@ -123,7 +126,7 @@ RunFunction AddInit(Arguments& arguments) {
                     "Project name, if the folder has several projects");
     arguments.Value("--run", "NUMBER", options->wanted.number,
                     "Run number, if the folder has several runs");
-    arguments.Flag("--all", options->all, "Write recipes for RUN_FOLDER and all runs below it");
+    arguments.Flag("--all", options->all, "Write a recipe for RUN_FOLDER and each below it");
     arguments.Flag("--force", options->force, "Replace an existing recipe");
     return [options](Terminal& terminal) { return RunInit(*options, terminal); };
 }

@@ -1,7 +1,6 @@
 #include "commands/write/ControlFilePlace.h"
 
-#include <zorbi2/ControlFileFormat.h>
-
+#include "control_files/ControlFile.h"
 #include "handover/RunFolder.h"
 #include "system/HostPlatform.h"
 
@@ -11,11 +10,6 @@ namespace fs = std::filesystem;
 
 Place PlaceOf(const fs::path& controlFile) {
     return {{}, 0, 0, Utf8Of(controlFile)};
-}
-
-bool IsControlFile(const std::string& text) {
-    const std::string first = kControlFileLines[0].text;
-    return text.starts_with(first + "\n") || text.starts_with(first + "\r\n");
 }
 
 ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, bool isRead,

@@ -27,9 +27,6 @@ enum class Replaces { controlFiles, anyFile, nothing };
 /// A control file as messages name it, after its recipe.
 Place PlaceOf(const std::filesystem::path& controlFile);
 
-/// Whether a text starts as control files do.
-bool IsControlFile(const std::string& text);
-
 /// Throws a Failure for a place where no file can be written, for a file that the call reads, for
 /// one that is named like a file of a run, and for one that the call does not replace.
 ControlFilePlace LookAtControlFile(const std::filesystem::path& file, const Recipe& recipe,

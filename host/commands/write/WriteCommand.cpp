@@ -165,7 +165,7 @@ ExitCode Writer::Run() {
 
 RunFunction AddWrite(Arguments& arguments) {
     const auto options = std::make_shared<WriteOptions>();
-    arguments.Words("RECIPE", options->recipes, "Recipes (TOML)");
+    arguments.Words("RECIPE", options->recipes, "Recipes (TOML); - is standard input");
     AddOverrides(arguments, options->overrides);
     arguments.Value("--out", "FOLDER", options->overrides.controlFolder,
                     "Folder for the files, overriding the recipe's");
