@@ -8,15 +8,16 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
 #include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
-#include <cwctype>
 #include <string_view>
 #include <utility>
 
+#include "problems/VisibleText.h"
 #include "system/HostPlatform.h"
 
 namespace {
@@ -29,15 +30,14 @@ extern "C" [[gnu::visibility("default")]] void OutputDebugStringW(const wchar_t*
     if (!showsTraceLines) {
         return;
     }
-    std::wstring shown;
-    for (const wchar_t character : std::wstring_view(line)) {  // of a path, any
-        std::array<wchar_t, 12> text = {character};
-        if (std::iswcntrl(static_cast<std::wint_t>(character)) != 0) {
-            std::swprintf(text.data(), text.size(), L"\\x%02x", static_cast<unsigned>(character));
-        }
-        shown += text.data();
+    std::string text;
+    std::mbstate_t state{};
+    for (const wchar_t character : std::wstring_view(line)) {
+        std::array<char, MB_LEN_MAX> bytes{};
+        const std::size_t size = std::wcrtomb(bytes.data(), character, &state);
+        text.append(size <= bytes.size() ? std::string_view(bytes.data(), size) : "?");
     }
-    std::fprintf(stderr, "%ls\n", shown.c_str());
+    std::fprintf(stderr, "%s\n", host::Visible(text).c_str());  // paths may have any characters
 }
 
 namespace host {

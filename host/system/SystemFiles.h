@@ -44,13 +44,14 @@ std::error_code CheckWritable(const std::filesystem::path& path);
 std::error_code AddNamesIn(const std::filesystem::path& folder, std::string_view start,
                            std::vector<std::string>& names);
 
-/// A file by the numbers that the system gives it, and a state of it by its size and when it was
-/// last written, in nanoseconds; on Windows, the same for all files.
+/// A file by the numbers that the system gives it, and a state of it by its size and the time when
+/// it was last written; on Windows, the same for all files.
 struct FileId {
     std::uint64_t device = 0;
     std::uint64_t number = 0;
     std::uint64_t size = 0;
-    std::int64_t written = 0;
+    std::int64_t seconds = 0;
+    std::int64_t nanoseconds = 0;
 
     bool operator==(const FileId&) const = default;
 };

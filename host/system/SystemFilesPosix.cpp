@@ -73,9 +73,8 @@ bool Synchronize(int file) {
 }
 
 FileId IdOf(const struct stat& status) {
-    constexpr std::int64_t second = 1'000'000'000;
     return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
-            status.st_mtim.tv_sec * second + status.st_mtim.tv_nsec};
+            status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 /// A file that is to be replaced.

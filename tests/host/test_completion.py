@@ -34,6 +34,7 @@ class Words(ProgramTest):
         self.assertEqual(self.complete("wr"), ["write"])
         self.assertEqual(self.complete("x"), [])
         self.assertEqual(self.complete("--quiet", "wr"), ["write"])
+        self.assertEqual(self.complete("=", "wr"), ["write"])
 
     def test_flags_are_those_of_the_help(self):
         general = set(self.options("--quiet"))

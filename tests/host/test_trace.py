@@ -45,7 +45,7 @@ class Trace(ProgramTest):
         copy_example(folder)
         done = self.run_program("write", "cover.toml", "--trace", cwd=folder)
         self.check(done, 0, None, None)
-        self.assertIn(str(self.folder / r"a\x0ab\x1bc\x9bd" / "Run02") + r"\Cover02.cmx",
+        self.assertIn(str(self.folder / r"a\nb\x1bc\xc2\x9bd" / "Run02") + r"\Cover02.cmx",
                       done.stderr.splitlines())
 
     def test_each_engine_of_a_batch_traces(self):
