@@ -115,11 +115,22 @@ std::string UnknownFlag(const CLI::App& app) {
     return isFlag ? "; unknown option " + unknown[0] + Suggestion(app) : std::string();
 }
 
+/// In the order in which they were given, other than the library tells them.
+std::string UnknownWords(const CLI::App& app) {
+    std::string words = "unexpected:";
+    for (const std::string& word : app.remaining(true)) {
+        words += " " + word;
+    }
+    return words;
+}
+
 ExitCode RefuseUsage(const CLI::App& app, const CLI::ParseError& error) {
     const auto commands = app.get_subcommands();
     const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
     const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
-    Tell({{}, error.what() + (isUnknown ? Suggestion(app) : UnknownFlag(app)), ExitCode::badUsage});
+    const std::string text =
+        isUnknown ? UnknownWords(app) + Suggestion(app) : error.what() + UnknownFlag(app);
+    Tell({{}, text, ExitCode::badUsage});
     std::cerr << "for usage, run zorbi2 " << command << "--help\n";
     return ExitCode::badUsage;
 }
@@ -138,6 +149,10 @@ std::optional<ExitCode> ParseCommandLine(std::vector<std::string> arguments, Com
             std::cout << word << '\n';
         }
         return ExitCode::done;
+    }
+    if (!arguments.empty() && arguments[0] == "help") {  // what many type first
+        arguments.erase(arguments.begin());
+        arguments.emplace_back("--help");
     }
     try {
         if (const auto empty = std::ranges::find(arguments, ""); empty != arguments.end()) {

@@ -8,13 +8,13 @@ from program import EXPECTED, ROOT, ProgramTest
 BAD = [
     # arguments, the first line on standard error, the command whose help is named
     ([], "a command is required: init, items, write, check, report or schema", ""),
-    (["wirte"], "The following argument was not expected: wirte; closest matches: "
+    (["wirte"], "unexpected: wirte; closest matches: "
      "write, init, items", ""),
-    (["--wrong"], "The following argument was not expected: --wrong; closest matches: "
+    (["--wrong"], "unexpected: --wrong; closest matches: "
      "--json, --trace, --help", ""),
     (["write"], "RECIPE is required", "write "),
     (["write", "a.toml", "--dryrun"],
-     "The following argument was not expected: --dryrun; "
+     "unexpected: --dryrun; "
      "closest matches: --dry-run, --json, --trace", "write "),
     (["write", "--dryrun"],
      "RECIPE is required; unknown option --dryrun; closest matches: --dry-run, --json, --trace",
@@ -22,25 +22,25 @@ BAD = [
     (["write", "a.toml", "--out", ""], "argument 4 is empty, perhaps from an unset variable", ""),
     ([""], "argument 1 is empty, perhaps from an unset variable", ""),
     (["itmes", "a.toml"],
-     "The following arguments were not expected: a.toml itmes; "
+     "unexpected: itmes a.toml; "
      "closest matches: items, init, write", ""),
     (["write", "a.toml", "--solver"], "--solver: 1 required S missing", "write "),
     (["write", "a.toml", "--mesh"], "--mesh: 1 required M missing", "write "),
     (["write", "a.toml", "--set"], "--set: 1 required ITEM=CHOICE missing", "write "),
     (["write", "a.toml", "--out"], "--out: 1 required FOLDER missing", "write "),
-    (["write", "a.toml", "--matrix"], "The following argument was not expected: --matrix; "
+    (["write", "a.toml", "--matrix"], "unexpected: --matrix; "
      "closest matches: --strict, --trace, --mesh", "write "),
     (["items"], "RECIPE is required", "items "),
     (["items", "a.toml", "b.toml"], "RECIPE: At Most 1 required but received 2", "items "),
     (["items", "a.toml", "--matrix", "--solvers"], "--matrix excludes --solvers", "items "),
-    (["items", "a.toml", "--dry-run"], "The following argument was not expected: --dry-run; "
+    (["items", "a.toml", "--dry-run"], "unexpected: --dry-run; "
      "closest matches: --json, --trace, --version", "items "),
     (["init"], "RUN_FOLDER is required", "init "),
-    (["init", "a", "b"], "The following argument was not expected: b", "init "),
-    (["init", "a", "\033[2J"], "The following argument was not expected: \\x1b[2J", "init "),
+    (["init", "a", "b"], "unexpected: b", "init "),
+    (["init", "a", "\033[2J"], "unexpected: \\x1b[2J", "init "),
     (["init", "a", "-o"], "--output: 1 required FILE missing", "init "),
     (["check"], "FILE is required", "check "),
-    (["check", "a.cmi", "--out", "x"], "The following argument was not expected: --out; "
+    (["check", "a.cmi", "--out", "x"], "unexpected: --out; "
      "closest matches: --quiet, --help, --json", "check "),
 ]
 
@@ -52,6 +52,11 @@ class CommandLine(ProgramTest):
                 done = self.run_program(*arguments)
                 self.check(done, 2, "", f"zorbi2: {message}\n"
                            f"for usage, run zorbi2 {command}--help\n")
+
+    def test_help_is_a_word_too(self):
+        for words in ([], ["write"]):
+            self.check(self.run_program("help", *words), 0,
+                       self.run_program(*words, "--help").stdout)
 
     def test_help_goes_to_standard_output_and_has_an_example(self):
         self.assertIn("write", self.commands())

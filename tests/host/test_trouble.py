@@ -210,8 +210,8 @@ class Trouble(ProgramTest):
             self.assertEqual(self.on_terminal("write", name, columns=40, stream="stderr", code=3,
                                               environment=environment), expected)
         self.assertEqual(self.on_terminal("wirte", columns=40, stream="stderr", code=2), (
-            "\x1b[31mzorbi2: The following argument was not\n    expected: wirte; "
-            "closest matches:\n    write, init, items\x1b[0m\nfor usage, run zorbi2 --help\n"))
+            "\x1b[31mzorbi2: unexpected: wirte; closest\n    matches: write, init, items\x1b[0m\n"
+            "for usage, run zorbi2 --help\n"))
 
 
 if __name__ == "__main__":

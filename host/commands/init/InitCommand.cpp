@@ -26,39 +26,44 @@ struct InitOptions {
     bool force = false;
 };
 
-void SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) {
+/// Returns false when a signal has come, which may have ended a call of the engine.
+bool SaveRecipe(const fs::path& path, const std::string& text, bool mayReplace) {
     const std::string file = Utf8Of(path);
     std::error_code unknown;
     if (fs::is_directory(path, unknown)) {
         Fail({file}, "is a folder, not a recipe", ExitCode::fileTrouble);
     }
-    const Look look = [&] {
+    bool isInTime = true;
+    const Look look = [&]() -> std::optional<FilePlace> {
         FilePlace place = LookAtPlace(path);
         if (place.isTaken && !mayReplace) {
             Fail({file}, "already exists; use --force to replace it", ExitCode::fileTrouble);
         }
         RefuseNameOfRun(place, {file});
-        if (IsInterrupted()) {  // the signal may have ended a call of the engine
-            Fail({file}, "interrupted: it was not written", ExitCode::fileTrouble);
-        }
+        isInTime = !IsInterrupted();
         if (place.file.parent_path() != path.parent_path()) {  // behind a link
             RemoveLeftOvers(place.file.parent_path(), fs::file_type::regular);
         }
-        return place;
+        return isInTime ? std::optional(place) : std::nullopt;
     };
     const std::string reason = ReplaceFile(look, text);
     if (!reason.empty()) {
         FailToWrite({file}, reason);
     }
+    return isInTime;
 }
 
-Json WriteRecipe(const FoundRun& found, const InitOptions& options, Terminal& terminal) {
+/// The document's entry; none when a signal has come.
+std::optional<Json> WriteRecipe(const FoundRun& found, const InitOptions& options,
+                                Terminal& terminal) {
     const Run& run = found.run;
     const std::string file = Utf8Of(found.recipeFile);
-    SaveRecipe(found.recipeFile, TextOfNewRecipe(found), options.force);
+    if (!SaveRecipe(found.recipeFile, TextOfNewRecipe(found), options.force)) {
+        return std::nullopt;
+    }
     terminal.news << "wrote    " << Visible(file) << " for " << Visible(run.name) << ", run "
                   << run.Number() << std::endl;
-    return {{"recipe", file}, {"project", run.name}, {"run", run.Number()}};
+    return Json{{"recipe", file}, {"project", run.name}, {"run", run.Number()}};
 }
 
 ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOptions& options,
@@ -85,7 +90,9 @@ ExitCode WriteAll(const fs::path& root, const fs::path& output, const InitOption
                          Utf8Of(one.folder),
                      ExitCode::fileTrouble);
             }
-            list.push_back(WriteRecipe(one, options, terminal));
+            if (const auto entry = WriteRecipe(one, options, terminal)) {
+                list.push_back(*entry);
+            }
         });
     }
     const std::string counts =
@@ -111,7 +118,11 @@ ExitCode RunInit(const InitOptions& options, Terminal& terminal) {
     const Run run = OnlyRun(RunsAmong(EntriesOf(folder, {})), folder, options.wanted);
     const fs::path file = OutputPath(options.output.value_or(RecipeNameOf(run)), start);
     RemoveLeftOvers(file.parent_path(), fs::file_type::regular);
-    return Report({}, terminal.options, WriteRecipe({run, folder, file}, options, terminal));
+    const std::optional<Json> entry = WriteRecipe({run, folder, file}, options, terminal);
+    if (!entry) {
+        Fail({}, "interrupted: no recipe was written", ExitCode::fileTrouble);
+    }
+    return Report({}, terminal.options, *entry);
 }
 
 }  // namespace
