@@ -42,8 +42,8 @@ ScratchFolder::ScratchFolder() {
     const fs::path parent = start_ / temporary;
     std::string reason = error ? ReasonOf(error) : std::string();
     if (!error) {
-        if (IsSafeFromOthers(
-                parent)) {  // elsewhere they may have put a folder with such a name there
+        // Elsewhere others may have put a folder with such a name there.
+        if (IsSafeFromOthers(parent)) {
             RemoveLeftOvers(parent, fs::file_type::directory);
         }
         path_ = parent / TemporaryName();

@@ -18,7 +18,7 @@ constexpr int endingSignals[] = {SIGHUP,  SIGINT,    SIGQUIT, SIGTERM, SIGXCPU,
 volatile sig_atomic_t signalThatCame = 0;
 volatile sig_atomic_t whenItCame = 0;  // in milliseconds
 
-/// Since some time before the start, with what is left of the digits.
+/// Of a clock that is never set, cut to what fits.
 std::uint32_t Milliseconds() {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);

@@ -33,8 +33,8 @@ ControlFilePlace LookAtControlFile(const fs::path& file, const Recipe& recipe, b
         return there;
     }
     RefuseNameOfRun(there, recipe, place);
-    if (!there.text.empty() &&
-        replaces != Replaces::anyFile) {  // with an empty file nothing is lost
+    // With an empty file nothing is lost.
+    if (!there.text.empty() && replaces != Replaces::anyFile) {
         Fail(place, "is not a control parameter file; use --force to replace it",
              ExitCode::fileTrouble);
     }
