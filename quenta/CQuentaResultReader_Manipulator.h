@@ -37,6 +37,5 @@ public:
     void EndReading();
 
 private:
-    // Owned by the implementation, so that its state does not change the size of the class.
-    [[maybe_unused]] void* state_;
+    [[maybe_unused]] long long version_ = 0;  // of the file that was opened
 };

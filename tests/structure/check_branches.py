@@ -15,7 +15,6 @@ ABORTS = "an assertion that fails ends the process before it counts; death tests
 CLEAN_UP = "clean-up of temporaries, split by whether they were made"
 GUARD = "another thread may be making the object"
 NO_OTHER = "a value that the enumeration does not have"
-NOT_NULL = "what is deleted is never null"
 SANITIZER = "the sanitizer asks whether a flag is 0 or 1, or a pointer not null"
 UNWINDING = "an exception, in copies of an inline function that are linked but not used"
 
@@ -48,7 +47,6 @@ NEVER_TAKEN = [
     ("platform/PlatformPosix.cpp", "const char* Text() const { return fits_ ? text_.data() : nullptr; }", 1, SANITIZER),
     ("platform/PlatformPosix.cpp", "return native.Text() != nullptr && stat(native.Text(), &status) == 0;", 1, SANITIZER),
     ("platform/Text.cpp", "*to++ = static_cast<char>('0' + thousandths / unit % 10);", 1, SANITIZER),
-    ("quenta/CQuentaResultReader_Manipulator.cpp", "delete &StateOf(state_);", 1, NOT_NULL),
     ("results/ResultChecks.cpp", "bool Any() const { return rsp || rsg || rsr; }", 3, SANITIZER),
     ("results/ResultChecks.cpp", '"RSP = " + std::to_string(int{shell.rsp}) + "RSG = " + std::to_string(int{shell.rsg}) +', 2, SANITIZER),
     ("results/ResultChecks.cpp", '"RSR = " + std::to_string(int{shell.rsr}) + "File = " + std::to_string(int{shell.Any()}));', 1, SANITIZER),

@@ -14,12 +14,9 @@ ResultReaderDouble& ResultReader() {
 
 namespace {
 
-support::ResultReaderDouble& DoubleOf(void* state) {
-    return *static_cast<support::ResultReaderDouble*>(state);
-}
-
-void Note(support::ResultReaderDouble& reader, const std::string& event) {
+void Note(const std::string& event) {
     const support::UnwatchedAllocations unwatched;
+    support::ResultReaderDouble& reader = support::ResultReader();
     reader.events.push_back(event);
     if (reader.sharedEvents != nullptr) {
         reader.sharedEvents->push_back("reader " + event);
@@ -28,23 +25,22 @@ void Note(support::ResultReaderDouble& reader, const std::string& event) {
 
 }  // namespace
 
-CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator()
-    : state_(&support::ResultReader()) {}
+CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() = default;
 
 CQuentaResultReader_Manipulator::~CQuentaResultReader_Manipulator() = default;
 
 int CQuentaResultReader_Manipulator::BeginReading(const char* path, void* options) {
     const support::UnwatchedAllocations unwatched;
     const std::string call = options == nullptr ? "begin " : "begin with options ";
-    Note(DoubleOf(state_), call + path);
-    return DoubleOf(state_).beginResult;
+    Note(call + path);
+    return support::ResultReader().beginResult;
 }
 
 long long CQuentaResultReader_Manipulator::GetResultVersion() {
-    Note(DoubleOf(state_), "version");
-    return DoubleOf(state_).version;
+    Note("version");
+    return support::ResultReader().version;
 }
 
 void CQuentaResultReader_Manipulator::EndReading() {
-    Note(DoubleOf(state_), "end");
+    Note("end");
 }

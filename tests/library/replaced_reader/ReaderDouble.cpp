@@ -2,7 +2,7 @@
 // to answer.
 #include "quenta/CQuentaResultReader_Manipulator.h"
 
-CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() : state_(nullptr) {}
+CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() = default;
 
 CQuentaResultReader_Manipulator::~CQuentaResultReader_Manipulator() = default;
 
