@@ -37,8 +37,8 @@ set(CPACK_DEBIAN_READER-STANDIN_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmak
 
 set(library libzorbi2engine${PROJECT_VERSION_MAJOR})
 set(same_library "${library} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
-# The suite's own package, if it has one, may provide this name. The library does not depend on it:
-# the suite's reader may be a file that no package brought.
+# The suite's own package, if it has one, may provide this name. Nothing depends on it: the suite's
+# reader may be a file that no package brought.
 set(reader quenta-result-engine)
 
 function(zorbi2_debian_package component name section)
@@ -70,11 +70,11 @@ of ZorbI2Engine. What is linked with the static library needs the result
 reader at hand.")
 zorbi2_debian_package(
     tool zorbi2 science
-    DEPENDS ${same_library}
-    RECOMMENDS zorbi2-doc
+    RECOMMENDS "${reader}, zorbi2-doc"
     TEXT "zorbi2 writes the control parameter files of ZorbI2Engine from recipes,
 without the desktop application: on the command line, in scripts and in
-jobs.")
+jobs. The engine comes with it; it does not start without the suite's result
+reader or the stand-in for it.")
 zorbi2_debian_package(
     documents zorbi2-doc doc
     ARCHITECTURE all
