@@ -13,9 +13,22 @@ namespace host {
 namespace {
 
 using Info = CZorbFEAInformation;
+using Value = RecipeValue;
+
+// Where a value goes, and how it is read.
+
+template <auto member, auto read>
+void To(Recipe& recipe, const Value& value) {
+    recipe.*member = (value.*read)();
+}
+
+template <auto member, auto read>
+void ToProject(Recipe& recipe, const Value& value) {
+    recipe.project.*member = (value.*read)();
+}
 
 template <Info::FlagPosition position>
-void ReadFact(Recipe& recipe, const RecipeValue& value) {
+void ToFact(Recipe& recipe, const Value& value) {
     recipe.project.flags[position] = value.Flag();
 }
 
@@ -36,31 +49,31 @@ constexpr KeyForm solverName =     {"name", {}, 0, 1, [](const Names& names) { r
 constexpr bool needed = true;
 constexpr bool hasDefault = false;
 constexpr RecipeKey keys[] = {
-    {"project.name", needed, anyText, "the base name of the run's files", [](Recipe& r, const RecipeValue& v) { r.project.projectName = v.FileName(); }},
-    {"project.run", needed, runNumber, "the number of the run", [](Recipe& r, const RecipeValue& v) { r.project.runNumber = v.Integer(); }},
-    {"project.folder", needed, anyText, "the folder of the run's files", [](Recipe& r, const RecipeValue& v) { r.project.projectFolder = v.Path(); }},
-    {"project.empty_run", hasDefault, flag, "the run may have no result files", [](Recipe& r, const RecipeValue& v) { r.emptyRun = v.Flag(); }},
-    {"project.analysis", hasDefault, analysis, "kind of molding analysis", [](Recipe& r, const RecipeValue& v) { r.project.solverType = v.OneOf(); }},
-    {"project.type", hasDefault, projectType, "project type: 3 is annealing; 4 and 6 to 11 are injection compression (9 is Mucell)", [](Recipe& r, const RecipeValue& v) { r.project.projectType = v.Integer(); }},
-    {"project.voxel_mesh", hasDefault, flag, "the results are voxel-mesh results", [](Recipe& r, const RecipeValue& v) { r.project.voxelFlag = v.Flag(); }},
-    {"project.fiber_results", hasDefault, flag, "the project has fiber results", ReadFact<Info::kHasFiber>},
-    {"project.runners", hasDefault, flag, "the project has runners", ReadFact<Info::kHasRunners>},
-    {"project.moldbase", hasDefault, flag, "the project has a moldbase", ReadFact<Info::kHasMoldbase>},
-    {"project.inserted_part", hasDefault, flag, "the project has an inserted part", ReadFact<Info::kHasInsertedPart>},
-    {"project.meeting_angles", hasDefault, flag, "the project has weld-line meeting angles", ReadFact<Info::kHasMeetingAngle>},
-    {"project.view_edit", hasDefault, flag, "a model edited in the viewer is mapped", ReadFact<Info::kViewEditAtStart>},
-    {"target.solver", needed, solverName, "the structural solver", [](Recipe& r, const RecipeValue& v) { r.solver = v.OneOf(); }},
-    {"target.mesh", needed, meshKind, "the mesh kind", [](Recipe& r, const RecipeValue& v) { r.meshKind = v.OneOf(); }},
-    {"target.quadratic_elements", hasDefault, flag, "use the second of the solver's element types", [](Recipe& r, const RecipeValue& v) { r.quadraticElements = v.Flag(); }},
-    {"target.annealing", hasDefault, flag, "use the annealing-deformed mesh as the deformed mesh", [](Recipe& r, const RecipeValue& v) { r.annealing = v.Flag(); }},
-    {"target.mapped_mesh", hasDefault, anyText, "path of the mapped mesh, which the two mapped mesh kinds need", [](Recipe& r, const RecipeValue& v) { r.mappedMesh = v.Path(); }},
-    {"control_file.folder", hasDefault, anyText, "folder of the control file; by default the recipe's", [](Recipe& r, const RecipeValue& v) { r.controlFolder = v.Path(); }},
-    {"control_file.name", hasDefault, anyText, "name of the control file, without the run number; by default project.name", [](Recipe& r, const RecipeValue& v) { r.controlName = v.FileName(); }},
-    {"control_file.extension", hasDefault, anyText, "extension of the control file, without the dot; by default cmi", [](Recipe& r, const RecipeValue& v) { r.controlExtension = v.Extension(); }},
-    {"output.folder", hasDefault, anyText, "where the translator puts its files; by default next to the control file", [](Recipe& r, const RecipeValue& v) { r.outFolder = v.Path(); }},
-    {"weld_lines.angles", hasDefault, threeAngles, "three ascending angles in degrees", [](Recipe& r, const RecipeValue& v) { r.weldlineAngles = v.AscendingAngles(); }},
-    {"weld_lines.reduction_rates", hasDefault, threeFractions, "remaining strength, as three fractions", [](Recipe& r, const RecipeValue& v) { r.reductionRates = v.Numbers(); }},
-    {"weld_lines.digimat_angle", hasDefault, angle, "the Digimat angle, in degrees", [](Recipe& r, const RecipeValue& v) { r.digimatAngle = v.Number(); }},
+    {"project.name",               needed,     anyText,        ToProject<&Info::projectName, &Value::FileName>,      "the base name of the run's files"},
+    {"project.run",                needed,     runNumber,      ToProject<&Info::runNumber, &Value::Integer>,         "the number of the run"},
+    {"project.folder",             needed,     anyText,        ToProject<&Info::projectFolder, &Value::Path>,        "the folder of the run's files"},
+    {"project.empty_run",          hasDefault, flag,           To<&Recipe::emptyRun, &Value::Flag>,                  "the run may have no result files"},
+    {"project.analysis",           hasDefault, analysis,       ToProject<&Info::solverType, &Value::OneOf>,          "kind of molding analysis"},
+    {"project.type",               hasDefault, projectType,    ToProject<&Info::projectType, &Value::Integer>,       "project type: 3 is annealing; 4 and 6 to 11 are injection compression (9 is Mucell)"},
+    {"project.voxel_mesh",         hasDefault, flag,           ToProject<&Info::voxelFlag, &Value::Flag>,            "the results are voxel-mesh results"},
+    {"project.fiber_results",      hasDefault, flag,           ToFact<Info::kHasFiber>,                              "the project has fiber results"},
+    {"project.runners",            hasDefault, flag,           ToFact<Info::kHasRunners>,                            "the project has runners"},
+    {"project.moldbase",           hasDefault, flag,           ToFact<Info::kHasMoldbase>,                           "the project has a moldbase"},
+    {"project.inserted_part",      hasDefault, flag,           ToFact<Info::kHasInsertedPart>,                       "the project has an inserted part"},
+    {"project.meeting_angles",     hasDefault, flag,           ToFact<Info::kHasMeetingAngle>,                       "the project has weld-line meeting angles"},
+    {"project.view_edit",          hasDefault, flag,           ToFact<Info::kViewEditAtStart>,                       "a model edited in the viewer is mapped"},
+    {"target.solver",              needed,     solverName,     To<&Recipe::solver, &Value::OneOf>,                   "the structural solver"},
+    {"target.mesh",                needed,     meshKind,       To<&Recipe::meshKind, &Value::OneOf>,                 "the mesh kind"},
+    {"target.quadratic_elements",  hasDefault, flag,           To<&Recipe::quadraticElements, &Value::Flag>,         "use the second of the solver's element types"},
+    {"target.annealing",           hasDefault, flag,           To<&Recipe::annealing, &Value::Flag>,                 "use the annealing-deformed mesh as the deformed mesh"},
+    {"target.mapped_mesh",         hasDefault, anyText,        To<&Recipe::mappedMesh, &Value::Path>,                "path of the mapped mesh, which the two mapped mesh kinds need"},
+    {"control_file.folder",        hasDefault, anyText,        To<&Recipe::controlFolder, &Value::Path>,             "folder of the control file; by default the recipe's"},
+    {"control_file.name",          hasDefault, anyText,        To<&Recipe::controlName, &Value::FileName>,           "name of the control file, without the run number; by default project.name"},
+    {"control_file.extension",     hasDefault, anyText,        To<&Recipe::controlExtension, &Value::Extension>,     "extension of the control file, without the dot; by default cmi"},
+    {"output.folder",              hasDefault, anyText,        To<&Recipe::outFolder, &Value::Path>,                 "where the translator puts its files; by default next to the control file"},
+    {"weld_lines.angles",          hasDefault, threeAngles,    To<&Recipe::weldlineAngles, &Value::AscendingAngles>, "three ascending angles in degrees"},
+    {"weld_lines.reduction_rates", hasDefault, threeFractions, To<&Recipe::reductionRates, &Value::Numbers>,         "remaining strength, as three fractions"},
+    {"weld_lines.digimat_angle",   hasDefault, angle,          To<&Recipe::digimatAngle, &Value::Number>,            "the Digimat angle, in degrees"},
 };
 // clang-format on
 

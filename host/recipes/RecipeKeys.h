@@ -25,8 +25,8 @@ struct RecipeKey {
     std::string_view name;  ///< with its section: "target.solver"
     bool isNeeded;          ///< otherwise it has a default
     KeyForm form;
-    std::string_view description;
     void (*read)(Recipe& recipe, const RecipeValue& value);
+    std::string_view description;
 };
 
 std::span<const RecipeKey> RecipeKeys();
