@@ -4,6 +4,7 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import tempfile
 import unittest
@@ -13,6 +14,10 @@ if os.name == "posix":
     import pty
     import struct
     import termios
+
+    # A shell has what it starts in the background ignore Ctrl-C, and the program would with it.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
+    signal.signal(signal.SIGQUIT, signal.SIG_DFL)
 
 PROGRAM = os.environ["ZORBI2_PROGRAM"]
 EMULATOR = [part for part in os.environ.get("ZORBI2_EMULATOR", "").split("|") if part]
