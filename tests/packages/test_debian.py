@@ -56,6 +56,12 @@ class DebianPackages(unittest.TestCase):
         self.assertEqual((desk / "Cover02.cmi").read_bytes(),
                          (desk / "expected" / "Cover02.cmi").read_bytes())
 
+    def test_the_program_needs_no_package_but_the_reader(self):
+        others = ("libzorbi2engine-dev", "libzorbi2engine1", "zorbi2-doc")
+        run("dpkg", "--purge", *others)
+        self.addCleanup(install, *reversed(others))
+        run("zorbi2", "--version")
+
     def test_new_recipes_name_the_schema_that_is_installed(self):
         desk = fresh_folder("debian init") / "cover"
         shutil.copytree(ROOT / "examples" / "cover", desk)
