@@ -28,6 +28,9 @@ ExitCode RunCommand(int argc, char** argv) {
         return call.run(terminal);
     } catch (const std::exception& error) {
         return Report(ProblemsOf(error), call.options);
+    } catch (...) {  // none of ours: they are all standard exceptions
+        return Report({{{}, "unknown error in the result reader", ExitCode::fileTrouble}},
+                      call.options);
     }
 }
 

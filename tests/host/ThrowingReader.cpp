@@ -1,10 +1,15 @@
-// A result reader to put in the place of the bundled one: memory runs out in it. It loads the C++
-// library, which the program may not.
+// A result reader to put in the place of the bundled one: memory runs out in it or, with
+// ZORBI2_THROW_NUMBER, it throws what is no exception. It loads the C++ library, which the program
+// may not.
+#include <cstdlib>
 #include <new>
 
 #include "quenta/CQuentaResultReader_Manipulator.h"
 
 CQuentaResultReader_Manipulator::CQuentaResultReader_Manipulator() {
+    if (std::getenv("ZORBI2_THROW_NUMBER") != nullptr) {
+        throw 1;
+    }
     throw std::bad_alloc();
 }
 

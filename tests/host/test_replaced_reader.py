@@ -13,10 +13,16 @@ class ReplacedReader(ProgramTest):
     def test_what_it_throws_arrives(self):
         self.make_run()
         self.make_recipe()
-        before = self.files()
-        done = self.run_program("write", "cover.toml", environment={"LD_LIBRARY_PATH": FOLDER})
-        self.check(done, 3, stdout="", stderr="zorbi2: out of memory\n")
-        self.assertEqual(self.files(), before)
+        (self.folder / "scratch").mkdir()
+        before = sorted(self.folder.rglob("*"))
+        for thrown, reason in (
+                ({}, "out of memory"),
+                ({"ZORBI2_THROW_NUMBER": "1"}, "unknown error in the result reader")):
+            with self.subTest(reason):
+                done = self.run_program("write", "cover.toml", environment={
+                    "LD_LIBRARY_PATH": FOLDER, "TMPDIR": str(self.folder / "scratch"), **thrown})
+                self.check(done, 3, stdout="", stderr=f"zorbi2: {reason}\n")
+                self.assertEqual(sorted(self.folder.rglob("*")), before)
 
 
 if __name__ == "__main__":
