@@ -19,12 +19,12 @@ else()
     set(ZORBI2_SYSTEM Posix)
 endif()
 
-# The engine is found beside the program or in the library folder beside the program's, and the
-# result reader beside the engine; LD_LIBRARY_PATH comes first.
+# A program finds its libraries in the library folder beside its own folder or there, and the engine
+# the result reader beside itself; LD_LIBRARY_PATH comes first.
 if(NOT WIN32)
     set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
-    # The library folder first, where the engine mostly is: each other place costs failed opens.
-    set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib;$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+    # Where they mostly are comes first: each other place costs failed opens.
+    set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN/../lib;$ORIGIN")
     list(REMOVE_DUPLICATES CMAKE_INSTALL_RPATH)
 endif()
 

@@ -15,9 +15,10 @@ if os.name == "posix":
     import struct
     import termios
 
-    # A shell has what it starts in the background ignore Ctrl-C, and the program would with it.
+    # What is started in the background or by nohup ignores these, and the program would with it.
     signal.signal(signal.SIGINT, signal.default_int_handler)
     signal.signal(signal.SIGQUIT, signal.SIG_DFL)
+    signal.signal(signal.SIGHUP, signal.SIG_DFL)
 
 PROGRAM = os.environ["ZORBI2_PROGRAM"]
 EMULATOR = [part for part in os.environ.get("ZORBI2_EMULATOR", "").split("|") if part]
